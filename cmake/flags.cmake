@@ -1,0 +1,48 @@
+# Flags of all our own code: warnings are errors, and floating point gives the
+# same bytes on every target (no contraction, no fast-math, no x87 registers).
+add_library(korvane-flags INTERFACE)
+target_compile_options(korvane-flags INTERFACE
+  -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror -ffp-contract=off)
+if(CMAKE_SIZEOF_VOID_P EQUAL 4 AND CMAKE_SYSTEM_PROCESSOR MATCHES "86")
+  target_compile_options(korvane-flags INTERFACE -msse2 -mfpmath=sse)
+endif()
+
+set(CMAKE_CXX_FLAGS_RELEASE "-O3 -DNDEBUG")
+set(CMAKE_CXX_FLAGS_DEBUG "-O1 -g")
+
+# korvane_library(NAME FOLDER...): a static library of all sources in the folders
+# below src/, tests left out. A file whose name ends in _win32 or _posix belongs
+# to that platform alone.
+function(korvane_library name)
+  set(sources)
+  foreach(folder ${ARGN})
+    file(GLOB_RECURSE found CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/src/${folder}/*.cpp ${CMAKE_SOURCE_DIR}/src/${folder}/*.h)
+    list(APPEND sources ${found})
+  endforeach()
+  list(FILTER sources EXCLUDE REGEX "_test\\.cpp$|/main\\.cpp$")
+  if(WIN32)
+    list(FILTER sources EXCLUDE REGEX "_posix\\.cpp$")
+  else()
+    list(FILTER sources EXCLUDE REGEX "_win32\\.cpp$")
+  endif()
+  add_library(${name} STATIC ${sources})
+  target_include_directories(${name} PUBLIC ${CMAKE_SOURCE_DIR}/src)
+  target_link_libraries(${name} PRIVATE korvane-flags)
+endfunction()
+
+# korvane_tests(NAME FOLDER...): a test program of all *_test.cpp in the folders.
+function(korvane_tests name)
+  if(NOT KORVANE_TESTS)
+    return()
+  endif()
+  set(sources)
+  foreach(folder ${ARGN})
+    file(GLOB_RECURSE found CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/src/${folder}/*_test.cpp)
+    list(APPEND sources ${found})
+  endforeach()
+  if(NOT sources)
+    return()
+  endif()
+  add_executable(${name} ${sources})
+  target_link_libraries(${name} PRIVATE korvane-flags GTest::gtest GTest::gtest_main GTest::gmock)
+endfunction()
