@@ -1,0 +1,81 @@
+#include "output/Preview.h"
+
+#include "output/MatrixCode.h"
+#include "platform/Numbers.h"
+
+namespace korvane {
+namespace {
+
+// Draws a square on a picture box or straight on its raster.
+template <class Surface>
+void drawCell(Surface& surface, const Frame& frame, const PreviewGeometry& at, int col, int row) {
+  const int x = col * at.cell + at.left;
+  const int y = row * at.cell + at.top;
+  surface.fillRect(x, y, x + at.cell - 2, y + at.cell - 2, rgb(frame.at(col, row)));
+}
+
+void drawGrid(const Variablen& v, PictureBox& box, const Frame& frame, const PreviewGeometry& at) {
+  for (int col = 0; col < v.matrixCols; ++col) {
+    for (int row = 0; row < v.matrixRows; ++row) drawCell(box.canvas(), frame, at, col, row);
+  }
+  box.touched();
+}
+
+PreviewGeometry geometry(const Variablen& v, int width, int height) {
+  const int pitch =
+      v.matrixCols <= v.matrixRows ? divTrunc(height, v.matrixRows) : divTrunc(width, v.matrixCols);
+  return {toInt16(pitch), toInt16(pitch - 1), toInt16(divTrunc(width - v.matrixCols * pitch, 2)),
+          toInt16(divTrunc(height - v.matrixRows * pitch, 2))};
+}
+
+}  // namespace
+
+void set_matrix_values(Engine& engine, PictureBox& box) {
+  Variablen& v = engine.v;
+  const bool isM = &box == &engine.master.picture;
+  const PreviewGeometry found = geometry(v, box.width(), box.height());
+  (isM ? v.previewM : v.previewA) = found;
+  if (!isM) v.previewB = found;
+  if (engine.mainWindow == nullptr || !engine.mainWindow->visible()) return;
+  if (isM) return drawMatrixM(engine);
+  drawMatrix(engine, &box == &v.A.picture ? v.A : v.B);
+}
+
+void drawMatrix(Engine& engine, Deck& deck) {
+  drawGrid(engine.v, deck.picture, deck.frame, deck.preview);
+}
+
+void drawPoint(Engine&, Deck& deck, std::int16_t col, std::int16_t row) {
+  drawCell(deck.picture, deck.frame, deck.preview, col, row);
+}
+
+void drawMatrixM(Engine& engine) {
+  drawGrid(engine.v, engine.master.picture, engine.v.frameM, engine.v.previewM);
+}
+
+void drawPointM(Engine& engine, std::int16_t col, std::int16_t row) {
+  drawCell(engine.master.picture, engine.v.frameM, engine.v.previewM, col, row);
+}
+
+bool mixIsFree(const Engine& engine) { return !engine.v.fadeRunning; }
+
+bool mixIsFree(const Engine& engine, std::int32_t stepAbove) {
+  return mixIsFree(engine) || engine.master.timerM.interval() > stepAbove;
+}
+
+void mixAndDraw(Engine& engine) {
+  mixFrame(engine, engine.v.masterValue);
+  drawMatrixM(engine);
+}
+
+void mixAndDraw(Engine& engine, std::int16_t col, std::int16_t row) {
+  mixCell(engine, engine.v.masterValue, col, row);
+  drawPointM(engine, col, row);
+}
+
+void publishDeckFrame(Engine& engine, Deck& deck) {
+  drawMatrix(engine, deck);
+  if (mixIsFree(engine)) mixAndDraw(engine);
+}
+
+}  // namespace korvane

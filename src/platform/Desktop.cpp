@@ -1,0 +1,67 @@
+#include "platform/Desktop.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace korvane {
+
+Form* Desktop::find(const std::string& name) const {
+  const auto found = std::find_if(forms_.begin(), forms_.end(),
+                                  [&](const Form* form) { return form->name() == name; });
+  return found == forms_.end() ? nullptr : *found;
+}
+
+void Desktop::place(Form& form) {
+  std::erase(stack_, &form);
+  stack_.push_back(&form);
+}
+
+void Desktop::show(Form& form) {
+  form.load();
+  const bool wasVisible = form.visible_;
+  form.visible_ = true;
+  if (!wasVisible && onShow) onShow(form);
+  activate(form);
+}
+
+void Desktop::showModal(Form& form, std::function<void()> closed) {
+  form.modal_ = true;
+  form.afterModal_ = std::move(closed);
+  show(form);
+}
+
+void Desktop::hide(Form& form) {
+  if (!form.visible_) return;
+  const bool wasActive = active() == &form;
+  form.visible_ = false;
+  form.modal_ = false;
+  std::erase(stack_, &form);
+  if (onHide) onHide(form);
+  const std::function<void()> closed = std::exchange(form.afterModal_, nullptr);
+  if (wasActive && active() != nullptr) {
+    if (onActivate) onActivate(*active());
+    if (active()->onActivate) active()->onActivate();
+  }
+  if (closed) closed();
+}
+
+void Desktop::close(Form& form) {
+  if (form.onClose) form.onClose();
+  hide(form);
+}
+
+void Desktop::activate(Form& form) {
+  if (!form.visible_ || active() == &form) return;
+  place(form);
+  if (onActivate) onActivate(form);
+  if (form.onActivate) form.onActivate();
+}
+
+Form* Desktop::modal() const {
+  for (auto form = stack_.rbegin(); form != stack_.rend(); ++form) {
+    if ((*form)->modal_) return *form;
+  }
+  return nullptr;
+}
+
+}  // namespace korvane

@@ -1,0 +1,74 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+#include "platform/Color.h"
+#include "platform/Failure.h"
+
+namespace korvane {
+
+/// An array over the cells of the matrix, indexed (col, row), both from 0 up to and including
+/// the counts: the column and the row past the last cell exist so that indexing them does not
+/// fail, and no loop uses them. Columns lie one after another in memory.
+template <class T>
+class Grid {
+ public:
+  /// Most cells that a grid may have; more raises kOutOfMemory before memory is taken.
+  static constexpr std::int64_t kMostCells = 4'000'000;
+
+  /// Dimensions the grid anew, every element cleared. A negative count raises kSubscript.
+  void redim(int cols, int rows) {
+    if (cols < 0 || rows < 0) throw Failure(kSubscript, "negative grid size");
+    if ((std::int64_t{cols} + 1) * (rows + 1) > kMostCells) throw Failure(kOutOfMemory);
+    cols_ = cols;
+    rows_ = rows;
+    cells_.assign(static_cast<std::size_t>(cols + 1) * static_cast<std::size_t>(rows + 1), T{});
+  }
+
+  /// Dimensions the grid anew and keeps what lies inside both sizes.
+  void resizeKeeping(int cols, int rows) {
+    Grid old = *this;
+    redim(cols, rows);
+    for (int col = 0; col <= cols && col <= old.cols_; ++col) {
+      for (int row = 0; row <= rows && row <= old.rows_; ++row) at(col, row) = old.at(col, row);
+    }
+  }
+
+  /// Sets every element, the unused ones included.
+  void fill(const T& value) { cells_.assign(cells_.size(), value); }
+
+  /// The element at (col, row); outside the bounds raises kSubscript.
+  T& at(int col, int row) { return cells_[index(col, row)]; }
+  const T& at(int col, int row) const { return cells_[index(col, row)]; }
+
+  bool empty() const { return cells_.empty(); }  ///< never dimensioned
+  int cols() const { return cols_; }
+  int rows() const { return rows_; }
+  /// All elements in memory order; column c begins at c x (rows + 1).
+  T* data() { return cells_.data(); }
+  const T* data() const { return cells_.data(); }
+  /// Elements from the first column up to the end of column cols - 1, spare rows included.
+  std::size_t span() const {
+    return empty() ? 0 : static_cast<std::size_t>(cols_) * static_cast<std::size_t>(rows_ + 1);
+  }
+
+ private:
+  std::size_t index(int col, int row) const {
+    if (cells_.empty() || col < 0 || row < 0 || col > cols_ || row > rows_) {
+      throw Failure(kSubscript);
+    }
+    return static_cast<std::size_t>(col) * static_cast<std::size_t>(rows_ + 1) +
+           static_cast<std::size_t>(row);
+  }
+
+  int cols_ = -1;
+  int rows_ = -1;
+  std::vector<T> cells_;
+};
+
+/// A picture of the matrix, one lamp an element.
+using Frame = Grid<Rgb>;
+
+}  // namespace korvane

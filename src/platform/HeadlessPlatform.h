@@ -1,0 +1,32 @@
+#pragma once
+
+#include <deque>
+#include <string>
+#include <vector>
+
+#include "platform/Platform.h"
+
+namespace korvane {
+
+/// A machine without a person: message boxes are answered with OK and kept, file dialogs take the
+/// next queued answer, time of day is set by whoever drives it.
+class HeadlessPlatform : public Platform {
+ public:
+  void messageBox(const std::string& text) override { boxes.push_back(text); }
+  std::optional<std::string> askFile(const FileQuestion& question) override;
+  Raster loadPicture(const std::string& path) override;
+  std::int64_t timeOfDay() override { return time; }
+  NumberFormat numberFormat() override { return format; }
+  void openPage(const std::string& address) override { pages.push_back(address); }
+  void failed(const Failure& failure) override { failures.push_back(failure); }
+
+  std::vector<std::string> boxes;
+  std::deque<std::optional<std::string>> answers;
+  std::vector<FileQuestion> questions;
+  std::vector<std::string> pages;
+  std::vector<Failure> failures;
+  std::int64_t time = 0;
+  NumberFormat format;
+};
+
+}  // namespace korvane

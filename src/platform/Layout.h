@@ -1,0 +1,59 @@
+#pragma once
+
+#include <initializer_list>
+#include <vector>
+
+#include "platform/Control.h"
+
+namespace korvane {
+
+/// The declared arrangement of a window: rows and columns of controls, and what stretches. Views
+/// build from it; it holds no pixels.
+struct Layout {
+  enum class Kind {
+    Item,    ///< one control, its `label` before it
+    Row,     ///< children side by side
+    Column,  ///< children one below the other
+    Fields,  ///< children one below the other, their labels aligned in a column of their own
+    Grid,    ///< children in lines of `columns` cells
+    Boxed,   ///< a Group with one child inside
+    Space    ///< stretching emptiness
+  };
+
+  Kind kind = Kind::Space;
+  Control* control = nullptr;  ///< of Item and Boxed
+  std::vector<Layout> children;
+  int stretch = 0;  ///< share of spare room along the parent's direction
+  int columns = 0;  ///< of Grid
+
+  Layout() = default;
+  Layout(Control& item, int share = 0)
+      : kind(Kind::Item),
+        control(&item),
+        stretch(share) {}  // NOLINT(google-explicit-constructor): a control is a layout
+  Layout(Kind what, std::vector<Layout> parts, int share)
+      : kind(what), children(std::move(parts)), stretch(share) {}
+};
+
+inline Layout row(std::vector<Layout> children, int stretch = 0) {
+  return {Layout::Kind::Row, std::move(children), stretch};
+}
+inline Layout column(std::vector<Layout> children, int stretch = 0) {
+  return {Layout::Kind::Column, std::move(children), stretch};
+}
+inline Layout fields(std::vector<Layout> children, int stretch = 0) {
+  return {Layout::Kind::Fields, std::move(children), stretch};
+}
+inline Layout grid(int columns, std::vector<Layout> children, int stretch = 0) {
+  Layout result{Layout::Kind::Grid, std::move(children), stretch};
+  result.columns = columns;
+  return result;
+}
+inline Layout boxed(Control& group, Layout child, int stretch = 0) {
+  Layout result{Layout::Kind::Boxed, {std::move(child)}, stretch};
+  result.control = &group;
+  return result;
+}
+inline Layout space(int stretch = 1) { return {Layout::Kind::Space, {}, stretch}; }
+
+}  // namespace korvane

@@ -1,0 +1,118 @@
+#include "platform/ListView.h"
+
+#include <algorithm>
+
+#include "platform/Failure.h"
+
+namespace korvane {
+
+void ListView::setColumns(std::vector<Column> columns) {
+  columns_ = std::move(columns);
+  shown();
+}
+
+ListView::Row& ListView::at(int index) {
+  if (index < 0 || index >= count()) {
+    throw Failure(kSubscript, name() + " has no row " + std::to_string(index));
+  }
+  return rows_[static_cast<std::size_t>(index)];
+}
+
+const ListView::Row& ListView::row(int index) const {
+  return const_cast<ListView*>(this)->at(index);
+}
+
+std::string ListView::cell(int row, int col) const {
+  const Row& found = this->row(row);
+  if (col == 0) return found.text;
+  const auto sub = static_cast<std::size_t>(col - 1);
+  return sub < found.sub.size() ? found.sub[sub] : std::string();
+}
+
+void ListView::add(std::string text, std::vector<std::string> sub, Color color) {
+  rows_.push_back({std::move(text), std::move(sub), color, false});
+  if (current_ < 0) current_ = 0;
+  shown();
+}
+
+void ListView::setCell(int row, int col, std::string text) {
+  Row& target = at(row);
+  if (col == 0) {
+    target.text = std::move(text);
+  } else {
+    const auto sub = static_cast<std::size_t>(col - 1);
+    if (target.sub.size() <= sub) target.sub.resize(sub + 1);
+    target.sub[sub] = std::move(text);
+  }
+  shown();
+}
+
+void ListView::setColor(int row, Color color) {
+  at(row).color = color;
+  shown();
+}
+
+void ListView::remove(int index) {
+  at(index);
+  rows_.erase(rows_.begin() + index);
+  if (current_ > index || current_ >= count()) --current_;
+  shown();
+}
+
+void ListView::clear() {
+  rows_.clear();
+  current_ = -1;
+  editRow_ = -1;
+  shown();
+}
+
+int ListView::selected() const {
+  const auto marked =
+      std::find_if(rows_.begin(), rows_.end(), [](const Row& row) { return row.selected; });
+  return marked == rows_.end() ? -1 : static_cast<int>(marked - rows_.begin());
+}
+
+void ListView::select(int index) {
+  at(index);
+  for (Row& row : rows_) row.selected = false;
+  at(index).selected = true;
+  current_ = index;
+  shown();
+}
+
+void ListView::unselectAll() {
+  for (Row& row : rows_) row.selected = false;
+  shown();
+}
+
+void ListView::click(int row, int col) {
+  select(row);
+  run(onClick, row, col);
+}
+
+void ListView::doubleClick(int row) {
+  at(row);
+  run(onDoubleClick, row);
+}
+
+bool ListView::beginEdit(int row, int col) {
+  at(row);
+  if (col < 0 || col >= static_cast<int>(columns_.size())) return false;
+  if (!columns_[static_cast<std::size_t>(col)].editable) return false;
+  editRow_ = row;
+  editCol_ = col;
+  shown();
+  return true;
+}
+
+void ListView::endEdit(const std::string& typed) {
+  if (!editing()) return;
+  const int row = editRow_;
+  const int col = editCol_;
+  editRow_ = -1;
+  const std::string valid = onValidate ? onValidate(col, typed) : typed;
+  setCell(row, col, onAfterEdit ? onAfterEdit(col, cell(row, col), valid) : valid);
+  run(onEdited, row, col);
+}
+
+}  // namespace korvane

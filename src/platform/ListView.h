@@ -1,0 +1,87 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "platform/Color.h"
+#include "platform/Control.h"
+
+namespace korvane {
+
+/// A list of rows with columns, after the list control `ExtLV`. It has two notions side by side:
+/// the current row, there as soon as the list has a row, and the mark of selection, which at most
+/// one row carries.
+class ListView : public Control {
+ public:
+  struct Column {
+    std::string title;
+    double width = 0;       ///< share of the list's width, 0 - 1; 0 hides the column
+    bool editable = false;  ///< cells can be edited in place
+  };
+  struct Row {
+    std::string text;
+    std::vector<std::string> sub;  ///< texts of the second column and on
+    Color color = 0;               ///< text colour
+    bool selected = false;
+  };
+
+  explicit ListView(std::string name, Look look = {})
+      : Control(Kind::ListView, std::move(name), std::move(look)) {}
+
+  const std::vector<Column>& columns() const { return columns_; }
+  void setColumns(std::vector<Column> columns);
+
+  const std::vector<Row>& rows() const { return rows_; }
+  int count() const { return static_cast<int>(rows_.size()); }
+  /// A row; kSubscript if there is none at the index (from 0).
+  const Row& row(int index) const;
+  /// The text of a cell; an empty text for a column that the row lacks.
+  std::string cell(int row, int col) const;
+
+  /// Adds a row at the end, unselected. The first row becomes the current one.
+  void add(std::string text, std::vector<std::string> sub = {}, Color color = 0);
+  void setCell(int row, int col, std::string text);
+  void setColor(int row, Color color);
+  void remove(int index);
+  void clear();
+
+  int current() const { return current_; }  ///< the row that has the focus, -1 for none
+  /// The first marked row, -1 for none.
+  int selected() const;
+  /// Makes the row the current one and gives it the mark alone. No event.
+  void select(int index);
+  void unselectAll();
+
+  /// What a person does: left click on a cell, double click on a row.
+  void click(int row, int col);
+  void doubleClick(int row);
+
+  /// In-place editing. beginEdit opens the editor on a cell of an editable column, endEdit puts
+  /// what was typed through onValidate and onEdited and stores the result.
+  bool beginEdit(int row, int col);
+  void endEdit(const std::string& typed);
+  bool editing() const { return editRow_ >= 0; }
+  int editRow() const { return editRow_; }
+  int editCol() const { return editCol_; }
+
+  std::function<void(int row, int col)> onClick;
+  std::function<void(int row)> onDoubleClick;
+  /// The text with which the editor closes, made of what was typed.
+  std::function<std::string(int col, const std::string& typed)> onValidate;
+  /// The end of an edit: the text to store in the cell, made of the old and the new one.
+  std::function<std::string(int col, const std::string& old, const std::string& typed)> onAfterEdit;
+  /// The edited text stands in the cell.
+  std::function<void(int row, int col)> onEdited;
+
+ private:
+  Row& at(int index);
+
+  std::vector<Column> columns_;
+  std::vector<Row> rows_;
+  int current_ = -1;
+  int editRow_ = -1;
+  int editCol_ = -1;
+};
+
+}  // namespace korvane

@@ -1,0 +1,134 @@
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <cstdlib>
+
+#include "platform/Failure.h"
+#include "platform/Numbers.h"
+#include "platform/Text.h"
+
+namespace korvane {
+namespace {
+
+bool isDigit(char c) { return c >= '0' && c <= '9'; }
+
+std::string_view trimmed(std::string_view text) {
+  while (!text.empty() && (text.front() == ' ' || text.front() == '\t')) text.remove_prefix(1);
+  while (!text.empty() && (text.back() == ' ' || text.back() == '\t')) text.remove_suffix(1);
+  return text;
+}
+
+// Takes a number apart into the plain form that std::from_chars reads.
+class NumberReader {
+ public:
+  NumberReader(std::string_view text, const NumberFormat& format)
+      : rest_(trimmed(text)), format_(format) {}
+
+  std::optional<double> read() {
+    if (!rest_.empty() && (rest_.front() == '+' || rest_.front() == '-')) {
+      if (rest_.front() == '-') plain_ += '-';
+      rest_.remove_prefix(1);
+    }
+    readMantissa();
+    if (digits_ == 0 || !readExponent() || !rest_.empty()) return std::nullopt;
+    double value = 0;
+    const auto [end, error] = std::from_chars(plain_.data(), plain_.data() + plain_.size(), value);
+    if (error != std::errc() || end != plain_.data() + plain_.size()) return std::nullopt;
+    return value;
+  }
+
+ private:
+  void takeDigits(char alsoSkipped) {
+    while (!rest_.empty() &&
+           (isDigit(rest_.front()) || (digits_ > 0 && rest_.front() == alsoSkipped))) {
+      if (isDigit(rest_.front())) {
+        plain_ += rest_.front();
+        ++digits_;
+      }
+      rest_.remove_prefix(1);
+    }
+  }
+
+  void readMantissa() {
+    takeDigits(format_.thousands);
+    if (rest_.empty() || rest_.front() != format_.decimal) return;
+    rest_.remove_prefix(1);
+    if (digits_ == 0) plain_ += '0';
+    plain_ += '.';
+    takeDigits('\0');
+    if (plain_.back() == '.') plain_ += '0';
+  }
+
+  bool readExponent() {
+    if (rest_.empty() || (rest_.front() != 'e' && rest_.front() != 'E')) return true;
+    plain_ += 'e';
+    rest_.remove_prefix(1);
+    if (!rest_.empty() && (rest_.front() == '+' || rest_.front() == '-')) {
+      plain_ += rest_.front();
+      rest_.remove_prefix(1);
+    }
+    const int before = digits_;
+    takeDigits('\0');
+    return digits_ > before;
+  }
+
+  std::string_view rest_;
+  NumberFormat format_;
+  std::string plain_;
+  int digits_ = 0;
+};
+
+std::string quoted(std::string_view text) { return "'" + std::string(text.substr(0, 60)) + "'"; }
+
+}  // namespace
+
+std::optional<double> parseNumber(std::string_view text, const NumberFormat& format) {
+  return NumberReader(text, format).read();
+}
+
+std::optional<double> parseEitherDecimal(std::string_view text) {
+  std::string pointed(text);
+  std::replace(pointed.begin(), pointed.end(), ',', '.');
+  return parseNumber(pointed, {'.', '\0'});
+}
+
+double toReal(std::string_view text, const NumberFormat& format) {
+  const std::optional<double> value = parseNumber(text, format);
+  if (!value) throw Failure(kTypeMismatch, quoted(text) + " is not a number");
+  return *value;
+}
+
+std::int16_t toInteger16(std::string_view text, const NumberFormat& format) {
+  return roundToInt16(toReal(text, format));
+}
+
+std::int32_t toInteger32(std::string_view text, const NumberFormat& format) {
+  return roundToInt32(toReal(text, format));
+}
+
+std::string formatStandard(double value, const NumberFormat& format) {
+  const double hundredths = std::floor(std::fabs(value) * 100 + 0.5);
+  std::array<char, 400> digits{};
+  const auto [end, error] = std::to_chars(digits.data(), digits.data() + digits.size(), hundredths,
+                                          std::chars_format::fixed, 0);
+  std::string text(digits.data(), end);
+  if (text.size() < 3) text.insert(0, 3 - text.size(), '0');
+  text.insert(text.size() - 2, 1, format.decimal);
+  for (auto at = static_cast<std::ptrdiff_t>(text.size()) - 6; at > 0; at -= 3) {
+    text.insert(static_cast<std::size_t>(at), 1, format.thousands);
+  }
+  return value < 0 && hundredths > 0 ? "-" + text : text;
+}
+
+std::string formatGeneral(double value, const NumberFormat& format) {
+  std::array<char, 40> digits{};
+  const auto [end, error] = std::to_chars(digits.data(), digits.data() + digits.size(), value,
+                                          std::chars_format::general, 15);
+  std::string text(digits.data(), end);
+  std::replace(text.begin(), text.end(), '.', format.decimal);
+  std::replace(text.begin(), text.end(), 'e', 'E');
+  return text;
+}
+
+}  // namespace korvane

@@ -1,0 +1,50 @@
+#include "platform/PictureBox.h"
+
+namespace korvane {
+
+void PictureBox::resize(int width, int height) {
+  if (width == raster_.width() && height == raster_.height()) return;
+  raster_ = Raster(width, height, backColor_);
+  shown();
+  run(onResize);
+}
+
+void PictureBox::setRaster(Raster raster) {
+  raster_ = std::move(raster);
+  shown();
+  touched();
+}
+
+void PictureBox::clear() {
+  raster_.fill(backColor_);
+  touched();
+}
+
+void PictureBox::fillRect(int x1, int y1, int x2, int y2, Color color) {
+  raster_.fillRect(x1, y1, x2, y2, color);
+  invalidate(x1, y1, x2, y2);
+}
+
+void PictureBox::drawRect(int x1, int y1, int x2, int y2, Color color) {
+  raster_.drawRect(x1, y1, x2, y2, color);
+  invalidate(x1, y1, x2, y2);
+}
+
+void PictureBox::mouse(Mouse event, int x, int y) {
+  switch (event) {
+    case Mouse::Down:
+      held_ = true;
+      return run(onMouseDown, x, y);
+    case Mouse::Move:
+      return run(onMouseMove, x, y);
+    case Mouse::Up:
+      held_ = false;
+      return run(onMouseUp, x, y);
+    case Mouse::Click:
+      return run(onClick);
+    case Mouse::DblClick:
+      return run(onDblClick);
+  }
+}
+
+}  // namespace korvane

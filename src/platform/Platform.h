@@ -1,0 +1,47 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "platform/Failure.h"
+#include "platform/Raster.h"
+#include "platform/Text.h"
+
+namespace korvane {
+
+/// What a file dialog is to ask.
+struct FileQuestion {
+  enum class Purpose { Open, Save };
+
+  Purpose purpose = Purpose::Open;
+  std::string title;
+  std::string filter;  ///< "text|pattern", as in "Matrix Project (*.Korvane)|*.Korvane"
+  std::string initialDirectory;
+  std::string defaultExtension;  ///< without the point; empty for none
+};
+
+/// What the windows and the effects need of the machine they run on.
+class Platform {
+ public:
+  virtual ~Platform() = default;
+
+  /// Shows a text with an OK button and waits for it.
+  virtual void messageBox(const std::string& text) = 0;
+  /// The path that a person chose, nothing if the dialog was cancelled.
+  virtual std::optional<std::string> askFile(const FileQuestion& question) = 0;
+  /// The picture in a bmp, jpg, gif or ico file; kInvalidPicture if it can't be read.
+  virtual Raster loadPicture(const std::string& path) = 0;
+  /// Milliseconds since midnight, for reseeding the random generator.
+  virtual std::int64_t timeOfDay() = 0;
+  virtual NumberFormat numberFormat() = 0;
+  /// Opens a page in the person's browser.
+  virtual void openPage(const std::string& address) = 0;
+  /// An event ended with a failure; called once for it.
+  virtual void failed(const Failure& failure) = 0;
+};
+
+/// The path that a person chose; kCancelled if the dialog was cancelled.
+std::string chosenFile(Platform& platform, const FileQuestion& question);
+
+}  // namespace korvane

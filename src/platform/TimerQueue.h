@@ -1,0 +1,75 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <limits>
+#include <string>
+#include <vector>
+
+namespace korvane {
+
+class TimerQueue;
+
+/// A periodic timer. Its interval counts from the moment of enabling; enabling a running timer
+/// changes nothing; setting the interval of a running timer starts its count anew. An interval
+/// of 0 never fires.
+class Timer {
+ public:
+  Timer(TimerQueue& queue, std::string name);
+  Timer(const Timer&) = delete;
+  Timer& operator=(const Timer&) = delete;
+
+  void enable();
+  void disable() { enabled_ = false; }
+  void setEnabled(bool on) { on ? enable() : disable(); }
+  void setInterval(std::int32_t milliseconds);
+
+  const std::string& name() const { return name_; }
+  bool enabled() const { return enabled_; }
+  std::int32_t interval() const { return interval_; }  ///< milliseconds, 1000 at start
+
+  std::function<void()> onTimer;
+
+ private:
+  friend class TimerQueue;
+  bool due(std::int64_t now) const { return enabled_ && interval_ > 0 && due_ <= now; }
+
+  TimerQueue& queue_;
+  std::string name_;
+  bool enabled_ = false;
+  std::int32_t interval_ = 1000;
+  std::int64_t due_ = 0;
+  std::uint64_t order_ = 0;  // when it was enabled, among all timers
+};
+
+/// All timers of one plug-in. Time is an argument: whoever drives the queue says what time it is.
+class TimerQueue {
+ public:
+  static constexpr std::int64_t kNever = std::numeric_limits<std::int64_t>::max();
+
+  /// Runs one event and deals with its failure.
+  using Gate = std::function<void(const std::function<void()>&)>;
+
+  std::int64_t now() const { return now_; }  ///< milliseconds since the start
+  /// Time at which the next timer is due, kNever if none runs.
+  std::int64_t nextDue() const;
+  /// Moves time on to `until`. Timers fire at their due times, in the order of these, those due
+  /// at the same time in the order in which they were enabled. Every tick runs through the gate.
+  void advanceTo(std::int64_t until, const Gate& gate);
+  /// Moves time on to the wall clock's `now` and fires once each timer that has become due; what
+  /// a late caller missed is not made up for.
+  void runDue(std::int64_t now, const Gate& gate);
+
+  const std::vector<Timer*>& timers() const { return timers_; }
+
+ private:
+  friend class Timer;
+  Timer* earliest(std::int64_t until) const;
+  void fire(Timer& timer, const Gate& gate);
+
+  std::int64_t now_ = 0;
+  std::uint64_t enabledSoFar_ = 0;
+  std::vector<Timer*> timers_;
+};
+
+}  // namespace korvane

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+#include "platform/Grid.h"
+
+namespace korvane {
+
+/// Last channel code that is sent: the first universe. Codes are channel + universe index x 512.
+inline constexpr std::int32_t kLastSentChannel = 512;
+
+/// The channel codes of each lamp's red, green and blue, and with them which bytes of a frame can
+/// be sent at all.
+class ChannelMap {
+ public:
+  using Codes = std::array<std::int32_t, 3>;
+
+  /// Dimensions the map anew; every code is 0 then.
+  void redim(int cols, int rows);
+  /// The codes of a cell; outside the bounds raises kSubscript.
+  const Codes& at(int col, int row) const { return codes_.at(col, row); }
+  void set(int col, int row, int component, std::int32_t code);
+
+  /// In the memory order of a frame: 255 for a byte whose channel is sent, else 0. Spare cells
+  /// are never sent.
+  const Frame& sendable() const { return sendable_; }
+
+ private:
+  Grid<Codes> codes_;
+  Frame sendable_;
+};
+
+}  // namespace korvane
