@@ -29,9 +29,9 @@ const char* kindName(Kind kind);
 
 /// What a control shows besides its value. `label` is a text that a view puts before it.
 struct Look {
-  std::string caption;
-  std::string toolTip;
-  std::string label;
+  std::string caption{};
+  std::string toolTip{};
+  std::string label{};
   bool visible = true;
   bool enabled = true;
 };

@@ -33,7 +33,7 @@ void Form::load() {
   }
 }
 
-void Form::add(std::initializer_list<Control*> controls) {
+void Form::add(const std::vector<Control*>& controls) {
   for (Control* control : controls) {
     control->form = this;
     controls_.push_back(control);

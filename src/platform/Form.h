@@ -1,7 +1,6 @@
 #pragma once
 
 #include <functional>
-#include <initializer_list>
 #include <string>
 #include <vector>
 
@@ -58,7 +57,7 @@ class Form {
 
  protected:
   /// Adds controls in tab order; they must live as long as the form.
-  void add(std::initializer_list<Control*> controls);
+  void add(const std::vector<Control*>& controls);
   /// Declares the layout and tells the controls inside a group of that group.
   void setLayout(Layout layout);
 

@@ -54,6 +54,12 @@ inline Layout boxed(Control& group, Layout child, int stretch = 0) {
   result.control = &group;
   return result;
 }
+/// A row of plain controls, as of a control group.
+inline Layout row(const std::vector<Control*>& controls) {
+  Layout result{Layout::Kind::Row, {}, 0};
+  for (Control* control : controls) result.children.emplace_back(*control);
+  return result;
+}
 inline Layout space(int stretch = 1) { return {Layout::Kind::Space, {}, stretch}; }
 
 }  // namespace korvane

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <vector>
 
 namespace korvane {
 
@@ -23,5 +24,9 @@ class Random {
  private:
   std::uint64_t state_ = 0;
 };
+
+/// The numbers 0 to count - 1 in random order, drawn with count numbers of the generator, and one
+/// unused 0 behind them.
+std::vector<std::int32_t> shuffled(Random& random, std::int32_t count);
 
 }  // namespace korvane

@@ -9,16 +9,9 @@ std::string lettered(const char* before, Side side, const char* after = "") {
   return std::string(before) + (side == Side::B ? "B" : "A") + after;
 }
 
-Look look(Side side, const char* leftTip, const char* rightTip) {
-  Look result;
-  result.toolTip = side == Side::B ? rightTip : leftTip;
-  return result;
-}
-
-Look hidden() {
-  Look result;
-  result.visible = false;
-  return result;
+// The same tool tip for both decks, with the side's name.
+Look tip(const std::string& text, Side side) {
+  return {.toolTip = text + (side == Side::B ? " right deck" : " left deck")};
 }
 
 }  // namespace
@@ -28,15 +21,11 @@ Deck::Deck(Side which, TimerQueue& timers)
       timer1(timers, lettered("timer", which, "1")),
       timer2(timers, lettered("timer", which, "2")),
       efxList(lettered("efx", which, "List"),
-              look(which, "effects of the left deck; a click plays one, a double click edits it",
-                   "effects of the right deck; a click plays one, a double click edits it")),
-      type(lettered("type", which),
-           look(which, "kind of the selected left effect", "kind of the selected right effect"),
-           ListBox::Style::DropDown),
-      picture(lettered("PB_", which), {240, 240},
-              look(which, "what the left deck shows", "what the right deck shows")),
-      mini(lettered("mini", which), {12, 12, PictureBox::Sizing::Fixed}, hidden()),
-      image(lettered("image", which), {12, 12, PictureBox::Sizing::Fixed}, hidden()) {}
+              tip("a click plays an effect, a double click edits it:", which)),
+      type(lettered("type", which), tip("kind of the selected effect of the", which)),
+      picture(lettered("PB_", which), {240, 240}, tip("what plays on the", which)),
+      mini(lettered("mini", which), {12, 12, PictureBox::Sizing::Fixed}, {.visible = false}),
+      image(lettered("image", which), {12, 12, PictureBox::Sizing::Fixed}, {.visible = false}) {}
 
 Effect& Deck::effect() {
   if (sel < 0 || static_cast<std::size_t>(sel) >= efx.size()) {

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "state/Engine.h"
+
+namespace korvane {
+
+/// Fills a deck's frame with `color1` of its effect, without publishing it.
+void paintColor(Engine& engine, Deck& deck);
+/// Paints the ramp from `color1` to `color2` in the effect's `direction`, without publishing it.
+/// Shows a message and paints nothing for a direction outside 1 - 10. kDivisionByZero on a matrix
+/// that is too short for the direction, kOverflow on one too long (scale above 128 at full
+/// components).
+void paintGradient(Engine& engine, Deck& deck);
+
+/// The same, published.
+void renderColor(Engine& engine, Deck& deck);
+void renderGradient(Engine& engine, Deck& deck);
+inline void renderColorA(Engine& engine) { renderColor(engine, engine.v.A); }
+inline void renderColorB(Engine& engine) { renderColor(engine, engine.v.B); }
+inline void renderGradientA(Engine& engine) { renderGradient(engine, engine.v.A); }
+inline void renderGradientB(Engine& engine) { renderGradient(engine, engine.v.B); }
+
+/// Sets every cell of a deck's frame, without publishing it.
+void fillFrame(Engine& engine, Deck& deck, const Rgb& color);
+
+}  // namespace korvane

@@ -1,0 +1,14 @@
+#include "generators/Dialogs.h"
+
+namespace korvane {
+
+Dialogs::Dialogs(Engine& engine)
+    : mixer(engine), color(engine), gradient(engine), byType{&color, &gradient} {
+  engine.dialogs = this;
+  for (EffectDialog* dialog : byType) {
+    if (dialog != nullptr) engine.desktop.add(*dialog);
+  }
+  engine.desktop.add(mixer);
+}
+
+}  // namespace korvane

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <array>
+
+#include "generators/EffectDialog.h"
+#include "generators/MxColorForm.h"
+#include "generators/MxColorMixer.h"
+#include "generators/MxGradientForm.h"
+#include "state/Effect.h"
+
+namespace korvane {
+
+/// The dialogs of the effects and the colour mixer. They exist once, shared by both decks.
+struct Dialogs {
+  explicit Dialogs(Engine& engine);
+
+  MxColorMixer mixer;
+  MxColorForm color;
+  MxGradientForm gradient;
+
+  /// By effect type; nullptr for a type without a dialog.
+  std::array<EffectDialog*, kEffectTypes> byType;
+};
+
+}  // namespace korvane

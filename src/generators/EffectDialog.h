@@ -1,0 +1,42 @@
+#pragma once
+
+#include <string>
+
+#include "platform/Controls.h"
+#include "platform/Form.h"
+#include "state/Engine.h"
+
+namespace korvane {
+
+/// What the dialogs of all effects share: a name, an OK button, and the record of the deck that
+/// `editDeck` names. They are not modal and write to the record and the running deck at once, and
+/// so serve as their own preview.
+class EffectDialog : public Form {
+ public:
+  /// Fills the controls from the record of the deck under edit and shows the window.
+  void open();
+  /// Marks the slot as edited, writes the name to the list's current row and to the record, hides.
+  virtual void OK_Click();
+
+  TextBox myName;
+  Button OK;
+
+ protected:
+  EffectDialog(Engine& engine, std::string name, std::string caption, std::string defaultName);
+
+  /// Puts the record's values into the controls.
+  virtual void fill() = 0;
+
+  Deck& deck() { return engine_.editedDeck(); }
+  Effect& effect() { return deck().effect(); }
+  void markEdited(bool edited);
+  /// Writes a text to the current row of the deck's list.
+  void writeRowText(const std::string& text);
+  /// A click on the box opens the mixer on its colour; what was picked goes to the box and to the
+  /// record's field, and `then` runs.
+  void bindColor(ColorBox& box, Color Effect::*field, std::function<void()> then);
+
+  Engine& engine_;
+};
+
+}  // namespace korvane
