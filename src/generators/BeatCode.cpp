@@ -1,0 +1,7 @@
+#include "generators/BeatCode.h"
+
+namespace korvane {
+
+void beatStep(Engine&, Deck&) {}
+
+}  // namespace korvane

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "state/Engine.h"
+
+namespace korvane {
+
+/// Loads the effect's image of this index into the deck's hidden picture; false if there is no such
+/// file. kInvalidPicture if it can't be read.
+bool loadImage(Engine& engine, Deck& deck, int index);
+
+/// Puts the window onto the image at the start of its travel.
+void placeImage(Engine& engine, Deck& deck);
+inline void placeImageA(Engine& engine) { placeImage(engine, engine.v.A); }
+inline void placeImageB(Engine& engine) { placeImage(engine, engine.v.B); }
+
+/// Makes the deck's mini picture of the image, arms the travel, and samples it.
+void prepareImage(Engine& engine, Deck& deck);
+inline void prepareImageA(Engine& engine) { prepareImage(engine, engine.v.A); }
+inline void prepareImageB(Engine& engine) { prepareImage(engine, engine.v.B); }
+
+/// Reads the mini picture into the deck's frame and publishes it.
+void sampleMini(Engine& engine, Deck& deck);
+inline void sampleMiniA(Engine& engine) { sampleMini(engine, engine.v.A); }
+inline void sampleMiniB(Engine& engine) { sampleMini(engine, engine.v.B); }
+
+/// A tick of the step timer: moves the window by one pixel, copies it and samples it.
+void moveImage(Engine& engine, Deck& deck);
+inline void moveImageA(Engine& engine) { moveImage(engine, engine.v.A); }
+inline void moveImageB(Engine& engine) { moveImage(engine, engine.v.B); }
+
+/// A tick of the sequence timer: the next image of the list.
+void nextImage(Engine& engine, Deck& deck);
+inline void nextImageA(Engine& engine) { nextImage(engine, engine.v.A); }
+inline void nextImageB(Engine& engine) { nextImage(engine, engine.v.B); }
+
+}  // namespace korvane
