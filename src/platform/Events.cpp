@@ -2,6 +2,7 @@
 
 #include <exception>
 #include <new>
+#include <stdexcept>
 
 namespace korvane {
 
@@ -11,6 +12,8 @@ bool runEvent(Platform& platform, const std::function<void()>& event) {
     return true;
   } catch (const Failure& failure) {
     platform.failed(failure);
+  } catch (const std::out_of_range&) {
+    platform.failed(Failure(kSubscript));
   } catch (const std::bad_alloc&) {
     platform.failed(Failure(kOutOfMemory));
   } catch (const std::exception& error) {
