@@ -7,6 +7,8 @@
 
 namespace korvane {
 
+using std::chrono::steady_clock;
+
 NetworkOutput::NetworkOutput(std::string_view program) : component_(componentId(program)) {}
 
 void NetworkOutput::start(const OutputTarget& target) {
@@ -57,15 +59,16 @@ void NetworkOutput::run() {
   UdpSender sender(*target_);
   std::unique_lock lock(mutex_);
   while (!stream_->ended()) {
-    const auto now = std::chrono::steady_clock::now();
-    if (now < stream_->due()) {
+    if (steady_clock::now() < stream_->due()) {
       wake_.wait_until(lock, stream_->due());
       continue;
     }
-    const auto packet = stream_->packet(now);
+    const auto packet = stream_->packet();
     lock.unlock();
     const std::string error = sender.send(packet);
+    const auto now = steady_clock::now();
     lock.lock();
+    stream_->sent(now);
     error_.note(now, error);
   }
 }

@@ -33,7 +33,7 @@ TimePoint OutputStream::due() const {
   return repeats_ > 0 ? *sent_ + kRepeatGap : *sent_ + kKeepAliveGap;
 }
 
-std::vector<std::uint8_t> OutputStream::packet(TimePoint now) {
+std::vector<std::uint8_t> OutputStream::packet() {
   const bool terminated = ending_ && !fresh_;
   if (terminated) ++goodbyes_;
   if (std::exchange(fresh_, false)) {
@@ -41,7 +41,6 @@ std::vector<std::uint8_t> OutputStream::packet(TimePoint now) {
   } else if (repeats_ > 0) {
     --repeats_;
   }
-  sent_ = now;
   const PacketHead head{component_, target_.universe, nextSequence(), terminated};
   return target_.protocol->packet(head, slots_);
 }

@@ -31,7 +31,10 @@ class OutputStream {
   /// When the next packet is due; the first one is due since ever.
   TimePoint due() const;
   /// The packet to send now. Call it when one is due and the stream has not ended.
-  std::vector<std::uint8_t> packet(TimePoint now);
+  std::vector<std::uint8_t> packet();
+  /// Tells when that packet has left: the next one counts its wait from there, so a delay on the
+  /// way out never brings two packets too close.
+  void sent(TimePoint now) { sent_ = now; }
 
  private:
   std::uint8_t nextSequence();

@@ -37,7 +37,8 @@ class OutputStreamTest : public testing::TestWithParam<const char*> {
   void runUntil(microseconds end) {
     while (!stream.ended() && stream.due() <= TimePoint{} + end) {
       now = std::max(now, std::chrono::duration_cast<microseconds>(stream.due() - TimePoint{}));
-      receive(stream.packet(TimePoint{} + now));
+      receive(stream.packet());
+      stream.sent(TimePoint{} + now);
     }
     now = end;
   }
@@ -65,7 +66,9 @@ class OutputStreamTest : public testing::TestWithParam<const char*> {
 };
 
 INSTANTIATE_TEST_SUITE_P(Protocols, OutputStreamTest, testing::Values("sacn:1", "artnet:1"),
-                         [](const auto& test) { return std::string(test.param, 4); });
+                         [](const auto& test) {
+                           return std::string(parseOutputTarget(test.param).protocol->word);
+                         });
 
 TEST_P(OutputStreamTest, TheFirstFrameIsDueAtOnce) {
   EXPECT_LE(stream.due(), TimePoint{});
@@ -120,10 +123,19 @@ TEST_P(OutputStreamTest, OnlyTheLatestFrameIsSent) {
   EXPECT_EQ(log(), "1@0 9@22");
 }
 
-TEST_P(OutputStreamTest, TheRateCountsFromWhenAPacketWasMade) {
-  stream.packet(TimePoint{} + 10ms);
+TEST_P(OutputStreamTest, TheRateCountsFromWhenAPacketHasLeft) {
+  stream.packet();
   show(2);
+  stream.sent(TimePoint{} + 10ms);
   EXPECT_EQ(stream.due(), TimePoint{} + 10ms + 22728us);
+}
+
+TEST_P(OutputStreamTest, AFrameThatComesWhileAPacketLeavesIsTheNext) {
+  stream.packet();
+  show(2);
+  stream.sent(TimePoint{});
+  runUntil(50ms);
+  EXPECT_EQ(log(), "2@22");
 }
 
 TEST_P(OutputStreamTest, AFrameThatStillWaitsIsSentBeforeTheEnd) {
@@ -175,9 +187,9 @@ TEST(OutputStreamOf, PacketsCarryComponentUniverseAndAllSlots) {
   slots[511] = 99;
   const Uuid component = {1, 2, 3};
   OutputStream sacn(parseOutputTarget("sacn:300"), component, slots);
-  EXPECT_EQ(sacn.packet(TimePoint{}), sacnPacket({component, 300, 0, false}, slots));
+  EXPECT_EQ(sacn.packet(), sacnPacket({component, 300, 0, false}, slots));
   OutputStream artnet(parseOutputTarget("artnet:300"), component, slots);
-  EXPECT_EQ(artnet.packet(TimePoint{}), artnetPacket({component, 300, 1, false}, slots));
+  EXPECT_EQ(artnet.packet(), artnetPacket({component, 300, 1, false}, slots));
 }
 
 }  // namespace

@@ -2,9 +2,11 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <span>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace korvane {
@@ -41,7 +43,6 @@ class PacketWriter {
   }
 
   std::vector<std::uint8_t> take() { return std::move(bytes_); }
-  std::size_t size() const { return bytes_.size(); }
 
  private:
   std::vector<std::uint8_t> bytes_;
