@@ -22,6 +22,7 @@ QString styleOf(Color backColor) {
 QWidget* bindButton(Control& control, const Seat& seat) {
   auto& button = static_cast<Button&>(control);
   auto* widget = new QPushButton(seat.parent);
+  widget->setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Fixed);
   clickOnEnter(*widget);
   QObject::connect(widget, &QPushButton::clicked,
                    [&button, seat] { act(seat, button, [&button] { button.click(); }); });

@@ -19,14 +19,7 @@ class CellDelegate : public QStyledItemDelegate {
   void setModelData(QWidget* editor, QAbstractItemModel* model,
                     const QModelIndex& index) const override;
 
- protected:
-  void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override;
-
  private:
-  bool isColored(const QModelIndex& index) const;
-  void paintColored(QPainter& painter, const QStyleOptionViewItem& option,
-                    const QModelIndex& index) const;
-
   ListView& list_;
   EventGate& gate_;
 };

@@ -1,10 +1,9 @@
-#include <QComboBox>
 #include <QListWidget>
 #include <QSignalBlocker>
-#include <QWheelEvent>
 
 #include "platform/Controls.h"
 #include "views/qt/kinds/Binder.h"
+#include "views/qt/kinds/DropDown.h"
 
 namespace korvane {
 namespace {
@@ -16,15 +15,6 @@ QStringList textsOf(const ListBox& list) {
   for (const std::string& item : list.items()) texts << text(item);
   return texts;
 }
-
-// The wheel does nothing on a closed list: it must not change an effect by the way.
-class DropDown : public QComboBox {
- public:
-  using QComboBox::QComboBox;
-
- protected:
-  void wheelEvent(QWheelEvent* event) override { event->ignore(); }
-};
 
 QWidget* bindDropDown(ListBox& list, const Seat& seat) {
   auto* widget = new DropDown(seat.parent);

@@ -12,12 +12,17 @@
 namespace korvane {
 namespace {
 
+constexpr QSize kSize{220, 160};
+constexpr QSize kLeastSize{140, 96};
+
 class RowList : public QTreeView {
  public:
   RowList(ListView& list, const Seat& seat);
 
   void refresh();
   void reset() override;
+  QSize sizeHint() const override { return kSize; }
+  QSize minimumSizeHint() const override { return kLeastSize; }
 
  protected:
   void resizeEvent(QResizeEvent* event) override;
@@ -51,10 +56,9 @@ RowList::RowList(ListView& list, const Seat& seat)
   setEditTriggers(NoEditTriggers);
   setSelectionMode(SingleSelection);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
   header()->setSectionsClickable(false);
   header()->setSectionsMovable(false);
-  header()->setStretchLastSection(false);
+  header()->setStretchLastSection(true);
   header()->setMinimumSectionSize(0);
   header()->setSectionResizeMode(QHeaderView::Fixed);
 }

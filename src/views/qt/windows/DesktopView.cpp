@@ -28,9 +28,13 @@ FormWindow& DesktopView::window(Form& form) {
   return *window;
 }
 
+// A window that the system has made the active one needs no more: asking again would set two
+// windows that were shown in a row fighting for it.
 void DesktopView::activate(Form& form) {
-  window(form).raise();
-  window(form).activateWindow();
+  FormWindow& front = window(form);
+  if (front.isActiveWindow()) return;
+  front.raise();
+  front.activateWindow();
 }
 
 }  // namespace korvane

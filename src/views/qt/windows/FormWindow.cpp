@@ -2,6 +2,7 @@
 
 #include <QCloseEvent>
 #include <QKeyEvent>
+#include <QScreen>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -31,6 +32,7 @@ FormWindow::FormWindow(Form& form, Desktop& desktop, EventGate& gate, QWidget* o
   form.surface != nullptr ? makeSurface() : makeControls();
   form.onShown = [this] { refresh(); };
   refresh();
+  resize(sizeHint().boundedTo(screen()->availableSize()));
 }
 
 FormWindow::~FormWindow() { form_.onShown = nullptr; }

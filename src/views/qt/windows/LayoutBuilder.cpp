@@ -138,10 +138,20 @@ void LayoutBuilder::placeField(const Layout& part, QGridLayout& grid, int row) {
 QLayout* LayoutBuilder::makeGrid(const Layout& part) {
   auto* grid = new QGridLayout;
   grid->setSpacing(kGap);
-  int cell = 0;
+  int next = 0;
+  const auto row = [&] { return next / part.columns; };
+  const auto column = [&] { return next % part.columns; };
   for (const Layout& child : part.children) {
-    grid->addLayout(make(child), cell / part.columns, cell % part.columns);
-    ++cell;
+    if (child.kind != Layout::Kind::Item) {
+      grid->addLayout(make(child), row(), column());
+    } else {
+      if (QWidget* label = labelOf(*child.control)) {
+        grid->addWidget(label, row(), column());
+        ++next;
+      }
+      grid->addWidget(widgets_.at(child.control), row(), column());
+    }
+    ++next;
   }
   return grid;
 }

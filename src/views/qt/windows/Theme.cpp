@@ -25,7 +25,7 @@ QGroupBox::title {
 QPushButton, QToolButton, QComboBox {
   background: {face}; color: {text}; border: 1px solid {line}; border-radius: 5px;
 }
-QPushButton { padding: 7px 14px; min-width: 44px; }
+QPushButton { padding: 7px 14px; }
 QPushButton:hover, QToolButton:hover, QComboBox:hover { background: {over}; }
 QPushButton:pressed, QToolButton:pressed { background: {accent}; color: {onAccent}; }
 QPushButton:focus, QToolButton:focus, QComboBox:focus { border: 2px solid {accent}; }
@@ -38,30 +38,29 @@ QToolButton:checked:focus { border: 2px solid {text}; }
 QComboBox { padding: 6px 10px; }
 QComboBox:focus { padding: 5px 9px; }
 QComboBox::drop-down { border: none; width: 26px; }
-QComboBox::down-arrow { image: none; width: 0; height: 0; }
+QComboBox::down-arrow { image: none; }
 QComboBox QAbstractItemView {
   background: {well}; color: {text}; border: 1px solid {line}; outline: none;
   selection-background-color: {accent}; selection-color: {onAccent};
 }
 
-QLineEdit, QPlainTextEdit, QSpinBox {
+QLineEdit, QPlainTextEdit {
   background: {well}; color: {text}; border: 1px solid {line}; border-radius: 5px; padding: 6px 8px;
   selection-background-color: {accent}; selection-color: {onAccent};
 }
-QLineEdit:focus, QPlainTextEdit:focus, QSpinBox:focus { border: 2px solid {accent}; padding: 5px 7px; }
+QLineEdit:focus, QPlainTextEdit:focus { border: 2px solid {accent}; padding: 5px 7px; }
 QTreeView QLineEdit { padding: 0 4px; border-radius: 0; }
 
 QTreeView, QListWidget {
-  background: {well}; color: {text}; border: 1px solid {line}; border-radius: 5px;
+  background: {well}; color: {text}; border: 1px solid {line}; border-radius: 3px;
   font-family: Verdana, "DejaVu Sans", sans-serif; font-size: 13px; outline: none;
 }
 QTreeView:focus, QListWidget:focus { border: 1px solid {accent}; }
-QTreeView::item, QListWidget::item { padding: 0 6px; }
-QTreeView::item:hover { background: {face}; }
-QTreeView::item:selected, QListWidget::item:selected { background: {accent}; color: {onAccent}; }
+QListWidget::item { padding: 4px 8px; }
+QListWidget::item:selected { background: {accent}; color: {onAccent}; }
 QHeaderView::section {
   background: {window}; color: {quiet}; border: none; border-bottom: 1px solid {line};
-  padding: 5px 6px;
+  padding: 5px 8px;
 }
 QHeaderView { background: {window}; border: none; }
 
