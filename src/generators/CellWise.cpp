@@ -1,6 +1,7 @@
 #include "generators/CellWise.h"
 
 #include "output/Preview.h"
+#include "platform/Numbers.h"
 
 namespace korvane {
 namespace {
@@ -12,6 +13,10 @@ void pull(Engine& engine, Deck& deck, int col, int row, int fromCol, int fromRow
 }
 
 }  // namespace
+
+void setStepInterval(Deck& deck) {
+  deck.timer1.setInterval(stepInterval(0.4, deck.effect().speed));
+}
 
 void publishCell(Engine& engine, Deck& deck, int col, int row, Noted noted) {
   const Rgb& now = deck.frame.at(col, row);

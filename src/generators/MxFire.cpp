@@ -1,5 +1,6 @@
 #include "generators/MxFire.h"
 
+#include "generators/CellWise.h"
 #include "generators/FireAndWaterCode.h"
 
 namespace korvane {
@@ -12,13 +13,13 @@ MxFire::MxFire(Engine& engine)
       slIntensity("slIntensity", {.toolTip = "fire height", .label = "Intensity : "}),
       slSpeed("slSpeed", {.toolTip = "slow - fast", .label = "Speed : "}) {
   add({&myName, &Color1, &Color2, &slIntensity, &slSpeed, &OK});
-  setLayout(column({fields({myName, Color1, Color2, slIntensity, slSpeed}), space(),
-                    row({space(), OK})}));
+  setLayout(column(
+      {fields({myName, Color1, Color2, slIntensity, slSpeed}), space(), row({space(), OK})}));
   const auto burn = [this] { fireTick(engine_, deck()); };
   bindColor(Color1, &Effect::color1, burn);
   bindColor(Color2, &Effect::color2, burn);
-  bindAmount(slIntensity);
-  bindSpeed(slSpeed);
+  bindSlider(slIntensity, &Effect::amount);
+  bindSlider(slSpeed, &Effect::speed, [this] { setStepInterval(deck()); });
 }
 
 void MxFire::fill() {
