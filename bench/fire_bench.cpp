@@ -46,9 +46,9 @@ void ticker(benchmark::State& state) {
   measure(state, stage, [](Engine& engine, Deck& deck) { tickerTick(engine, deck); });
 }
 
-BENCHMARK(fire)->Arg(12)->Arg(50)->UseManualTime();
-BENCHMARK(fluid)->ArgsProduct({{12, 50}, {1, 3, 5, 7}})->UseManualTime();
-BENCHMARK(ticker)->ArgsProduct({{12, 50}, {1, 3, 5, 7}})->UseManualTime();
+BENCHMARK(fire)->Arg(12)->Arg(50);
+BENCHMARK(fluid)->ArgsProduct({{12, 50}, {1, 3, 5, 7}});
+BENCHMARK(ticker)->ArgsProduct({{12, 50}, {1, 3, 5, 7}});
 
 }  // namespace
 }  // namespace korvane
