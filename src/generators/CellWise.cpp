@@ -8,8 +8,7 @@ namespace {
 
 // The cell at (col, row) takes the colour of its neighbour.
 void pull(Engine& engine, Deck& deck, int col, int row, int fromCol, int fromRow) {
-  deck.frame.at(col, row) = deck.frame.at(fromCol, fromRow);
-  publishCell(engine, deck, col, row);
+  setCell(engine, deck, col, row, deck.frame.at(fromCol, fromRow));
 }
 
 }  // namespace
@@ -18,14 +17,14 @@ void setStepInterval(Deck& deck) {
   deck.timer1.setInterval(stepInterval(0.4, deck.effect().speed));
 }
 
-void publishCell(Engine& engine, Deck& deck, int col, int row, Noted noted) {
-  const Rgb& now = deck.frame.at(col, row);
+void setCell(Engine& engine, Deck& deck, int col, int row, const Rgb& color, Noted noted) {
+  deck.frame.at(col, row) = color;
   Rgb& before = deck.frameWork.at(col, row);
-  if (rgb(before) == rgb(now)) return;  // three times as fast as comparing the arrays
+  if (rgb(before) == rgb(color)) return;  // numbers compare faster than arrays
   if (noted == Noted::All) {
-    before = now;
+    before = color;
   } else {
-    before[0] = now[0];
+    before[0] = color[0];
   }
   const auto x = static_cast<std::int16_t>(col);
   const auto y = static_cast<std::int16_t>(row);

@@ -17,9 +17,10 @@ void setStepInterval(Deck& deck);
 /// Which components of a published cell are noted in `frameWork`.
 enum class Noted { All, RedAlone };
 
-/// The change test: if a cell of the deck's frame differs from what was noted of it, notes it in
-/// `frameWork`, draws it, and, if no fade runs, mixes it and draws the mix.
-void publishCell(Engine& engine, Deck& deck, int col, int row, Noted noted = Noted::All);
+/// Sets a cell of the deck's frame. If it differs from what was noted of it, the change is noted in
+/// `frameWork`, the cell is drawn, and, if no fade runs, mixed and the mix drawn.
+void setCell(Engine& engine, Deck& deck, int col, int row, const Rgb& color,
+             Noted noted = Noted::All);
 
 /// Moves the picture one cell in the effect's direction and publishes the cells. The line behind it
 /// stays as it was. Any other direction moves nothing.

@@ -74,10 +74,9 @@ void burn(Engine& engine, Deck& deck) {
       if (counter.chosen()) {
         const double a = (random() * 0.6 + 0.4) * mainShare;
         const double b = body ? random() / 3 : random() / 3 * 2 * secondShare;
-        deck.frame.at(col, row) = spark(flame, a, b);
         // Only red is noted: a cell whose red has settled counts as changed as long as its green or
         // blue differ from what was noted before. That is meant.
-        publishCell(engine, deck, col, row, Noted::RedAlone);
+        setCell(engine, deck, col, row, spark(flame, a, b), Noted::RedAlone);
       }
       counter.next();
     }
@@ -105,19 +104,15 @@ Rgb drop(const Rgb& main, const Rgb& second, double share) {
 
 // Sets the cell with the number i of the line that the stream has left free.
 void enter(Engine& engine, Deck& deck, int i, const Rgb& color) {
-  const auto set = [&](int col, int row) {
-    deck.frame.at(col, row) = color;
-    publishCell(engine, deck, col, row);
-  };
   switch (deck.effect().direction) {
     case kUp:
-      return set(i, engine.v.matrixRows - 1);
+      return setCell(engine, deck, i, engine.v.matrixRows - 1, color);
     case kLeft:
-      return set(engine.v.matrixCols - 1, i);
+      return setCell(engine, deck, engine.v.matrixCols - 1, i, color);
     case kDown:
-      return set(i, 0);
+      return setCell(engine, deck, i, 0, color);
     case kRight:
-      return set(0, i);
+      return setCell(engine, deck, 0, i, color);
     default:
       return;
   }

@@ -21,8 +21,7 @@ std::int16_t shareOfRoom(std::int32_t room, std::int16_t amount) {
 // out.
 void put(Engine& engine, Deck& deck, int col, int row, int x, int y) {
   if (col >= engine.v.matrixCols || row >= engine.v.matrixRows) return;
-  deck.frame.at(col, row) = colorParts(deck.tickerStrip.at(x, y));
-  publishCell(engine, deck, col, row);
+  setCell(engine, deck, col, row, colorParts(deck.tickerStrip.at(x, y)));
 }
 
 // One line of a vertical strip enters at a row of the picture, then `step` goes on.
