@@ -5,6 +5,7 @@
 #include "platform/Events.h"
 #include "platform/HeadlessPlatform.h"
 #include "state/Engine.h"
+#include "testing/FailureOf.h"
 #include "testing/FakeHost.h"
 
 namespace korvane {
@@ -39,16 +40,5 @@ class EngineTest : public testing::Test {
   Engine engine{platform};
   Variablen& v = engine.v;
 };
-
-/// The number of the failure that an action ends with, 0 for none.
-template <class Action>
-int failureOf(Action action) {
-  try {
-    action();
-    return 0;
-  } catch (const Failure& failure) {
-    return failure.number;
-  }
-}
 
 }  // namespace korvane
