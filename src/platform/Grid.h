@@ -21,12 +21,11 @@ class Grid {
   /// Dimensions the grid anew, every element cleared. A negative count raises kSubscript.
   void redim(int cols, int rows) {
     if (cols < 0 || rows < 0) throw Failure(kSubscript, "negative grid size");
-    if ((std::int64_t{cols} + 1) * (rows + 1) > kMostCells) throw Failure(kOutOfMemory);
-    const unsigned width = static_cast<unsigned>(cols) + 1;
-    const unsigned height = static_cast<unsigned>(rows) + 1;
-    cells_.assign(std::size_t{width} * height, T{});
-    width_ = width;
-    height_ = height;
+    const std::int64_t cells = (std::int64_t{cols} + 1) * (std::int64_t{rows} + 1);
+    if (cells > kMostCells) throw Failure(kOutOfMemory);
+    cells_.assign(static_cast<std::size_t>(cells), T{});
+    width_ = static_cast<unsigned>(cols) + 1;
+    height_ = static_cast<unsigned>(rows) + 1;
   }
 
   /// Dimensions the grid anew and keeps what lies inside both sizes.
