@@ -5,7 +5,10 @@
 #include "generators/EffectDialog.h"
 #include "generators/MxColorForm.h"
 #include "generators/MxColorMixer.h"
+#include "generators/MxFire.h"
 #include "generators/MxGradientForm.h"
+#include "generators/MxTickerForm.h"
+#include "generators/MxWater.h"
 #include "state/Effect.h"
 
 namespace korvane {
@@ -17,6 +20,9 @@ struct Dialogs {
   MxColorMixer mixer;
   MxColorForm color;
   MxGradientForm gradient;
+  MxFire fire;
+  MxWater water;
+  MxTickerForm ticker;
 
   /// By effect type; nullptr for a type without a dialog.
   std::array<EffectDialog*, kEffectTypes> byType;
