@@ -3,8 +3,10 @@
 #include <array>
 
 #include "generators/EffectDialog.h"
+#include "generators/MxColorChange.h"
 #include "generators/MxColorForm.h"
 #include "generators/MxColorMixer.h"
+#include "generators/MxColorScroll.h"
 #include "generators/MxGradientForm.h"
 #include "state/Effect.h"
 
@@ -17,6 +19,8 @@ struct Dialogs {
   MxColorMixer mixer;
   MxColorForm color;
   MxGradientForm gradient;
+  MxColorChange colorChange;
+  MxColorScroll colorScroll;
 
   /// By effect type; nullptr for a type without a dialog.
   std::array<EffectDialog*, kEffectTypes> byType;
