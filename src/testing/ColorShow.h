@@ -56,10 +56,14 @@ class ColorShow {
     return runEvent(platform, action);
   }
   /// Clicks a button that a person can reach.
-  template <class Control>
-  bool press(Control& button) {
+  template <class Button>
+  bool press(Button& button) {
     EXPECT_TRUE(button.reachable()) << button.name();
     return act([&button] { button.click(); });
+  }
+  bool press(CheckBox& box) {
+    EXPECT_TRUE(box.reachable()) << box.name();
+    return act([&box] { box.setValue(1 - box.value()); });
   }
   void advance(std::int64_t milliseconds) {
     engine.timers.advanceTo(engine.timers.now() + milliseconds,
