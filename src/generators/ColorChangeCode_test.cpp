@@ -2,20 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "platform/Failure.h"
-#include "testing/ColorShow.h"
+#include "testing/ColorEffects.h"
 
 namespace korvane {
 namespace {
-
-using testing::BothDecks;
-using testing::ColorShow;
-using testing::deckName;
-using testing::expectPicture;
-using testing::kBlue;
-using testing::kGreen;
-using testing::kRed;
-using testing::paint;
 
 enum Mode : std::int16_t {
   kNone,
@@ -30,31 +23,30 @@ enum Mode : std::int16_t {
 };
 
 // Makes the deck's record a colour change and starts it.
-class ColorChange : public BothDecks {
+class ColorChange : public ColorEffectsOnDecks<kColorChange> {
  protected:
-  void start(const std::vector<Color>& colors, const std::vector<double>& times,
-             std::int16_t mode = kNone) {
-    effect.type = kColorChange;
-    effect.colorCount = static_cast<std::int16_t>(colors.size());
-    effect.colors = colors;
-    effect.itemTimes = times;
-    effect.colors.push_back(0);
-    effect.itemTimes.push_back(0);
-    if (effect.speed == 0) effect.speed = 50;
+  void play(const std::vector<Color>& colors, const std::vector<double>& times,
+            std::int16_t mode = kNone) {
+    setColors(colors, times, {});
     effect.fadeMode = mode;
     deck.savedFadeMode = mode;
-    show.start(GetParam());
+    start();
   }
 
   // A step from red to green whose transition takes one second, on a grid, and nothing of it yet.
   void startTransition(std::int16_t mode, int cols = 4, int rows = 3) {
-    show.resize(cols, rows);
+    resize(cols, rows);
     effect.amount = 100;
-    start({kRed, kGreen}, {1, 1}, mode);
-    show.advance(1000);
+    play({kRed, kGreen}, {1, 1}, mode);
+    advance(1000);
   }
 
-  void ticks(int count) { show.advance(std::int64_t{count} * deck.timer2.interval()); }
+  static bool differsFromBlack(const Frame& frame) {
+    return std::any_of(frame.data(), frame.data() + frame.span(),
+                       [](const Rgb& cell) { return cell != Rgb{}; });
+  }
+
+  void ticks(int count) { advance(std::int64_t{count} * deck.timer2.interval()); }
 };
 
 KORVANE_BOTH_DECKS(ColorChange);
@@ -95,10 +87,10 @@ TEST(ColorHoldInterval, OverflowsBeyond32Bits) {
 }
 
 TEST_P(ColorChange, WithoutAColourClearsRedAloneAndSaysSo) {
-  show.resize(2, 2);
+  resize(2, 2);
   effect.type = kColorChange;
   deck.frame.fill({1, 2, 3});
-  engine.v.frameM.fill({9, 9, 9});
+  v.frameM.fill({9, 9, 9});
   const Raster preview = deck.picture.raster();
   deck.timer1.enable();
   deck.timer2.enable();
@@ -106,72 +98,72 @@ TEST_P(ColorChange, WithoutAColourClearsRedAloneAndSaysSo) {
   EXPECT_EQ(deck.frame.at(0, 0), (Rgb{0, 2, 3}));
   EXPECT_EQ(deck.frame.at(1, 1), (Rgb{0, 2, 3}));
   EXPECT_EQ(deck.picture.raster(), preview) << "no preview is refreshed";
-  EXPECT_EQ(engine.v.frameM.at(0, 0), (Rgb{9, 9, 9}));
-  EXPECT_EQ(show.platform.boxes,
+  EXPECT_EQ(v.frameM.at(0, 0), (Rgb{9, 9, 9}));
+  EXPECT_EQ(platform.boxes,
             std::vector<std::string>{"ColorChange not configured ! Please edit Effect."});
   EXPECT_FALSE(deck.timer1.enabled());
   EXPECT_FALSE(deck.timer2.enabled());
 }
 
 TEST_P(ColorChange, OneColourIsStaticAndRunsNoTimer) {
-  show.resize(2, 1);
-  start({kGreen}, {1});
+  resize(2, 1);
+  play({kGreen}, {1});
   expectPicture(deck.frame, {"GG"});
   EXPECT_FALSE(deck.timer1.enabled());
   EXPECT_FALSE(deck.timer2.enabled());
-  EXPECT_TRUE(show.platform.failures.empty());
+  EXPECT_TRUE(platform.failures.empty());
 }
 
 TEST_P(ColorChange, HoldsEachColourForItsTimeToTheMillisecondAndWraps) {
-  show.resize(1, 1);
-  start({kRed, kGreen}, {1, 2});
+  resize(1, 1);
+  play({kRed, kGreen}, {1, 2});
   for (int round = 0; round < 3; ++round) {
     expectPicture(deck.frame, {"R"});
-    show.advance(999);
+    advance(999);
     expectPicture(deck.frame, {"R"});
-    show.advance(1);
+    advance(1);
     expectPicture(deck.frame, {"G"});
     EXPECT_EQ(deck.colorIndex, 1);
-    show.advance(1999);
+    advance(1999);
     expectPicture(deck.frame, {"G"});
-    show.advance(1);
+    advance(1);
     EXPECT_EQ(deck.colorIndex, 0);
   }
 }
 
 TEST_P(ColorChange, NotesTheColourBeforeInColor2) {
-  start({kRed, kGreen, kBlue}, {1, 1, 1});
+  play({kRed, kGreen, kBlue}, {1, 1, 1});
   EXPECT_EQ(effect.color1, kRed);
-  show.advance(1000);
+  advance(1000);
   EXPECT_EQ(effect.color2, kRed);
   EXPECT_EQ(effect.color1, kGreen);
-  show.advance(2000);
+  advance(2000);
   EXPECT_EQ(effect.color2, kBlue);
   EXPECT_EQ(effect.color1, kRed);
 }
 
 TEST_P(ColorChange, AnUnsetSpeedBecomes50) {
-  start({kRed, kGreen}, {1, 1});
+  play({kRed, kGreen}, {1, 1});
   effect.speed = 0;
-  show.start(GetParam());
+  start();
   EXPECT_EQ(effect.speed, 50);
   EXPECT_EQ(deck.timer1.interval(), 1000);
 }
 
 TEST_P(ColorChange, AnUnsetSpeedOfAStaticColourStaysUnset) {
-  start({kRed}, {1});
+  play({kRed}, {1});
   effect.speed = 0;
-  show.start(GetParam());
+  start();
   EXPECT_EQ(effect.speed, 0);
 }
 
 TEST_P(ColorChange, DeckBStretchesItsFirstIntervalAtHighSpeeds) {
   effect.speed = 100;
-  start({kRed, kGreen}, {1, 2});
+  play({kRed, kGreen}, {1, 2});
   EXPECT_EQ(deck.timer1.interval(), isB() ? 3000 : 333);
-  show.advance(deck.timer1.interval());
+  advance(deck.timer1.interval());
   EXPECT_EQ(deck.timer1.interval(), 667);
-  show.advance(667);
+  advance(667);
   EXPECT_EQ(deck.timer1.interval(), 333);
 }
 
@@ -179,34 +171,34 @@ TEST_P(ColorChange, FirstIntervalsOfTheDecksAgreeUpToSpeed50) {
   for (const auto& [speed, interval] :
        {std::pair(1, 2960), std::pair(25, 2000), std::pair(50, 1000)}) {
     effect.speed = static_cast<std::int16_t>(speed);
-    start({kRed, kGreen}, {1, 1});
+    play({kRed, kGreen}, {1, 1});
     EXPECT_EQ(deck.timer1.interval(), interval);
   }
 }
 
 TEST_P(ColorChange, OnTheBeatDeckBStartsItsTimerAllTheSame) {
   effect.beatControl = 1;
-  start({kRed, kGreen}, {1, 1});
+  play({kRed, kGreen}, {1, 1});
   EXPECT_EQ(deck.timer1.enabled(), isB());
 }
 
 TEST_P(ColorChange, ATimeOf0StopsTheTicking) {
-  start({kRed, kGreen, kBlue}, {1, 0, 1});
-  show.advance(1000);
+  play({kRed, kGreen, kBlue}, {1, 0, 1});
+  advance(1000);
   EXPECT_EQ(deck.colorIndex, 1);
   EXPECT_TRUE(deck.timer1.enabled());
   EXPECT_EQ(deck.timer1.interval(), 0);
-  show.advance(1'000'000);
+  advance(1'000'000);
   EXPECT_EQ(deck.colorIndex, 1);
 }
 
 TEST_P(ColorChange, MissingTimesFailAndLeaveTheColourShowing) {
-  show.resize(1, 1);
-  start({kRed, kGreen}, {1, 1});
+  resize(1, 1);
+  play({kRed, kGreen}, {1, 1});
   effect.itemTimes.clear();
-  show.advance(1000);
-  ASSERT_EQ(show.platform.failures.size(), 1U);
-  EXPECT_EQ(show.platform.failures[0].number, kSubscript);
+  advance(1000);
+  ASSERT_EQ(platform.failures.size(), 1U);
+  EXPECT_EQ(platform.failures[0].number, kSubscript);
   EXPECT_FALSE(deck.timer1.enabled());
   expectPicture(deck.frame, {"R"});
 }
@@ -219,7 +211,7 @@ struct Ticks {
 };
 
 TEST_P(ColorChange, EachModeHasItsTicksWithinTheWholeTime) {
-  show.resize(12, 10);
+  resize(12, 10);
   for (const Ticks& row : {
            Ticks{kFade, 0, 80, 138},
            Ticks{kFade, 29, 80, 101},
@@ -239,8 +231,8 @@ TEST_P(ColorChange, EachModeHasItsTicksWithinTheWholeTime) {
            Ticks{kWipeRight, 0, 12, 917},
        }) {
     effect.amount = row.amount;
-    start({kRed, kGreen}, {1, 1}, row.mode);
-    show.advance(1000);
+    play({kRed, kGreen}, {1, 1}, row.mode);
+    advance(1000);
     EXPECT_EQ(deck.steps, row.steps) << row.mode << " at " << row.amount;
     EXPECT_EQ(deck.timer2.interval(), row.interval) << row.mode << " at " << row.amount;
     EXPECT_TRUE(deck.timer2.enabled());
@@ -258,17 +250,17 @@ TEST_P(ColorChange, RandomOn144CellsTicksEvery7Milliseconds) {
 TEST_P(ColorChange, ACycleLastsItsHoldTimeAndItsTransition) {
   startTransition(kWipeDown, 4, 3);  // 3 ticks of 333 ms, then the closing one
   EXPECT_FALSE(deck.timer1.enabled());
-  show.advance(3 * 333);
+  advance(3 * 333);
   expectPicture(deck.frame, {"GGGG", "GGGG", "GGGG"});
   EXPECT_TRUE(deck.transitionRunning);
   EXPECT_FALSE(deck.timer1.enabled());
-  show.advance(333);
+  advance(333);
   EXPECT_FALSE(deck.transitionRunning);
   EXPECT_FALSE(deck.timer2.enabled());
   EXPECT_TRUE(deck.timer1.enabled());
-  show.advance(999);
+  advance(999);
   EXPECT_FALSE(deck.transitionRunning);
-  show.advance(1);
+  advance(1);
   EXPECT_TRUE(deck.transitionRunning);
   EXPECT_EQ(effect.color1, kRed);
 }
@@ -299,8 +291,8 @@ TEST_P(ColorChange, RandomPaintsOneCellATickUntilAllAreDone) {
   for (int painted = 1; painted <= 12; ++painted) {
     ticks(1);
     int green = 0;
-    for (const std::string& row : testing::drawing(deck.frame))
-      green += static_cast<int>(std::count(row.begin(), row.end(), 'G'));
+    for (int cell = 0; cell < 12; ++cell)
+      green += rgb(deck.frame.at(cell % 4, cell / 4)) == kGreen ? 1 : 0;
     EXPECT_EQ(green, painted);
   }
   EXPECT_TRUE(deck.transitionRunning);
@@ -320,7 +312,7 @@ TEST_P(ColorChange, RandomGoesThroughTheRowsOfTheDrawnOrder) {
 }
 
 TEST_P(ColorChange, TheOrderIsAShuffleOfAllCellsDrawnFromTheClock) {
-  show.platform.time = 45'296'789;  // ms after midnight
+  platform.time = 45'296'789;  // ms after midnight
   startTransition(kRandomCells, 4, 3);
   const std::vector<std::int32_t> first = deck.cellOrder;
   ASSERT_EQ(first.size(), 13U);
@@ -330,7 +322,7 @@ TEST_P(ColorChange, TheOrderIsAShuffleOfAllCellsDrawnFromTheClock) {
   for (int cell = 0; cell < 12; ++cell) EXPECT_EQ(sorted[static_cast<std::size_t>(cell)], cell);
   startTransition(kRandomCells, 4, 3);
   EXPECT_EQ(deck.cellOrder, first);
-  show.platform.time = 45'300'000;
+  platform.time = 45'300'000;
   startTransition(kRandomCells, 4, 3);
   EXPECT_NE(deck.cellOrder, first);
 }
@@ -395,18 +387,18 @@ TEST_P(ColorChange, ScrollRightWipesColumnsFromTheLeft) {
 
 TEST_P(ColorChange, AWipeLeavesWhatItHasNotReachedAsItWas) {
   startTransition(kWipeRight);
-  paint(deck.frame, {"BWB.", "WBW.", "BWB."});
+  deck.frame = frameOf({"BWB.", "WBW.", "BWB."});
   ticks(2);
   expectPicture(deck.frame, {"GGB.", "GGW.", "GGB."});
 }
 
 TEST_P(ColorChange, AModeThatDoesNotExistStandsStill) {
   for (const int mode : {-1, 9, 32767}) {
-    start({kRed, kGreen}, {1, 1}, static_cast<std::int16_t>(mode));
+    play({kRed, kGreen}, {1, 1}, static_cast<std::int16_t>(mode));
     deck.timer2.enable();
-    show.advance(999);
+    advance(999);
     deck.timer2.enable();
-    show.advance(1);
+    advance(1);
     EXPECT_FALSE(deck.timer1.enabled());
     EXPECT_FALSE(deck.timer2.enabled());
     expectPicture(deck.frame, {"RRRR", "RRRR", "RRRR", "RRRR"});
@@ -414,11 +406,11 @@ TEST_P(ColorChange, AModeThatDoesNotExistStandsStill) {
 }
 
 TEST_P(ColorChange, ATransitionTickOfAModeWithoutTransitionOnlyLeavesTheTimerOff) {
-  start({kRed, kGreen}, {100, 100});
+  play({kRed, kGreen}, {100, 100});
   effect.beatControl = 1;
   deck.timer1.disable();
   deck.timer2.enable();
-  show.advance(1000);
+  advance(1000);
   EXPECT_FALSE(deck.timer1.enabled()) << "a beat's lock-out is no end of a transition";
   EXPECT_FALSE(deck.timer2.enabled());
 }
@@ -435,19 +427,20 @@ TEST_P(ColorChange, TheEndOfATransitionReturnsToTheModeLastChosen) {
 TEST_P(ColorChange, AGridWithoutCellsCannotRunATransition) {
   startTransition(kNone, 1, 1);
   effect.fadeMode = kWipeUp;
-  show.platform.failures.clear();
-  engine.v.matrixRows = 0;
-  show.act([this] { colorChangeStep(engine, deck); });
-  ASSERT_EQ(show.platform.failures.size(), 1U);
-  EXPECT_EQ(show.platform.failures[0].number, kDivisionByZero);
+  platform.failures.clear();
+  v.matrixRows = 0;
+  event([this] { colorChangeStep(engine, deck); });
+  ASSERT_EQ(platform.failures.size(), 1U);
+  EXPECT_EQ(platform.failures[0].number, kDivisionByZero);
 }
 
 TEST_P(ColorChange, AGridOfMoreThan32767CellsOverflowsTheTicksOfAShuffle) {
-  startTransition(kNone, 182, 181);
+  startTransition(kNone, 1, 1);
+  dimension(182, 181);
   effect.fadeMode = kRandomCells;
-  show.act([this] { colorChangeStep(engine, deck); });
-  ASSERT_EQ(show.platform.failures.size(), 1U);
-  EXPECT_EQ(show.platform.failures[0].number, kOverflow);
+  event([this] { colorChangeStep(engine, deck); });
+  ASSERT_EQ(platform.failures.size(), 1U);
+  EXPECT_EQ(platform.failures[0].number, kOverflow);
 }
 
 // Who mixes during a master fade.
@@ -474,36 +467,35 @@ TEST_P(ColorChange, DuringAMasterFadeOnlyStepsLongEnoughLeaveRoomToMix) {
            MixCase{kFillUpward, 200, false},
            MixCase{kFillUpward, 201, true},
        }) {
-    engine.v.fadeRunning = false;
+    v.fadeRunning = false;
     startTransition(row.mode, 3, 3);
-    engine.v.fadeRunning = true;
-    engine.v.masterValue = isB() ? 1 : 0;
+    v.fadeRunning = true;
+    v.masterValue = isB() ? 1 : 0;
     engine.master.timerM.setInterval(row.interval);
-    paint(engine.v.frameM, {"...", "...", "..."});
+    v.frameM = frameOf({"...", "...", "..."});
     ticks(1);
-    const std::vector<std::string> black = {"...", "...", "..."};
-    EXPECT_EQ(testing::drawing(engine.v.frameM) != black, row.mixes)
+    EXPECT_EQ(differsFromBlack(v.frameM), row.mixes)
         << "mode " << row.mode << " at " << row.interval << " ms";
   }
 }
 
 TEST_P(ColorChange, ACutNeverMixesDuringAMasterFadeHoweverLongItsSteps) {
   startTransition(kNone, 1, 1);
-  engine.v.fadeRunning = true;
+  v.fadeRunning = true;
   engine.master.timerM.setInterval(5000);
-  const Rgb before = engine.v.frameM.at(0, 0);
-  show.advance(1000);
+  const Rgb before = v.frameM.at(0, 0);
+  advance(1000);
   expectPicture(deck.frame, {"R"});
-  EXPECT_EQ(engine.v.frameM.at(0, 0), before);
+  EXPECT_EQ(v.frameM.at(0, 0), before);
 }
 
 TEST_P(ColorChange, ACellTickMixesThatCellAlone) {
   startTransition(kRandomCells, 3, 3);
-  engine.v.masterValue = isB() ? 1 : 0;
+  v.masterValue = isB() ? 1 : 0;
   deck.cellOrder.assign(10, 4);
-  paint(engine.v.frameM, {"...", "...", "..."});
+  v.frameM = frameOf({"...", "...", "..."});
   ticks(1);
-  expectPicture(engine.v.frameM, {"...", ".G.", "..."});
+  expectPicture(v.frameM, {"...", ".G.", "..."});
 }
 
 }  // namespace

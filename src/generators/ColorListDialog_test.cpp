@@ -5,36 +5,27 @@
 #include <tuple>
 
 #include "platform/Failure.h"
-#include "testing/ColorShow.h"
+#include "testing/ColorEffects.h"
 
 namespace korvane {
 namespace {
 
-using testing::ColorShow;
-using testing::kBlue;
-using testing::kGreen;
-using testing::kRed;
-
 // What the dialogs of Color Change and Color Scroll have in common, over both and both decks.
-class ColorList : public ::testing::TestWithParam<std::tuple<EffectType, Side>> {
+class ColorList : public ColorEffects,
+                  public testing::WithParamInterface<std::tuple<EffectType, Side>> {
  protected:
-  ColorList() {
-    effect.type = type;
-    effect.speed = 50;
+  ColorList() : ColorEffects(std::get<0>(GetParam()), std::get<1>(GetParam())) {
     effect.amount = 100;
     effect.direction = 1;
-    show.platform.format = {',', '.'};
+    platform.format = {',', '.'};
   }
 
   // A running effect with these colours, each for 2 seconds or of width 2, and its dialog open.
   void open(const std::vector<Color>& colors) {
-    effect.colorCount = static_cast<std::int16_t>(colors.size());
-    effect.colors = colors;
-    effect.colors.push_back(0);
-    effect.itemTimes.assign(effect.colors.size(), 2);
-    effect.itemWidths.assign(effect.colors.size(), 2);
-    show.start(side);
-    ASSERT_TRUE(show.press(show.panel(side).edit));
+    setColors(colors, std::vector<double>(colors.size(), 2),
+              std::vector<std::int32_t>(colors.size(), 2));
+    start();
+    ASSERT_TRUE(edit());
     ASSERT_TRUE(dialog.visible());
   }
 
@@ -46,33 +37,29 @@ class ColorList : public ::testing::TestWithParam<std::tuple<EffectType, Side>> 
   std::vector<Color> stored() const {
     return {effect.colors.begin(), effect.colors.begin() + effect.colorCount};
   }
-  std::string number(int row) const { return dialog.ColorList.cell(row, 1); }
+  std::string cellText(int row) const { return dialog.ColorList.cell(row, 1); }
   double storedNumber(std::size_t index) const {
-    return type == kColorChange ? effect.itemTimes.at(index) : effect.itemWidths.at(index);
+    return isChange ? effect.itemTimes.at(index) : effect.itemWidths.at(index);
   }
-  void pick(int row, int col) {
-    show.act([&] { dialog.ColorList.click(row, col); });
+  void pickCell(int row, int col) {
+    event([&] { dialog.ColorList.click(row, col); });
   }
   void enter(const std::string& text) {
-    show.act([&] { dialog.ColorList.endEdit(text); });
+    event([&] { dialog.ColorList.endEdit(text); });
   }
   void pickColor(Color color) {
-    MxColorMixer& mixer = show.plugin.dialogs.mixer;
+    MxColorMixer& mixer = plugin.dialogs.mixer;
     ASSERT_TRUE(mixer.visible());
     mixer.Sred.setValue(colorPart(color, kRedMask));
     mixer.Sgreen.setValue(colorPart(color, kGreenMask));
     mixer.Sblue.setValue(colorPart(color, kBlueMask));
-    show.press(mixer.Bok);
+    click(mixer.Bok);
   }
 
-  const EffectType type = std::get<0>(GetParam());
-  const Side side = std::get<1>(GetParam());
-  ColorShow show;
-  Deck& deck = show.deck(side);
-  Effect& effect = deck.effect();
-  ColorListDialog& dialog = type == kColorChange
-                                ? static_cast<ColorListDialog&>(show.plugin.dialogs.colorChange)
-                                : show.plugin.dialogs.colorScroll;
+  Deck& other = isB() ? v.A : v.B;
+  const bool isChange = std::get<0>(GetParam()) == kColorChange;
+  ColorListDialog& dialog = isChange ? static_cast<ColorListDialog&>(plugin.dialogs.colorChange)
+                                     : plugin.dialogs.colorScroll;
 };
 
 INSTANTIATE_TEST_SUITE_P(Dialog, ColorList,
@@ -90,60 +77,59 @@ TEST_P(ColorList, OpensWithOneEntryPerColourDrawnInIt) {
   EXPECT_EQ(dialog.myName.text(), "sunset");
   EXPECT_EQ(listed(), (std::vector<Color>{kRed, kGreen}));
   EXPECT_EQ(dialog.ColorList.row(0).text, "||||||||||||");
-  EXPECT_EQ(number(0), "2");
+  EXPECT_EQ(cellText(0), "2");
   EXPECT_DOUBLE_EQ(dialog.ColorList.columns().at(0).width, 0.6);
   EXPECT_DOUBLE_EQ(dialog.ColorList.columns().at(1).width, 0.3);
   EXPECT_EQ(dialog.ColorList.columns().at(0).title, "Color");
-  EXPECT_EQ(dialog.ColorList.columns().at(1).title, type == kColorChange ? "Time(s)" : "Width");
+  EXPECT_EQ(dialog.ColorList.columns().at(1).title, isChange ? "Time(s)" : "Width");
 }
 
 TEST_P(ColorList, OpensForAnEffectWithoutColoursAndFillsIt) {
   effect.speed = 30;
   open({});
-  EXPECT_TRUE(show.platform.failures.empty());
+  EXPECT_TRUE(platform.failures.empty());
   EXPECT_EQ(dialog.ColorList.count(), 0);
   for (const Color color : {kRed, kBlue}) {
-    show.press(dialog.addColor);
+    click(dialog.addColor);
     pickColor(color);
   }
-  EXPECT_TRUE(show.platform.failures.empty());
+  EXPECT_TRUE(platform.failures.empty());
   EXPECT_EQ(stored(), (std::vector<Color>{kRed, kBlue}));
   EXPECT_TRUE(deck.timer1.enabled());
 }
 
 TEST_P(ColorList, OpensAgainForTheOtherDecksRecord) {
   open({kRed, kGreen});
-  const Side other = side == Side::A ? Side::B : Side::A;
-  Effect& second = show.effect(other);
-  second.type = type;
+  Effect& second = other.effect();
+  second.type = effect.type;
   second.speed = 70;
-  second.colorCount = 1;
-  second.colors = {kBlue, 0};
-  second.itemTimes = {1, 0};
-  second.itemWidths = {4, 0};
-  show.start(other);
-  show.press(show.panel(other).edit);
-  EXPECT_EQ(listed(), std::vector<Color>{kBlue});
+  second.colorCount = 2;
+  second.colors = {kBlue, kRed, 0};
+  second.itemTimes = {1, 1, 0};
+  second.itemWidths = {4, 1, 0};
+  pick(other.efxList, 0);
+  click((isB() ? plugin.matrixForm.panelA : plugin.matrixForm.panelB).edit);
+  EXPECT_EQ(listed(), (std::vector<Color>{kBlue, kRed}));
   EXPECT_EQ(stored(), (std::vector<Color>{kRed, kGreen}));
   EXPECT_EQ(effect.speed, 50);
 }
 
 TEST_P(ColorList, AddOpensTheMixerAtBlack) {
   open({kRed, kGreen});
-  show.press(dialog.addColor);
-  EXPECT_TRUE(show.plugin.dialogs.mixer.modal());
-  EXPECT_EQ(show.plugin.dialogs.mixer.Presult.backColor(), 0);
-  EXPECT_FALSE(show.plugin.dialogs.mixer.caption().empty());
+  click(dialog.addColor);
+  EXPECT_TRUE(plugin.dialogs.mixer.modal());
+  EXPECT_EQ(plugin.dialogs.mixer.Presult.backColor(), 0);
+  EXPECT_FALSE(plugin.dialogs.mixer.caption().empty());
 }
 
 TEST_P(ColorList, AnAddedColourGetsItsFirstNumberAndIsNotSelected) {
   open({kRed, kGreen});
-  pick(1, 0);
-  show.press(dialog.addColor);
+  pickCell(1, 0);
+  click(dialog.addColor);
   pickColor(kBlue);
   EXPECT_EQ(listed(), (std::vector<Color>{kRed, kGreen, kBlue}));
-  EXPECT_EQ(number(2), type == kColorChange ? "3,00" : "1");
-  EXPECT_EQ(storedNumber(2), type == kColorChange ? 3 : 1);
+  EXPECT_EQ(cellText(2), isChange ? "3,00" : "1");
+  EXPECT_EQ(storedNumber(2), isChange ? 3 : 1);
   EXPECT_FALSE(dialog.ColorList.row(2).selected);
   EXPECT_EQ(stored(), (std::vector<Color>{kRed, kGreen, kBlue}));
   EXPECT_EQ(effect.colors.size(), 4U);
@@ -151,26 +137,26 @@ TEST_P(ColorList, AnAddedColourGetsItsFirstNumberAndIsNotSelected) {
 }
 
 TEST_P(ColorList, TheFirstNumberIsReadUnderEveryLocale) {
-  show.platform.format = {'.', ','};
+  platform.format = {'.', ','};
   open({kRed});
-  show.press(dialog.addColor);
+  click(dialog.addColor);
   pickColor(kBlue);
-  EXPECT_EQ(storedNumber(1), type == kColorChange ? 3 : 1);
+  EXPECT_EQ(storedNumber(1), isChange ? 3 : 1);
 }
 
 TEST_P(ColorList, AMixerLeftWithCancelAddsTheColourOfThePreviousUse) {
   open({kRed, kGreen});
-  show.engine.v.pickedColorBefore = kBlue;
-  show.press(dialog.addColor);
-  show.press(show.plugin.dialogs.mixer.Bcancel);
+  v.pickedColorBefore = kBlue;
+  click(dialog.addColor);
+  click(plugin.dialogs.mixer.Bcancel);
   EXPECT_EQ(listed(), (std::vector<Color>{kRed, kGreen, kBlue}));
 }
 
 TEST_P(ColorList, RemoveTakesTheSelectedEntry) {
   open({kRed, kGreen, kBlue});
-  pick(1, 0);
+  pickCell(1, 0);
   deck.colorIndex = 0;
-  show.press(dialog.removeColor);
+  click(dialog.removeColor);
   EXPECT_EQ(listed(), (std::vector<Color>{kRed, kBlue}));
   EXPECT_EQ(stored(), (std::vector<Color>{kRed, kBlue}));
   EXPECT_EQ(effect.colors.size(), 3U);
@@ -179,17 +165,17 @@ TEST_P(ColorList, RemoveTakesTheSelectedEntry) {
 TEST_P(ColorList, RemoveWithoutASelectionChangesNothing) {
   open({kRed, kGreen});
   dialog.ColorList.unselectAll();
-  show.press(dialog.removeColor);
+  click(dialog.removeColor);
   EXPECT_EQ(stored(), (std::vector<Color>{kRed, kGreen}));
 }
 
 TEST_P(ColorList, TheLastColourCanBeRemoved) {
   open({kRed});
   dialog.ColorList.select(0);
-  show.press(dialog.removeColor);
+  click(dialog.removeColor);
   EXPECT_EQ(effect.colorCount, 0);
   EXPECT_EQ(effect.colors, std::vector<Color>{0});
-  show.press(dialog.OK);
+  click(dialog.OK);
   EXPECT_FALSE(deck.efxEdited.at(0));
 }
 
@@ -197,13 +183,13 @@ TEST_P(ColorList, UpAndDownExchangeWithTheNeighbourAndTakeTheSelectionAlong) {
   open({kRed, kGreen, kBlue});
   dialog.ColorList.setCell(2, 1, "7");
   dialog.ColorList.select(2);
-  show.press(dialog.upColor);
+  click(dialog.upColor);
   EXPECT_EQ(listed(), (std::vector<Color>{kRed, kBlue, kGreen}));
-  EXPECT_EQ(number(1), "7");
+  EXPECT_EQ(cellText(1), "7");
   EXPECT_EQ(dialog.ColorList.selected(), 1);
   EXPECT_EQ(stored(), (std::vector<Color>{kRed, kBlue, kGreen}));
   EXPECT_EQ(storedNumber(1), 7);
-  show.press(dialog.downColor);
+  click(dialog.downColor);
   EXPECT_EQ(stored(), (std::vector<Color>{kRed, kGreen, kBlue}));
   EXPECT_EQ(storedNumber(2), 7);
   EXPECT_EQ(dialog.ColorList.selected(), 2);
@@ -212,47 +198,47 @@ TEST_P(ColorList, UpAndDownExchangeWithTheNeighbourAndTakeTheSelectionAlong) {
 TEST_P(ColorList, UpAndDownStopAtTheEndsAndNeedASelection) {
   open({kRed, kGreen});
   dialog.ColorList.select(0);
-  show.press(dialog.upColor);
+  click(dialog.upColor);
   dialog.ColorList.select(1);
-  show.press(dialog.downColor);
+  click(dialog.downColor);
   dialog.ColorList.unselectAll();
-  show.press(dialog.upColor);
-  show.press(dialog.downColor);
+  click(dialog.upColor);
+  click(dialog.downColor);
   EXPECT_EQ(stored(), (std::vector<Color>{kRed, kGreen}));
-  EXPECT_TRUE(show.platform.failures.empty());
+  EXPECT_TRUE(platform.failures.empty());
 }
 
 TEST_P(ColorList, AClickOnAColourShowsItAndGoesOnFromThere) {
-  show.resize(2, 1);
+  resize(2, 1);
   open({kRed, kGreen});
   deck.timer1.disable();
   deck.timer1.setInterval(7);
-  pick(1, 0);
-  testing::expectPicture(deck.frame, {"GG"});
+  pickCell(1, 0);
+  expectPicture(deck.frame, {"GG"});
   EXPECT_EQ(effect.color1, kGreen);
   EXPECT_EQ(deck.colorIndex, 1);
   EXPECT_TRUE(deck.timer1.enabled());
-  EXPECT_EQ(deck.timer1.interval(), type == kColorChange ? 2000 : 2050);
+  EXPECT_EQ(deck.timer1.interval(), isChange ? 2000 : 2050);
 }
 
 TEST_P(ColorList, AClickOnTheOnlyColourShowsItAndStartsNothing) {
-  show.resize(1, 1);
+  resize(1, 1);
   open({kBlue});
   deck.frame.fill({});
-  pick(0, 0);
-  testing::expectPicture(deck.frame, {"B"});
+  pickCell(0, 0);
+  expectPicture(deck.frame, {"B"});
   EXPECT_FALSE(deck.timer1.enabled());
 }
 
 TEST_P(ColorList, AClickOnTheNumberOpensTheEditorAndShowsNothing) {
-  show.resize(1, 1);
+  resize(1, 1);
   open({kRed, kGreen});
-  const std::vector<std::string> before = testing::drawing(deck.frame);
-  pick(1, 1);
+  deck.frame = frameOf({"W"});
+  pickCell(1, 1);
   EXPECT_TRUE(dialog.ColorList.editing());
   EXPECT_EQ(dialog.ColorList.editRow(), 1);
   EXPECT_EQ(dialog.ColorList.editCol(), 1);
-  testing::expectPicture(deck.frame, before);
+  expectPicture(deck.frame, {"W"});
 }
 
 struct Edit {
@@ -275,18 +261,18 @@ TEST_P(ColorList, TheEditorNormalisesWhatIsTyped) {
            Edit{"1e400", "2", "2"},
        }) {
     open({kRed, kGreen});
-    pick(1, 1);
+    pickCell(1, 1);
     enter(row.typed);
-    EXPECT_EQ(number(1), type == kColorChange ? row.time : row.width) << "'" << row.typed << "'";
+    EXPECT_EQ(cellText(1), isChange ? row.time : row.width) << "'" << row.typed << "'";
     EXPECT_FALSE(dialog.ColorList.editing());
   }
 }
 
 TEST_P(ColorList, AnEditReachesTheRecord) {
   open({kRed, kGreen});
-  pick(1, 1);
+  pickCell(1, 1);
   enter("4.4");
-  EXPECT_DOUBLE_EQ(storedNumber(1), type == kColorChange ? 4.4 : 4);
+  EXPECT_DOUBLE_EQ(storedNumber(1), isChange ? 4.4 : 4);
 }
 
 TEST_P(ColorList, TheFirstColumnTakesWhatIsTyped) {
@@ -300,41 +286,41 @@ TEST_P(ColorList, TheFirstColumnTakesWhatIsTyped) {
 TEST_P(ColorList, BeatControlTurnsTheTimersOffAndLocksOutFor200Milliseconds) {
   open({kRed, kGreen});
   deck.timer2.enable();
-  show.press(dialog.beatControl);
+  toggle(dialog.beatControl);
   EXPECT_FALSE(deck.timer1.enabled());
   EXPECT_FALSE(deck.timer2.enabled());
   EXPECT_EQ(deck.timer2.interval(), 200);
   EXPECT_EQ(effect.beatControl, 1);
   EXPECT_TRUE(deck.beatOn);
-  EXPECT_TRUE(show.engine.v.beatControlSeen);
-  EXPECT_FALSE(show.deck(side == Side::A ? Side::B : Side::A).beatOn);
+  EXPECT_TRUE(v.beatControlSeen);
+  EXPECT_FALSE(other.beatOn);
 }
 
 TEST_P(ColorList, BeatControlOffRunsTheStepTimerAgain) {
   open({kRed, kGreen});
-  show.press(dialog.beatControl);
-  show.press(dialog.beatControl);
+  toggle(dialog.beatControl);
+  toggle(dialog.beatControl);
   EXPECT_TRUE(deck.timer1.enabled());
   EXPECT_EQ(effect.beatControl, 0);
   EXPECT_FALSE(deck.beatOn);
-  EXPECT_FALSE(show.engine.v.beatControlSeen);
+  EXPECT_FALSE(v.beatControlSeen);
 }
 
 TEST_P(ColorList, BeatControlOffWithOneColourLeavesTheTimerOff) {
   open({kRed});
-  show.press(dialog.beatControl);
-  show.press(dialog.beatControl);
+  toggle(dialog.beatControl);
+  toggle(dialog.beatControl);
   EXPECT_FALSE(deck.timer1.enabled());
 }
 
 TEST_P(ColorList, EnterInTheNameActsAsOK) {
   open({kRed, kGreen});
-  show.act([this] {
+  event([this] {
     dialog.myName.setText("dusk");
     dialog.myName.keyPress('x');
   });
   EXPECT_TRUE(dialog.visible());
-  show.act([this] { dialog.myName.keyPress(13); });
+  event([this] { dialog.myName.keyPress(13); });
   EXPECT_FALSE(dialog.visible());
   EXPECT_EQ(deck.efxList.row(0).text, "dusk");
   EXPECT_TRUE(deck.efxEdited.at(0));

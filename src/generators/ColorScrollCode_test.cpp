@@ -3,41 +3,25 @@
 #include <gtest/gtest.h>
 
 #include "platform/Failure.h"
-#include "testing/ColorShow.h"
+#include "testing/ColorEffects.h"
 
 namespace korvane {
 namespace {
-
-using testing::BothDecks;
-using testing::expectPicture;
-using testing::kBlue;
-using testing::kGreen;
-using testing::kRed;
-using testing::paint;
 
 constexpr Rgb kRedCell = {255, 0, 0};
 constexpr Rgb kBlueCell = {0, 0, 255};
 constexpr Rgb kBetween = {128, 0, 128};
 
-class ColorScroll : public BothDecks {
+class ColorScroll : public ColorEffectsOnDecks<kColorScroll> {
  protected:
-  void SetUp() override {
-    effect.type = kColorScroll;
-    effect.speed = 50;
-  }
-
   void setBands(const std::vector<Color>& colors, const std::vector<std::int32_t>& widths) {
-    effect.colorCount = static_cast<std::int16_t>(colors.size());
-    effect.colors = colors;
-    effect.itemWidths = widths;
-    effect.colors.push_back(0);
-    effect.itemWidths.push_back(0);
+    setColors(colors, {}, widths);
   }
 
   // A grid that shows a picture, and a strip of red, green, blue.
-  void setPicture(int direction, const std::vector<std::string>& picture) {
-    show.resize(static_cast<int>(picture[0].size()), static_cast<int>(picture.size()));
-    paint(deck.frame, picture);
+  void setPicture(int direction, const Drawing& picture) {
+    resize(static_cast<int>(picture[0].size()), static_cast<int>(picture.size()));
+    deck.frame = frameOf(picture);
     setBands({kRed, kGreen, kBlue}, {1, 1, 1});
     effect.direction = static_cast<std::int16_t>(direction);
     deck.colorIndex = 0;
@@ -50,9 +34,9 @@ class ColorScroll : public BothDecks {
   }
 
   int failureOfBuild() {
-    show.platform.failures.clear();
-    show.act([this] { buildScrollStrip(engine, deck); });
-    return show.platform.failures.empty() ? 0 : show.platform.failures[0].number;
+    platform.failures.clear();
+    event([this] { buildScrollStrip(engine, deck); });
+    return platform.failures.empty() ? 0 : platform.failures[0].number;
   }
 };
 
@@ -151,18 +135,18 @@ TEST_P(ColorScroll, WidthsThatAFileMadeAbsurdFailAndHarmNothing) {
 // The ticks.
 
 TEST_P(ColorScroll, TheStripWrapsAfterItsLastEntry) {
-  show.resize(1, 1);
+  resize(1, 1);
   setBands({kRed, kBlue}, {2, 3});
   effect.direction = 1;
   deck.colorIndex = 0;
   buildScrollStrip(engine, deck);
-  std::string seen;
+  std::vector<Rgb> seen;
   for (int i = 0; i < 7; ++i) {
     tick();
-    seen += testing::drawing(deck.frame)[0];
+    seen.push_back(deck.frame.at(0, 0));
     EXPECT_EQ(deck.colorIndex, (i + 1) % 5);
   }
-  EXPECT_EQ(seen, "RRBBBRR");
+  expectPicture(seen, {"RRBBBRR"});
 }
 
 TEST_P(ColorScroll, Direction1Up) {
@@ -294,10 +278,10 @@ TEST_P(ColorScroll, EveryDirectionFillsASingleCell) {
 TEST_P(ColorScroll, AnyOtherDirectionMovesNothingAndStillAdvances) {
   for (const int direction : {0, -1, 13, 32767}) {
     setPicture(direction, {"WB", ".G"});
-    engine.v.masterValue = isB() ? 1 : 0;
+    v.masterValue = isB() ? 1 : 0;
     tick();
     expectPicture(deck.frame, {"WB", ".G"});
-    expectPicture(engine.v.frameM, {"WB", ".G"});
+    expectPicture(v.frameM, {"WB", ".G"});
     EXPECT_EQ(deck.colorIndex, 1);
   }
 }
@@ -313,22 +297,22 @@ TEST_P(ColorScroll, ADiagonalOn2RowsWritesTheWholeNewRowOnceEveryColumnHasCome) 
 TEST_P(ColorScroll, ADiagonalWindowLeftTooWideByAnotherEffectFails) {
   setPicture(2, {"...", "..."});
   deck.step = 3;
-  show.act([this] { tick(); });
-  ASSERT_EQ(show.platform.failures.size(), 1U);
-  EXPECT_EQ(show.platform.failures[0].number, kSubscript);
+  event([this] { tick(); });
+  ASSERT_EQ(platform.failures.size(), 1U);
+  EXPECT_EQ(platform.failures[0].number, kSubscript);
   EXPECT_EQ(deck.colorIndex, 0);
 }
 
 TEST_P(ColorScroll, ATickPublishesItsFrameUnlessAFadeRuns) {
   setPicture(5, {"..", ".."});
-  engine.v.masterValue = isB() ? 1 : 0;
+  v.masterValue = isB() ? 1 : 0;
   tick();
-  expectPicture(engine.v.frameM, {"RR", ".."});
-  engine.v.fadeRunning = true;
+  expectPicture(v.frameM, {"RR", ".."});
+  v.fadeRunning = true;
   engine.master.timerM.setInterval(5000);
   tick();
   expectPicture(deck.frame, {"GG", "RR"});
-  expectPicture(engine.v.frameM, {"RR", ".."});
+  expectPicture(v.frameM, {"RR", ".."});
 }
 
 // Start and timer.
@@ -343,44 +327,44 @@ TEST_P(ColorScroll, TheIntervalFallsFrom8050To50Milliseconds) {
                               SpeedRow{50, 2050}, SpeedRow{1, 7891}, SpeedRow{0, 8050}}) {
     setBands({kRed, kBlue}, {1, 1});
     effect.speed = row.speed;
-    show.start(GetParam());
+    start();
     EXPECT_EQ(deck.timer1.interval(), row.interval);
   }
 }
 
 TEST_P(ColorScroll, StepsToTheMillisecondAndKeepsItsInterval) {
-  show.resize(1, 1);
+  resize(1, 1);
   setBands({kRed, kBlue}, {1, 1});
   effect.direction = 3;
   effect.speed = 100;
-  show.start(GetParam());
-  show.advance(49);
+  start();
+  advance(49);
   EXPECT_EQ(deck.colorIndex, 0);
-  show.advance(1);
+  advance(1);
   expectPicture(deck.frame, {"R"});
-  show.advance(49);
+  advance(49);
   expectPicture(deck.frame, {"R"});
-  show.advance(1);
+  advance(1);
   expectPicture(deck.frame, {"B"});
   EXPECT_EQ(deck.timer1.interval(), 50);
 }
 
 TEST_P(ColorScroll, AnUnconfiguredEffectSaysSoAndRunsNoTimer) {
   setBands({kRed}, {1});
-  show.start(GetParam());
-  ASSERT_FALSE(show.platform.boxes.empty());
-  EXPECT_EQ(show.platform.boxes.back(), "ColorScroll not configured ! Please edit effect !");
+  start();
+  ASSERT_FALSE(platform.boxes.empty());
+  EXPECT_EQ(platform.boxes.back(), "ColorScroll not configured ! Please edit effect !");
   EXPECT_FALSE(deck.timer1.enabled());
 }
 
 TEST_P(ColorScroll, AStartLeavesThePictureAndResetsTheWindow) {
-  show.resize(3, 1);
+  resize(3, 1);
   setBands({kRed, kBlue}, {1, 1});
   effect.direction = 2;
   deck.step = 2;
   deck.colorIndex = 1;
-  paint(deck.frame, {"WGB"});
-  show.start(GetParam());
+  deck.frame = frameOf({"WGB"});
+  start();
   expectPicture(deck.frame, {"WGB"});
   EXPECT_EQ(deck.step, 0);
   EXPECT_EQ(deck.colorIndex, 0);

@@ -63,11 +63,13 @@ void MxColorChange::updateColorList() {
   deck().timer1.enable();
 }
 
-// A new effect has no colour yet, and so no interval, when its dialog puts the slider in place.
+// The slider also moves as the dialog of a Color Scroll opens, which holds no colour, and for a new
+// effect, which has none yet.
 void MxColorChange::slSpeed_Change() {
   effect().speed = toInt16(slSpeed.value());
   const int current = deck().colorIndex;
-  if (current >= 0 && current < static_cast<int>(effect().itemTimes.size())) setStepInterval();
+  const bool holds = effect().type == kColorChange && current >= 0 && current < effect().colorCount;
+  if (holds) setStepInterval();
 }
 
 // A running transition keeps its mode; the new one waits for its end.
