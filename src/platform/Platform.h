@@ -15,10 +15,10 @@ struct FileQuestion {
   enum class Purpose { Open, Save };
 
   Purpose purpose = Purpose::Open;
-  std::string title;
-  std::string filter;  ///< "text|pattern", as in "Matrix Project (*.Korvane)|*.Korvane"
-  std::string initialDirectory;
-  std::string defaultExtension;  ///< without the point; empty for none
+  std::string title{};
+  std::string filter{};  ///< "text|pattern", as in "Matrix Project (*.Korvane)|*.Korvane"
+  std::string initialDirectory{};
+  std::string defaultExtension{};  ///< without the point; empty for none
 };
 
 /// What the windows and the effects need of the machine they run on.

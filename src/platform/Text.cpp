@@ -62,6 +62,12 @@ void appendUtf8(std::string& text, char32_t code) {
 
 }  // namespace
 
+std::vector<std::string> numbersUpTo(int last) {
+  std::vector<std::string> numbers;
+  for (int n = 1; n <= last; ++n) numbers.push_back(std::to_string(n));
+  return numbers;
+}
+
 std::vector<std::string> split(std::string_view text, char separator) {
   std::vector<std::string> fields;
   for (;;) {

@@ -32,6 +32,9 @@ std::string formatStandard(double value, const NumberFormat& format);
 /// General form with up to 15 significant digits.
 std::string formatGeneral(double value, const NumberFormat& format);
 
+/// The texts "1" to the last number, as lists offer them.
+std::vector<std::string> numbersUpTo(int last);
+
 /// The fields between the separators; one field more than there are separators.
 std::vector<std::string> split(std::string_view text, char separator);
 

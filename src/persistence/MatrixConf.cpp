@@ -1,0 +1,246 @@
+#include "persistence/MatrixConf.h"
+
+#include <exception>
+
+#include "output/Preview.h"
+#include "persistence/MatrixDefinition.h"
+#include "platform/Numbers.h"
+#include "platform/Text.h"
+
+namespace korvane {
+namespace {
+
+constexpr std::int32_t kChannelsOfUniverse = 512;
+constexpr std::int32_t kUniverses = 16;
+constexpr const char* kFilter = "RGB-Matrix (*.korvaneconf)|*.korvaneconf";
+
+}  // namespace
+
+MatrixConf::MatrixConf(Engine& engine)
+    : Form("MatrixConf", "Configure Matrix"),
+      Label3("Label3", {.caption = "RGB-Matrix Definition"}),
+      Label4("Label4", {.caption = "Name : "}),
+      MName("MName", {.toolTip = "name of the definition, kept in its file"}, "unnamed"),
+      Label2("Label2", {.caption = "number of columns : "}),
+      ncol("ncol", {.toolTip = "another size clears all channels"}),
+      Label1("Label1", {.caption = "number of rows : "}),
+      nrow("nrow", {.toolTip = "another size clears all channels"}),
+      mxbild("mxbild", {400, 400},
+             {.toolTip = "double-click a lamp to give it its channels; white lamps have theirs"}),
+      fastConfig("fastConfig", {.caption = "Fast Configuration",
+                                .toolTip = "give all lamps their channels in one step"}),
+      save("save", {.caption = "Save", .toolTip = "save the definition to a file"}),
+      load("load", {.caption = "Load", .toolTip = "load a definition from a file"}),
+      help("help", {.caption = "Help", .toolTip = "how to configure the matrix"}),
+      OK("OK", {.caption = "OK", .toolTip = "use this grid and close"}),
+      detail(engine),
+      engine_(engine) {
+  add({&Label3, &Label4, &MName, &Label2, &ncol, &Label1, &nrow, &mxbild, &fastConfig, &save, &load,
+       &help, &OK});
+  setLayout(
+      column({Label3, row({Label4, Layout(MName, 1)}), row({Label2, ncol, space(), Label1, nrow}),
+              Layout(mxbild, 1), row({fastConfig, space(), load, save, help, OK})}));
+  engine.desktop.add(*this);
+  engine.desktop.add(detail);
+  bind();
+}
+
+void MatrixConf::bind() {
+  onLoad = [this] { Form_Load(); };
+  onActivate = [this] { showSize(); };
+  ncol.onClick = [this] {
+    engine_.v.matrixCols = toInt16(ncol.index() + 1);
+    resize();
+  };
+  nrow.onClick = [this] {
+    engine_.v.matrixRows = toInt16(nrow.index() + 1);
+    resize();
+  };
+  mxbild.onMouseUp = [this](int x, int y) {
+    engine_.v.cellCol = x;
+    engine_.v.cellRow = y;
+  };
+  mxbild.onDblClick = [this] { mxbild_DblClick(); };
+  mxbild.onResize = [this] {
+    if (loaded()) redraw_config();
+  };
+  fastConfig.onClick = [this] {
+    if (Form* window = engine_.desktop.find("quickConf")) engine_.desktop.show(*window);
+  };
+  help.onClick = [this] {
+    if (Form* window = engine_.desktop.find("MatrixConfigHelp")) engine_.desktop.show(*window);
+  };
+  save.onClick = [this] { save_Click(); };
+  load.onClick = [this] { load_Click(); };
+  OK.onClick = [this] { OK_Click(); };
+}
+
+void MatrixConf::Form_Load() {
+  nextChannel_ = 1;
+  nextUniverse_ = 1;
+  Variablen& v = engine_.v;
+  v.colorBlack = rgb(0, 0, 0);
+  v.colorWhite = rgb(255, 255, 255);
+  v.colorGray = rgb(180, 180, 180);
+  ncol.setItems(numbersUpTo(kMostColumns));
+  nrow.setItems(numbersUpTo(kMostRowsOfGrid));
+  if (!v.matrixConfigured) takeDefinition();
+  redraw_config();
+}
+
+// Setting the lists to a new size clears the map, so the cells are filled in only after that.
+void MatrixConf::takeDefinition() {
+  readProjectNames(engine_);
+  const std::string path = definitionFile(engine_);
+  if (!fileExists(path)) {
+    makeDefaultDefinition(engine_);
+    showSize();
+    return makeDefaultDefinition(engine_);
+  }
+  TextReader file(path);
+  MName.setText(readDefinitionHead(engine_, file));
+  dimensionMatrix(engine_);
+  resizePaintPictures(engine_);
+  showSize();
+  readDefinitionCells(engine_, file);
+  engine_.v.matrixConfigured = true;
+}
+
+// Choosing the entry that is chosen already is no change and leaves the map alone.
+void MatrixConf::showSize() {
+  const std::int16_t cols = engine_.v.matrixCols;
+  nrow.setEntry(engine_.v.matrixRows);
+  ncol.setEntry(cols);
+}
+
+void MatrixConf::resize() {
+  dimensionMatrix(engine_);
+  resizePaintPictures(engine_);
+  mxbild.clear();
+  redraw_config();
+}
+
+void MatrixConf::redraw_config() {
+  const Variablen& v = engine_.v;
+  cellSize_ = toInt16(v.matrixCols > v.matrixRows ? divTrunc(mxbild.width(), v.matrixCols)
+                                                  : divTrunc(mxbild.height(), v.matrixRows));
+  mxbild.clear();
+  for (int row = 0; row < v.matrixRows; ++row) {
+    for (int col = 0; col < v.matrixCols; ++col) drawCell(col, row);
+  }
+}
+
+void MatrixConf::drawCell(int col, int row) {
+  const Variablen& v = engine_.v;
+  const int x = col * cellSize_;
+  const int y = row * cellSize_;
+  mxbild.fillRect(x, y, x + cellSize_, y + cellSize_,
+                  v.cellConfigured.at(col, row) ? v.colorWhite : v.colorGray);
+  mxbild.drawRect(x, y, x + cellSize_, y + cellSize_, v.colorBlack);
+}
+
+void MatrixConf::mxbild_DblClick() {
+  Variablen& v = engine_.v;
+  if (cellSize_ == 0) throw Failure(kDivisionByZero);
+  v.cellCol = floorToInt32(static_cast<double>(v.cellCol) / cellSize_);
+  v.cellRow = floorToInt32(static_cast<double>(v.cellRow) / cellSize_);
+  if (v.cellCol >= v.matrixCols || v.cellRow >= v.matrixRows) return;
+  detail.Form::load();
+  prefill();
+  engine_.desktop.showModal(detail, [this] {
+    const Variablen& now = engine_.v;
+    if (now.cellConfigured.at(now.cellCol, now.cellRow)) drawCell(now.cellCol, now.cellRow);
+  });
+}
+
+// A code that is a multiple of 512 decodes to the next universe and to no channel. Meant.
+void MatrixConf::prefill() {
+  const Variablen& v = engine_.v;
+  const bool configured = v.cellConfigured.at(v.cellCol, v.cellRow);
+  const ChannelMap::Codes& codes = v.channelMap.at(v.cellCol, v.cellRow);
+  std::size_t component = 0;
+  for (const MatrixConfDetail::Choice& choice : detail.choices()) {
+    const std::int32_t code = codes[component++];
+    if (configured) {
+      choice.universe->setIndex(divTrunc(code, kChannelsOfUniverse));
+      choice.channel->setIndex(modTrunc(code, kChannelsOfUniverse) - 1);
+    } else {
+      suggest(*choice.channel, *choice.universe);
+    }
+  }
+}
+
+// The counters advance before they are used, so channel 1 is never suggested. Meant.
+void MatrixConf::suggest(ListBox& channel, ListBox& universe) {
+  if (nextChannel_ != kChannelsOfUniverse) {
+    ++nextChannel_;
+  } else {
+    nextUniverse_ = nextUniverse_ == kUniverses ? 1 : nextUniverse_ + 1;
+    nextChannel_ = 1;
+  }
+  universe.setIndex(nextUniverse_ - 1);
+  channel.setIndex(nextChannel_ - 1);
+}
+
+void MatrixConf::OK_Click() {
+  engine_.v.matrixConfigured = true;
+  for (PictureBox* box : {&engine_.v.A.picture, &engine_.v.B.picture, &engine_.master.picture})
+    box->clear();
+  for (PictureBox* box : {&engine_.v.A.picture, &engine_.v.B.picture, &engine_.master.picture}) {
+    set_matrix_values(engine_, *box);
+  }
+  for (Deck* deck : {&engine_.v.A, &engine_.v.B})
+    deck->mini.resize(engine_.v.matrixCols, engine_.v.matrixRows);
+  engine_.desktop.hide(*this);
+}
+
+void MatrixConf::load_Click() {
+  try {
+    loadFile();
+  } catch (const std::exception&) {
+    // Ends without a word, whatever it was.
+  }
+}
+
+void MatrixConf::save_Click() {
+  try {
+    saveFile();
+  } catch (const std::exception&) {
+    // Ends without a word, whatever it was.
+  }
+}
+
+void MatrixConf::loadFile() {
+  Form::load();
+  readProjectNames(engine_);
+  TextReader file(chosenFile(engine_.platform, {.purpose = FileQuestion::Purpose::Open,
+                                                .title = "Load Configuration ...",
+                                                .filter = kFilter,
+                                                .initialDirectory = engine_.v.projectDirectory}));
+  const std::string name = readDefinitionHead(engine_, file);
+  MName.setText(name);
+  engine_.v.matrixName = name;
+  dimensionMatrix(engine_);
+  resizePaintPictures(engine_);
+  showSize();
+  readDefinitionCells(engine_, file);
+  mxbild.clear();
+  redraw_config();
+  engine_.v.matrixConfigured = true;
+  engine_.platform.messageBox("Configuration loaded !");
+  engine_.v.configChanged = false;
+}
+
+void MatrixConf::saveFile() {
+  Form::load();
+  readProjectNames(engine_);
+  const std::string path =
+      chosenFile(engine_.platform, {.purpose = FileQuestion::Purpose::Save,
+                                    .title = "Save Configuration ...",
+                                    .filter = kFilter,
+                                    .initialDirectory = engine_.v.projectDirectory});
+  writeDefinition(engine_, path, MName.text());
+  engine_.platform.messageBox("Configuration saved !");
+}
+
+}  // namespace korvane

@@ -1,0 +1,129 @@
+#include "persistence/MatrixDefinition.h"
+
+#include <cstddef>
+#include <vector>
+
+#include "platform/Numbers.h"
+#include "platform/Text.h"
+
+namespace korvane {
+namespace {
+
+constexpr std::int16_t kDefaultSide = 12;
+
+// A field of a comma-separated line; kSubscript if the line has fewer.
+const std::string& field(const std::vector<std::string>& fields, std::size_t index,
+                         const TextReader& file) {
+  if (index < fields.size()) return fields[index];
+  throw Failure(kSubscript, "line " + std::to_string(file.lineNumber()) + " has too few fields");
+}
+
+void resizePaintPictures(const Variablen& v, Deck& deck) {
+  // The loop runs over slots up to the count of rows, so a picture in a later slot keeps its old
+  // size.
+  for (int slot = 0; slot < deck.efxCount; ++slot) {
+    Effect& effect = deck.efx.at(static_cast<std::size_t>(slot));
+    if (effect.type == kPaint) effect.paintPixels.resizeKeeping(v.matrixCols, v.matrixRows);
+  }
+}
+
+}  // namespace
+
+void readProjectNames(Engine& engine) {
+  Variablen& v = engine.v;
+  v.projectName = engine.host().ProjectName();
+  v.projectBaseFilename = engine.host().ProjectBaseFilename();
+  const std::size_t stem = v.projectBaseFilename.size();
+  const std::size_t name = v.projectName.size();
+  v.projectDirectory = v.projectBaseFilename.substr(0, stem > name ? stem - name : 0);
+}
+
+std::string definitionFile(const Engine& engine) {
+  return engine.v.projectBaseFilename + ".korvaneconf";
+}
+
+void dimensionMatrix(Engine& engine) {
+  Variablen& v = engine.v;
+  const int cols = v.matrixCols;
+  const int rows = v.matrixRows;
+  v.channelMap.redim(cols, rows);
+  v.cellConfigured.redim(cols, rows);
+  for (Frame* frame : {&v.frameA, &v.frameB, &v.frameWorkA, &v.frameWorkB, &v.frameM})
+    frame->redim(cols, rows);
+  v.fadeMap.redim(cols, rows);
+  v.frameSent.redim(cols, rows);
+  v.paintUndo.redim(cols, rows);
+}
+
+void resizePaintPictures(Engine& engine) {
+  resizePaintPictures(engine.v, engine.v.A);
+  resizePaintPictures(engine.v, engine.v.B);
+}
+
+void makeDefaultDefinition(Engine& engine) {
+  Variablen& v = engine.v;
+  v.matrixCols = kDefaultSide;
+  v.matrixRows = kDefaultSide;
+  dimensionMatrix(engine);
+  std::int32_t channel = 1;
+  for (int col = 0; col < v.matrixCols; ++col) {
+    for (int row = 0; row < v.matrixRows; ++row) {
+      for (int component = 0; component < 3; ++component)
+        v.channelMap.set(col, row, component, channel++);
+    }
+  }
+  v.matrixConfigured = true;
+}
+
+std::string readDefinitionHead(Engine& engine, TextReader& file) {
+  std::string name = file.readLine();
+  const std::vector<std::string> size = split(file.readLine(), ',');
+  engine.v.matrixCols = toInteger16(field(size, 0, file));
+  engine.v.matrixRows = toInteger16(field(size, 1, file));
+  return name;
+}
+
+void readDefinitionCells(Engine& engine, TextReader& file) {
+  Variablen& v = engine.v;
+  for (int col = 0; col < v.matrixCols; ++col) {
+    for (int row = 0; row < v.matrixRows; ++row) {
+      const std::vector<std::string> codes = split(file.readLine(), ',');
+      for (int component = 0; component < 3; ++component) {
+        v.channelMap.set(col, row, component,
+                         toInteger32(field(codes, static_cast<std::size_t>(component), file)));
+      }
+      v.cellConfigured.at(col, row) = true;
+    }
+  }
+}
+
+void writeDefinition(Engine& engine, const std::string& path, const std::string& name) {
+  const Variablen& v = engine.v;
+  TextWriter file(path);
+  file.writeLine(name);
+  file.writeLine(std::to_string(v.matrixCols) + "," + std::to_string(v.matrixRows) +
+                 (v.quickConfigured ? ",True" : ",False"));
+  for (int col = 0; col < v.matrixCols; ++col) {
+    for (int row = 0; row < v.matrixRows; ++row) {
+      const ChannelMap::Codes& codes = v.channelMap.at(col, row);
+      file.writeLine(std::to_string(codes[0]) + "," + std::to_string(codes[1]) + "," +
+                     std::to_string(codes[2]));
+    }
+  }
+  file.close();
+}
+
+void loadDefinitionAtStart(Engine& engine) {
+  if (engine.v.matrixConfigured) return;
+  readProjectNames(engine);
+  const std::string path = definitionFile(engine);
+  if (!fileExists(path)) return makeDefaultDefinition(engine);
+  TextReader file(path);
+  engine.v.matrixName = readDefinitionHead(engine, file);
+  dimensionMatrix(engine);
+  resizePaintPictures(engine);
+  readDefinitionCells(engine, file);
+  engine.v.matrixConfigured = true;
+}
+
+}  // namespace korvane

@@ -1,0 +1,138 @@
+#include "playback/EffectLists.h"
+
+#include <array>
+#include <cstddef>
+
+#include "generators/ColorCode.h"
+#include "generators/Dialogs.h"
+#include "output/Preview.h"
+#include "platform/Numbers.h"
+#include "playback/DeckPlayback.h"
+#include "playback/EffectStart.h"
+#include "playback/ListRows.h"
+#include "state/EffectFields.h"
+
+namespace korvane {
+namespace {
+
+Boolean& editedFlag(Deck& deck) {
+  deck.effect();  // the slot must exist
+  return deck.efxEdited.at(static_cast<std::size_t>(deck.sel));
+}
+
+// The row that shows a slot; -1 for none.
+int rowOfSlot(const ListView& list, std::int16_t slot) {
+  for (int row = 0; row < list.count(); ++row) {
+    if (list.cell(row, kSlotColumn) == std::to_string(slot)) return row;
+  }
+  return -1;
+}
+
+// Dialogs that are committed before another one opens. The Paint dialog is not among them; meant.
+constexpr std::array<EffectType, 8> kCommittedFirst = {
+    kColor, kGradient, kImage, kColorChange, kColorScroll, kFire, kFluid, kTicker};
+
+void commitOpenDialogs(Dialogs& dialogs) {
+  for (const EffectType type : kCommittedFirst) {
+    EffectDialog* dialog = dialogs.byType[type];
+    if (dialog != nullptr && dialog->visible()) dialog->OK_Click();
+  }
+}
+
+}  // namespace
+
+void add_Click(Engine& engine, Deck& deck) {
+  if (!roomForRow(engine, deck.efxCount)) return;
+  ++deck.efxCount;
+  const std::int16_t slot = toInt16(deck.efxCount + deck.efxDeleted - 1);
+  deck.efx.resize(static_cast<std::size_t>(slot) + 2);
+  deck.efxEdited.resize(static_cast<std::size_t>(slot) + 2);
+  addRow(deck.efxList, "new effect", slot);
+  Effect& effect = deck.efx[static_cast<std::size_t>(slot)];
+  effect.name = "new effect";
+  effect.type = kColor;
+  effect.color1 = deck.isB() ? engine.v.colorBlue : engine.v.colorRed;
+}
+
+void remove_Click(Engine& engine, Deck& deck) {
+  if (removeRow(deck.efxList)) {
+    deck.sel = slotOfCurrent(deck.efxList);
+    deck.type.setIndex(deck.effect().type);
+    --deck.efxCount;
+    ++deck.efxDeleted;
+  }
+  warnOfDeleted(engine);
+}
+
+void up_Click(Engine&, Deck& deck) { moveRow(deck.efxList, -1); }
+
+void down_Click(Engine&, Deck& deck) { moveRow(deck.efxList, 1); }
+
+void clear_Click(Engine& engine, Deck& deck) {
+  stopDeck(deck);
+  editedFlag(deck) = false;
+  deck.type.setIndex(kColor);
+  fillFrame(engine, deck, {0, 0, 0});
+  drawMatrix(engine, deck);
+  mixAndDraw(engine);
+}
+
+void copyMem_Click(Engine& engine, Deck& deck) {
+  const Effect& effect = deck.effect();
+  engine.v.efxClipboard.name = effect.name;
+  engine.v.efxClipboard.type = effect.type;
+  copyEffectFields(effect, engine.v.efxClipboard);
+  // Copying on the right deck marks the source as edited, on the left it doesn't. Meant.
+  if (deck.isB()) editedFlag(deck) = true;
+}
+
+void pasteMem_Click(Engine& engine, Deck& deck) {
+  stopDeck(deck);
+  Effect& effect = deck.effect();
+  effect.name = engine.v.efxClipboard.name;
+  effect.type = engine.v.efxClipboard.type;
+  const int row = rowOfSlot(deck.efxList, deck.sel);
+  if (row >= 0) deck.efxList.setCell(row, 0, effect.name);
+  copyEffectFields(engine.v.efxClipboard, effect);
+  editedFlag(deck) = true;
+  efxList_Click(engine, deck);
+}
+
+void type_Click(Engine& engine, Deck& deck) {
+  stopDeck(deck);
+  engine.v.editDeck = deck.isB() ? 1 : 0;
+  const std::int16_t type = toInt16(deck.type.index());
+  Effect& effect = deck.effect();
+  const bool changed = effect.type != type;
+  if (changed) setTypeDefaults(engine, deck, type);
+  effect.type = type;
+  startEffect(engine, deck, type, changed ? StartCause::TypeChanged : StartCause::TypeChosen);
+}
+
+void edit_Click(Engine& engine, Deck& deck) {
+  // Only the right deck keeps a copy for Cancel; the left one's backup stays as it was. Meant.
+  if (deck.isB()) deck.efxBackup = deck.effect();
+  commitOpenDialogs(*engine.dialogs);
+  engine.v.editDeck = deck.isB() ? 1 : 0;
+  Effect& effect = deck.effect();
+  const std::int16_t type = toInt16(deck.type.index());
+  effect.type = type;
+  // Only the left deck makes room for all times of a Color Change. Meant.
+  if (type == kColorChange && !deck.isB()) {
+    effect.itemTimes.resize(static_cast<std::size_t>(effect.colorCount) + 1);
+  }
+  if (type < 0) return;
+  EffectDialog* dialog = engine.dialogs->byType[static_cast<std::size_t>(type)];
+  if (dialog != nullptr) dialog->open();
+}
+
+void efxList_Click(Engine& engine, Deck& deck) {
+  stopDeck(deck);
+  deck.sel = slotOfCurrent(deck.efxList);
+  const std::int16_t type = deck.effect().type;
+  // An entry that the list has not is left to the message of the start.
+  if (type >= 0 && type < kEffectTypes) deck.type.setIndex(type);
+  startEffect(engine, deck, type, StartCause::RowSelected);
+}
+
+}  // namespace korvane
