@@ -6,8 +6,7 @@
 
 namespace korvane {
 
-/// A command that can't be carried out as written; the text is a sentence that says why. Nothing
-/// has happened yet when it is raised.
+/// A command that can't be carried out; the text is a sentence that says why.
 struct CommandError : std::runtime_error {
   using std::runtime_error::runtime_error;
 };

@@ -26,6 +26,11 @@ std::string obstacle(const Engine& engine, const Target& target) {
   return obstacle(target);
 }
 
+void requireReach(const Engine& engine, const Target& target) {
+  const std::string reason = obstacle(engine, target);
+  if (!reason.empty()) throw CommandError(reason);
+}
+
 void closeEditors(Engine& engine, const ListView* kept) {
   for (const Form* form : engine.desktop.forms()) {
     for (Control* control : form->controls()) {
@@ -54,8 +59,7 @@ Target findTarget(const Engine& engine, const std::string& name) {
 
 Target reachTarget(const Engine& engine, const std::string& name) {
   Target target = findTarget(engine, name);
-  const std::string reason = obstacle(engine, target);
-  if (!reason.empty()) throw CommandError(reason);
+  requireReach(engine, target);
   return target;
 }
 
@@ -66,10 +70,12 @@ void refuseKind(const Target& target, const char* command) {
 
 void act(Engine& engine, const Target& target, const Gesture& gesture) {
   closeEditors(engine, gesture.editor);
-  if (obstacle(engine, target).empty()) engine.desktop.activate(*target.form);
+  requireReach(engine, target);
+  engine.desktop.activate(*target.form);
+  requireReach(engine, target);
   for (const Event& event : gesture.events) {
-    if (!obstacle(engine, target).empty()) return;
     event();
+    if (!obstacle(engine, target).empty()) return;
   }
 }
 
