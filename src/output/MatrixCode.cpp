@@ -76,13 +76,14 @@ void mix(Engine& engine, const Run& run, double m) {
 // `frameSent`, so that the next pass tries it again.
 void sendChanges(Engine& engine, int col, int row) {
   Variablen& v = engine.v;
-  const Rgb& mixed = v.frameM.at(col, row);
-  Rgb& sent = v.frameSent.at(col, row);
   const ChannelMap::Codes& codes = v.channelMap.at(col, row);
   for (std::size_t component = 0; component < 3; ++component) {
-    if (codes[component] > kLastSentChannel || mixed[component] == sent[component]) continue;
-    engine.host().SetChannel(codes[component], mixed[component], true);
-    sent[component] = mixed[component];
+    if (codes[component] > kLastSentChannel) continue;
+    const std::uint8_t value = v.frameM.at(col, row)[component];
+    std::uint8_t& sent = v.frameSent.at(col, row)[component];
+    if (value == sent) continue;
+    engine.host().SetChannel(codes[component], value, true);
+    sent = value;
   }
 }
 

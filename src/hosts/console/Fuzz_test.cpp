@@ -20,7 +20,7 @@ class RandomCommands {
  public:
   RandomCommands(const Desktop& desktop, const std::vector<Operation>& operations,
                  std::string folder)
-      : folder_(std::move(folder)) {
+      : desktop_(desktop), folder_(std::move(folder)) {
     for (const auto table : {personCommands(), deskCommands(), lookCommands()})
       commands_.insert(commands_.end(), table.begin(), table.end());
     for (const Form* form : desktop.forms()) {
@@ -32,6 +32,37 @@ class RandomCommands {
   }
 
   std::string next() {
+    if (desktop_.active() == nullptr) return "open";
+    if (oneIn(3)) return anything();
+    if (desktop_.modal() != nullptr) return fitting(*desktop_.modal());
+    const Form& form = *pick(desktop_.forms());
+    return form.visible() ? fitting(form) : anything();
+  }
+
+ private:
+  /// A command that a person could give to a control of the window.
+  std::string fitting(const Form& form) {
+    if (form.controls().empty()) return "key " + form.name() + " " + pick(kKeys);
+    const Control& control = *pick(form.controls());
+    const std::string name = " " + form.name() + "." + control.name() + " ";
+    switch (control.kind()) {
+      case Kind::ListView:
+        return oneIn(2) ? "pick" + name + number() + number()
+                        : "edit" + name + number() + number() + pick(kTexts);
+      case Kind::PictureBox:
+        return oneIn(2) ? "mouse" + name + pick(kActions) + " " + number() + number()
+                        : "drag" + name + number() + number() + number() + number();
+      case Kind::ListBox:
+      case Kind::Slider:
+        return "set" + name + number();
+      case Kind::TextBox:
+        return oneIn(4) ? "key" + name + pick(kKeys) : "set" + name + pick(kTexts);
+      default:
+        return "click" + name;
+    }
+  }
+
+  std::string anything() {
     const Command& command = pick(commands_);
     if (command.name == std::string("quit") || command.name == std::string("snapshot")) return "";
     std::string line = command.name;
@@ -42,12 +73,13 @@ class RandomCommands {
     return line;
   }
 
- private:
   bool oneIn(int count) { return std::uniform_int_distribution(1, count)(random_) == 1; }
   template <class Choices>
   typename Choices::value_type pick(const Choices& choices) {
     return choices[std::uniform_int_distribution<std::size_t>(0, std::size(choices) - 1)(random_)];
   }
+
+  std::string number() { return std::string(pick(kNumbers)) + " "; }
 
   std::string value(const std::string& argument) {
     if (argument == "NAME") return oneIn(8) ? pick(forms_) : pick(controls_);
@@ -77,6 +109,7 @@ class RandomCommands {
   static constexpr std::array<const char*, 16> kNumbers = {
       "0", "0", "0", "1", "1", "2", "2", "3", "4", "5", "8", "11", "20", "49", "100", "400"};
 
+  const Desktop& desktop_;
   std::string folder_;
   std::mt19937 random_{20};
   std::vector<Command> commands_;

@@ -16,9 +16,9 @@ struct Options {
   bool realClock = false;
   std::optional<std::int64_t> seed;
   NumberFormat format;
-  bool closed = false;  ///< the tool window is not opened
-  std::string output;   ///< where the lamps get their values from the network; empty: nowhere
-  std::string script;   ///< empty: standard input
+  bool closed = false;                ///< the tool window is not opened
+  std::optional<std::string> output;  ///< where on the network the lamps are
+  std::optional<std::string> script;  ///< none: standard input
   bool help = false;
 };
 

@@ -1,6 +1,8 @@
 // Runs the real program: its options, its exit statuses and its clocks.
 
 #include <gmock/gmock.h>
+#include <netinet/in.h>
+#include <sys/socket.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -94,6 +96,9 @@ TEST_F(Program, EndsWith2ForWrongUsage) {
       {"--base shows/",
        "korvane-console: --base needs a name at its end, not 'shows/'; "
        "--help tells the usage\n"},
+      {"--output smoke:1",
+       "korvane-console: --output: unknown protocol 'smoke', expected sacn or "
+       "artnet; --help tells the usage\n"},
       {"a b", "korvane-console: there is one script too many: b; --help tells the usage\n"},
   };
   for (const auto& [options, complaint] : cases) {
@@ -202,6 +207,46 @@ TEST_F(Program, TakesGarbageAndVeryLongLines) {
   EXPECT_THAT(result.replies[2], HasSubstr("There is no command 'xxx"));
   EXPECT_EQ(result.replies[3], R"({"ok":true})");
   EXPECT_EQ(result.replies[4], R"({"ok":true,"now":0})");
+}
+
+/// A receiver on this machine.
+class Receiver {
+ public:
+  Receiver() {
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    socklen_t size = sizeof address;
+    EXPECT_EQ(bind(socket_, reinterpret_cast<sockaddr*>(&address), size), 0);
+    EXPECT_EQ(getsockname(socket_, reinterpret_cast<sockaddr*>(&address), &size), 0);
+    port = ntohs(address.sin_port);
+  }
+  ~Receiver() { close(socket_); }
+
+  /// The last packet that has arrived; empty if none has.
+  std::string last() {
+    std::string packet;
+    std::array<char, 2048> bytes{};
+    for (ssize_t size = 0; (size = recv(socket_, bytes.data(), bytes.size(), MSG_DONTWAIT)) > 0;)
+      packet.assign(bytes.data(), static_cast<std::size_t>(size));
+    return packet;
+  }
+
+  int port = 0;
+
+ private:
+  int socket_ = socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0);
+};
+
+TEST_F(Program, OutputSendsTheLampsTheirValues) {
+  Receiver receiver;
+  const Result result = run("--output artnet:0@127.0.0.1:" + std::to_string(receiver.port),
+                            "click MatrixForm.fadeB\nclick MatrixForm.active\nput B 0 0 0A0B0C\n"
+                            "click MatrixForm.fadeA\nclick MatrixForm.fadeB\nframe Sent\n");
+  EXPECT_EQ(result.status, 0);
+  const std::string packet = receiver.last();
+  ASSERT_EQ(packet.substr(0, 8), std::string("Art-Net\0", 8));
+  EXPECT_EQ(packet.substr(18, 6), std::string("\x0A\x0B\x0C\0\0\xFF", 6)) << "two lamps";
 }
 
 /// The program with a pipe to it and one back.

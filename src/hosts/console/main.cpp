@@ -14,6 +14,7 @@
 #include "hosts/console/Operations.h"
 #include "hosts/console/Options.h"
 #include "hosts/console/WallClock.h"
+#include "hosts/network/NetworkOutput.h"
 #include "platform/Events.h"
 
 namespace korvane {
@@ -32,7 +33,7 @@ ConsoleHost::Project projectOf(const std::string& base) {
 /// The desk of this program with its plug-in.
 class Desk {
  public:
-  explicit Desk(const Options& options);
+  Desk(const Options& options, const std::optional<OutputTarget>& target);
 
   /// Carries out the commands of an open file; the exit status.
   ExitStatus run(int descriptor);
@@ -47,12 +48,13 @@ class Desk {
   const bool realClock_;
   ConsolePlatform platform_;
   ConsoleHost host_;
+  NetworkOutput output_{"korvane-console"};
   Plugin plugin_{platform_};
-  WallClock clock_{plugin_.engine.timers, [] {}};
+  WallClock clock_{plugin_.engine.timers, [this] { output_.endOfPass(); }};
   Interpreter interpreter_;
 };
 
-Desk::Desk(const Options& options)
+Desk::Desk(const Options& options, const std::optional<OutputTarget>& target)
     : realClock_(options.realClock),
       host_(projectOf(options.base), options.channels),
       interpreter_(
@@ -66,6 +68,10 @@ Desk::Desk(const Options& options)
       return (from + plugin_.engine.timers.now()) % kDay;
     };
   }
+  host_.onChannel = [this](std::int32_t channel, std::int32_t value) {
+    output_.setChannel(channel, static_cast<std::uint8_t>(value));
+  };
+  if (target) output_.start(*target);
   start(options);
 }
 
@@ -91,6 +97,7 @@ void Desk::advance(std::int64_t milliseconds, const TimerQueue::Gate& gate) {
 bool Desk::perform(const std::string& line) {
   if (const std::optional<std::string> reply = interpreter_.answer(line))
     std::cout << *reply << std::endl;
+  output_.endOfPass();
   return !interpreter_.ended() && std::cout.good();
 }
 
@@ -100,15 +107,24 @@ ExitStatus Desk::run(int descriptor) {
   std::string line;
   for (bool more = true; more;) {
     const LineReader::Found found = reader.next(line, realClock_ ? clock_.untilNext() : -1);
-    if (realClock_) clock_.pass(gate);
     if (found == LineReader::Found::Error) {
       complain(std::string("the commands can't be read: ") + std::strerror(errno));
       return kUnreadableScript;
     }
+    if (realClock_) clock_.pass(gate);
     if (found == LineReader::Found::Line) more = perform(line);
     if (found == LineReader::Found::End) more = false;
   }
   return interpreter_.allOk() && std::cout.good() ? kAllOk : kNotAllOk;
+}
+
+std::optional<OutputTarget> targetOf(const Options& options) {
+  if (!options.output) return std::nullopt;
+  try {
+    return parseOutputTarget(*options.output);
+  } catch (const std::invalid_argument& error) {
+    throw UsageError(std::string("--output: ") + error.what());
+  }
 }
 
 int run(int count, char** words) {
@@ -117,13 +133,14 @@ int run(int count, char** words) {
     std::cout << kUsage;
     return kAllOk;
   }
+  const std::optional<OutputTarget> target = targetOf(options);
   const int script =
-      options.script.empty() ? STDIN_FILENO : open(options.script.c_str(), O_RDONLY | O_CLOEXEC);
+      options.script ? open(options.script->c_str(), O_RDONLY | O_CLOEXEC) : STDIN_FILENO;
   if (script < 0) {
-    complain("the script " + options.script + " can't be read: " + std::strerror(errno));
+    complain("the script " + *options.script + " can't be read: " + std::strerror(errno));
     return kUnreadableScript;
   }
-  return Desk(options).run(script);
+  return Desk(options, target).run(script);
 }
 
 }  // namespace
