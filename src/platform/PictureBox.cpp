@@ -1,5 +1,8 @@
 #include "platform/PictureBox.h"
 
+#include <algorithm>
+#include <utility>
+
 namespace korvane {
 
 void PictureBox::resize(int width, int height) {
@@ -28,6 +31,20 @@ void PictureBox::fillRect(int x1, int y1, int x2, int y2, Color color) {
 void PictureBox::drawRect(int x1, int y1, int x2, int y2, Color color) {
   raster_.drawRect(x1, y1, x2, y2, color);
   invalidate(x1, y1, x2, y2);
+}
+
+void PictureBox::invalidateOverlay() {
+  for (const Line& line : overlay_) {
+    invalidate(std::min(line.x1, line.x2), std::min(line.y1, line.y2), std::max(line.x1, line.x2),
+               std::max(line.y1, line.y2));
+  }
+}
+
+void PictureBox::setOverlay(std::vector<Line> lines) {
+  if (lines == overlay_) return;
+  invalidateOverlay();
+  overlay_ = std::move(lines);
+  invalidateOverlay();
 }
 
 void PictureBox::mouse(Mouse event, int x, int y) {
