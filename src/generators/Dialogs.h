@@ -6,6 +6,9 @@
 #include "generators/MxColorForm.h"
 #include "generators/MxColorMixer.h"
 #include "generators/MxGradientForm.h"
+#include "generators/MxImageForm.h"
+#include "generators/MxImageList.h"
+#include "generators/MxPaintForm.h"
 #include "state/Effect.h"
 
 namespace korvane {
@@ -17,6 +20,9 @@ struct Dialogs {
   MxColorMixer mixer;
   MxColorForm color;
   MxGradientForm gradient;
+  MxPaintForm paint;
+  MxImageForm image;
+  MxImageList imageList;
 
   /// By effect type; nullptr for a type without a dialog.
   std::array<EffectDialog*, kEffectTypes> byType;
