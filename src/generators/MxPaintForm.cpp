@@ -249,13 +249,20 @@ void MxPaintForm::applyTool() {
       paintCircle(picture, box, color, paintTool == kFilledCircle);
       break;
     case kReplace:
-      if (!picture.contains(at.column(paintEnd_.x), at.row(paintEnd_.y))) return;
-      replaceColor(picture, Bild.raster().pixel(paintEnd_.x, paintEnd_.y), color);
+      replaceUnder(at, paintEnd_);
       break;
     default:
       return;
   }
   drawPaint();
+}
+
+// The margin's own colour stands for no cell, nor does a point beside the drawing area.
+void MxPaintForm::replaceUnder(const PaintLayout& at, PaintPoint point) {
+  const korvane::Color under = Bild.raster().pixel(point.x, point.y);
+  const PaintArea picture = area();
+  if (under < 0 || !picture.contains(at.column(point.x), at.row(point.y))) return;
+  replaceColor(picture, under, PColor.backColor());
 }
 
 void MxPaintForm::showRubberBand(int x, int y) {

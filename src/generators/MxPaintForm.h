@@ -52,6 +52,7 @@ class MxPaintForm : public EffectDialog {
   void Bild_MouseUp(int x, int y);
   void Bild_Click();
   void applyTool();
+  void replaceUnder(const PaintLayout& at, PaintPoint point);
   void showRubberBand(int x, int y);
   void outlineCell(int x, int y);
   void shift(int right, int down);
