@@ -6,10 +6,13 @@ Dialogs::Dialogs(Engine& engine)
     : mixer(engine),
       color(engine),
       gradient(engine),
+      colorChange(engine),
+      colorScroll(engine),
       fire(engine),
       water(engine),
       ticker(engine),
-      byType{&color, &gradient, nullptr, nullptr, nullptr, nullptr, &fire, &water, &ticker} {
+      byType{&color,       &gradient, nullptr, nullptr, &colorChange,
+             &colorScroll, &fire,     &water,  &ticker} {
   engine.dialogs = this;
   for (EffectDialog* dialog : byType) {
     if (dialog != nullptr) engine.desktop.add(*dialog);

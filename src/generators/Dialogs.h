@@ -3,8 +3,10 @@
 #include <array>
 
 #include "generators/EffectDialog.h"
+#include "generators/MxColorChange.h"
 #include "generators/MxColorForm.h"
 #include "generators/MxColorMixer.h"
+#include "generators/MxColorScroll.h"
 #include "generators/MxFire.h"
 #include "generators/MxGradientForm.h"
 #include "generators/MxTickerForm.h"
@@ -20,6 +22,8 @@ struct Dialogs {
   MxColorMixer mixer;
   MxColorForm color;
   MxGradientForm gradient;
+  MxColorChange colorChange;
+  MxColorScroll colorScroll;
   MxFire fire;
   MxWater water;
   MxTickerForm ticker;

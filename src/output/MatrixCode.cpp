@@ -42,7 +42,13 @@ Run oneCell(Variablen& v, int col, int row) {
 
 void setMap(const Run& run, bool deckB) { std::fill_n(run.map, run.cells, deckB ? 1.0F : 0.0F); }
 
+// A position outside 0 to 1, which only a project file can hold, leaves the bytes.
+void requirePosition(double m) {
+  if (m < 0 || m > 1) throw Failure(kOverflow, "master position");
+}
+
 void mixCrossFade(const Run& run, double m) {
+  requirePosition(m);
   if (m == 0) {
     std::copy_n(run.a, run.cells, run.mixed);
   } else if (m == 1) {
@@ -59,12 +65,14 @@ void mix(Engine& engine, const Run& run, double m) {
       return mixCrossFade(run, m);
     case kBlackFade:
     case kColorFade: {
+      requirePosition(m);
       const Color middle =
           engine.v.fadeTypeNow == kColorFade ? engine.master.MFadeColor.backColor() : 0;
       fadeThrough(run.bytesA(), run.bytesB(), run.bytesM(), run.bytes(), m, colorParts(middle));
       return setMap(run, m > 0.5);
     }
     case kAdd:
+      requirePosition(m);
       addFade(run.bytesA(), run.bytesB(), run.bytesM(), run.bytes(), m);
       return setMap(run, m > 0.5);
     default:
