@@ -48,14 +48,8 @@ MatrixConf::MatrixConf(Engine& engine)
 void MatrixConf::bind() {
   onLoad = [this] { Form_Load(); };
   onActivate = [this] { showSize(); };
-  ncol.onClick = [this] {
-    engine_.v.matrixCols = toInt16(ncol.index() + 1);
-    resize();
-  };
-  nrow.onClick = [this] {
-    engine_.v.matrixRows = toInt16(nrow.index() + 1);
-    resize();
-  };
+  ncol.onClick = [this] { resize(engine_.v.matrixCols, ncol); };
+  nrow.onClick = [this] { resize(engine_.v.matrixRows, nrow); };
   mxbild.onMouseUp = [this](int x, int y) {
     engine_.v.cellCol = x;
     engine_.v.cellRow = y;
@@ -106,14 +100,17 @@ void MatrixConf::takeDefinition() {
   engine_.v.matrixConfigured = true;
 }
 
-// Choosing the entry that is chosen already is no change and leaves the map alone.
 void MatrixConf::showSize() {
   const std::int16_t cols = engine_.v.matrixCols;
   nrow.setEntry(engine_.v.matrixRows);
   ncol.setEntry(cols);
 }
 
-void MatrixConf::resize() {
+// Showing the size that the matrix has is no change: else the first look at a grid would wipe its
+// map.
+void MatrixConf::resize(std::int16_t& side, const ListBox& list) {
+  if (side == list.index() + 1) return;
+  side = toInt16(list.index() + 1);
   dimensionMatrix(engine_);
   resizePaintPictures(engine_);
   mxbild.clear();

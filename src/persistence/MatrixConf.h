@@ -38,7 +38,8 @@ class MatrixConf : public Form {
   void Form_Load();
   void takeDefinition();
   void showSize();
-  void resize();
+  /// Gives a side of the matrix the size chosen in its list, which clears the map.
+  void resize(std::int16_t& side, const ListBox& list);
   void loadFile();
   void saveFile();
   void drawCell(int col, int row);

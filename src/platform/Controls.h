@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <functional>
 #include <string>
 #include <vector>
@@ -128,12 +129,14 @@ class Slider : public Control {
   explicit Slider(std::string name, Look look = {})
       : Slider(std::move(name), SliderRange(), std::move(look)) {}
   Slider(std::string name, SliderRange range, Look look = {})
-      : Control(Kind::Slider, std::move(name), std::move(look)), range_(range), value_(range.min) {}
+      : Control(Kind::Slider, std::move(name), std::move(look)),
+        range_(range),
+        value_(std::clamp(0, range.min, range.max)) {}
 
   int min() const { return range_.min; }
   int max() const { return range_.max; }
   bool vertical() const { return range_.vertical; }
-  int value() const { return value_; }
+  int value() const { return value_; }  ///< at start 0, or the end that is nearest to it
   /// Moves the slider; a position beyond an end means that end.
   void setValue(int value);
 

@@ -96,8 +96,7 @@ class TestPlugin : public testing::Test {
     return testing::TempDir() + name;
   }
 
-  const testing::TestInfo* info = testing::UnitTest::GetInstance()->current_test_info();
-  std::string folder = folderOf(*info);
+  std::string folder = folderOf(*testing::UnitTest::GetInstance()->current_test_info());
   HeadlessPlatform platform;
   FakeHost host;
   Plugin plugin{platform};
