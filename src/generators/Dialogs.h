@@ -3,9 +3,14 @@
 #include <array>
 
 #include "generators/EffectDialog.h"
+#include "generators/MxColorChange.h"
 #include "generators/MxColorForm.h"
 #include "generators/MxColorMixer.h"
+#include "generators/MxColorScroll.h"
+#include "generators/MxFire.h"
 #include "generators/MxGradientForm.h"
+#include "generators/MxTickerForm.h"
+#include "generators/MxWater.h"
 #include "state/Effect.h"
 
 namespace korvane {
@@ -17,6 +22,11 @@ struct Dialogs {
   MxColorMixer mixer;
   MxColorForm color;
   MxGradientForm gradient;
+  MxColorChange colorChange;
+  MxColorScroll colorScroll;
+  MxFire fire;
+  MxWater water;
+  MxTickerForm ticker;
 
   /// By effect type; nullptr for a type without a dialog.
   std::array<EffectDialog*, kEffectTypes> byType;

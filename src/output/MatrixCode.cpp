@@ -42,7 +42,13 @@ Run oneCell(Variablen& v, int col, int row) {
 
 void setMap(const Run& run, bool deckB) { std::fill_n(run.map, run.cells, deckB ? 1.0F : 0.0F); }
 
+// A position outside 0 to 1, which only a project file can hold, leaves the bytes.
+void requirePosition(double m) {
+  if (m < 0 || m > 1) throw Failure(kOverflow, "master position");
+}
+
 void mixCrossFade(const Run& run, double m) {
+  requirePosition(m);
   if (m == 0) {
     std::copy_n(run.a, run.cells, run.mixed);
   } else if (m == 1) {
@@ -59,12 +65,14 @@ void mix(Engine& engine, const Run& run, double m) {
       return mixCrossFade(run, m);
     case kBlackFade:
     case kColorFade: {
+      requirePosition(m);
       const Color middle =
           engine.v.fadeTypeNow == kColorFade ? engine.master.MFadeColor.backColor() : 0;
       fadeThrough(run.bytesA(), run.bytesB(), run.bytesM(), run.bytes(), m, colorParts(middle));
       return setMap(run, m > 0.5);
     }
     case kAdd:
+      requirePosition(m);
       addFade(run.bytesA(), run.bytesB(), run.bytesM(), run.bytes(), m);
       return setMap(run, m > 0.5);
     default:
@@ -76,13 +84,14 @@ void mix(Engine& engine, const Run& run, double m) {
 // `frameSent`, so that the next pass tries it again.
 void sendChanges(Engine& engine, int col, int row) {
   Variablen& v = engine.v;
-  const Rgb& mixed = v.frameM.at(col, row);
-  Rgb& sent = v.frameSent.at(col, row);
   const ChannelMap::Codes& codes = v.channelMap.at(col, row);
   for (std::size_t component = 0; component < 3; ++component) {
-    if (codes[component] > kLastSentChannel || mixed[component] == sent[component]) continue;
-    engine.host().SetChannel(codes[component], mixed[component], true);
-    sent[component] = mixed[component];
+    if (codes[component] > kLastSentChannel) continue;
+    const std::uint8_t value = v.frameM.at(col, row)[component];
+    std::uint8_t& sent = v.frameSent.at(col, row)[component];
+    if (value == sent) continue;
+    engine.host().SetChannel(codes[component], value, true);
+    sent = value;
   }
 }
 

@@ -53,13 +53,12 @@ class PictureBox : public Control {
   std::function<void(int x, int y)> onMouseDown, onMouseMove, onMouseUp;
   std::function<void()> onClick, onDblClick;
   std::function<void()> onResize;
-  /// For the view: the pixels between two corners, both included, have changed.
+  /// For the view: the pixels from the upper left to the lower right corner, both included, have
+  /// changed. Corners may lie outside the box.
   std::function<void(int x1, int y1, int x2, int y2)> onPixels;
 
  private:
-  void invalidate(int x1, int y1, int x2, int y2) {
-    if (onPixels) onPixels(x1, y1, x2, y2);
-  }
+  void invalidate(int x1, int y1, int x2, int y2);
 
   Sizing sizing_;
   Color backColor_;

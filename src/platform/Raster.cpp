@@ -1,8 +1,25 @@
 #include "platform/Raster.h"
 
 #include <algorithm>
+#include <array>
+#include <cstring>
 
 namespace korvane {
+namespace {
+
+// Most lines are a few pixels of a preview's square: blocks of four, the last one overlapping.
+void fillLine(Color* line, std::size_t count, Color color) {
+  const std::array<Color, 4> block = {color, color, color, color};
+  if (count < block.size()) {
+    for (std::size_t i = 0; i < count; ++i) line[i] = color;
+    return;
+  }
+  Color* last = line + count - block.size();
+  for (; line < last; line += block.size()) std::memcpy(line, block.data(), sizeof block);
+  std::memcpy(last, block.data(), sizeof block);
+}
+
+}  // namespace
 
 Raster::Raster(int width, int height, Color color)
     : width_(std::max(width, 0)),
@@ -33,11 +50,10 @@ void Raster::fillRect(int x1, int y1, int x2, int y2, Color color) {
   const int right = std::min(std::max(x1, x2), width_ - 1);
   const int top = std::max(std::min(y1, y2), 0);
   const int bottom = std::min(std::max(y1, y2), height_ - 1);
-  if (left > right) return;
-  for (int y = top; y <= bottom; ++y) {
-    std::fill_n(pixels_.begin() + static_cast<std::ptrdiff_t>(index(left, y)), right - left + 1,
-                color);
-  }
+  if (left > right || top > bottom) return;
+  Color* line = pixels_.data() + index(left, top);
+  const auto count = static_cast<std::size_t>(right - left + 1);
+  for (int y = top; y <= bottom; ++y, line += width_) fillLine(line, count, color);
 }
 
 void Raster::drawRect(int x1, int y1, int x2, int y2, Color color) {
