@@ -12,15 +12,16 @@ namespace korvane {
 /// A drawing area that owns its pixels; a view only copies them to the screen.
 class PictureBox : public Control {
  public:
-  /// Grow: the view gives the box as many screen pixels as there is room. Fixed: the box keeps its
-  /// size and the view enlarges its pixels.
-  enum class Sizing { Grow, Fixed };
+  /// Square: the view gives the box the largest square of screen pixels that there is room for.
+  /// Grow: all pixels that there is room for. Fixed: the box keeps its size and the view enlarges
+  /// its pixels.
+  enum class Sizing { Square, Grow, Fixed };
   enum class Mouse { Down, Move, Up, Click, DblClick };
 
   struct Size {
     int width;
     int height;
-    Sizing sizing = Sizing::Grow;
+    Sizing sizing = Sizing::Square;
   };
 
   /// A line of one pixel between two points, both included.
