@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "platform/Numbers.h"
+#include "platform/ReplaceFile.h"
 #include "platform/Text.h"
 
 namespace korvane {
@@ -25,6 +26,11 @@ void resizePaintPictures(const Variablen& v, Deck& deck) {
     Effect& effect = deck.efx.at(static_cast<std::size_t>(slot));
     if (effect.type == kPaint) effect.paintPixels.resizeKeeping(v.matrixCols, v.matrixRows);
   }
+}
+
+std::string cellLine(const Variablen& v, int col, int row) {
+  const ChannelMap::Codes& codes = v.channelMap.at(col, row);
+  return std::to_string(codes[0]) + "," + std::to_string(codes[1]) + "," + std::to_string(codes[2]);
 }
 
 }  // namespace
@@ -98,19 +104,15 @@ void readDefinitionCells(Engine& engine, TextReader& file) {
 }
 
 void writeDefinition(Engine& engine, const std::string& path, const std::string& name) {
-  const Variablen& v = engine.v;
-  TextWriter file(path);
-  file.writeLine(name);
-  file.writeLine(std::to_string(v.matrixCols) + "," + std::to_string(v.matrixRows) +
-                 (v.quickConfigured ? ",True" : ",False"));
-  for (int col = 0; col < v.matrixCols; ++col) {
-    for (int row = 0; row < v.matrixRows; ++row) {
-      const ChannelMap::Codes& codes = v.channelMap.at(col, row);
-      file.writeLine(std::to_string(codes[0]) + "," + std::to_string(codes[1]) + "," +
-                     std::to_string(codes[2]));
+  replaceTextFile(path, [&](TextWriter& file) {
+    const Variablen& v = engine.v;
+    file.writeLine(name);
+    file.writeLine(std::to_string(v.matrixCols) + "," + std::to_string(v.matrixRows) +
+                   (v.quickConfigured ? ",True" : ",False"));
+    for (int col = 0; col < v.matrixCols; ++col) {
+      for (int row = 0; row < v.matrixRows; ++row) file.writeLine(cellLine(v, col, row));
     }
-  }
-  file.close();
+  });
 }
 
 void loadDefinitionAtStart(Engine& engine) {

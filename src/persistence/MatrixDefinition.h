@@ -31,7 +31,7 @@ void makeDefaultDefinition(Engine& engine);
 std::string readDefinitionHead(Engine& engine, TextReader& file);
 /// The lines of the cells, column by column; each cell read is marked as configured.
 void readDefinitionCells(Engine& engine, TextReader& file);
-/// Writes a whole definition file.
+/// Writes a whole definition file; one that it replaces is kept as NAME.bak.
 void writeDefinition(Engine& engine, const std::string& path, const std::string& name);
 
 /// What the main window does at start if no definition exists: takes the file named after the

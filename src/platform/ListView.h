@@ -44,6 +44,8 @@ class ListView : public Control {
   void add(std::string text, std::vector<std::string> sub = {}, Color color = 0);
   void setCell(int row, int col, std::string text);
   void setColor(int row, Color color);
+  /// Removes a row; the current one stays the same row or, if it goes, the row that takes its
+  /// place. An open editor closes and what was typed is lost.
   void remove(int index);
   void clear();
 

@@ -1,6 +1,5 @@
 #include "platform/TextFile.h"
 
-#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <system_error>
@@ -9,23 +8,24 @@
 #include "platform/Text.h"
 
 namespace korvane {
-namespace {
-
-std::filesystem::path toPath(const std::string& utf8) {
-  return {std::u8string(utf8.begin(), utf8.end())};
+std::filesystem::path systemPath(const std::string& path) {
+  return {std::u8string(path.begin(), path.end())};
 }
-
-}  // namespace
 
 bool fileExists(const std::string& path) {
   std::error_code error;
-  return std::filesystem::exists(toPath(path), error) &&
-         !std::filesystem::is_directory(toPath(path), error);
+  return std::filesystem::exists(systemPath(path), error) &&
+         !std::filesystem::is_directory(systemPath(path), error);
+}
+
+std::string fileTitle(const std::string& path) {
+  const std::u8string title = systemPath(path).filename().u8string();
+  return {title.begin(), title.end()};
 }
 
 TextReader::TextReader(const std::string& path) : path_(path) {
   if (!fileExists(path)) throw Failure(kFileNotFound, path);
-  std::ifstream stream(toPath(path), std::ios::binary);
+  std::ifstream stream(systemPath(path), std::ios::binary);
   if (!stream) throw Failure(kPathAccess, path);
   bytes_.assign(std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>());
 }
@@ -42,7 +42,7 @@ std::string TextReader::readLine() {
 }
 
 TextWriter::TextWriter(const std::string& path)
-    : path_(path), stream_(toPath(path), std::ios::binary) {
+    : path_(path), stream_(systemPath(path), std::ios::binary) {
   if (!stream_) throw Failure(kPathAccess, path_);
 }
 

@@ -1,14 +1,19 @@
 #pragma once
 
 #include <cstddef>
+#include <filesystem>
 #include <fstream>
 #include <string>
 #include <string_view>
 
 namespace korvane {
 
-/// True if a file (not a folder) stands at the path. Paths are UTF-8.
+/// A path as the system takes it. Paths are UTF-8 everywhere else.
+std::filesystem::path systemPath(const std::string& path);
+/// True if a file (not a folder) stands at the path.
 bool fileExists(const std::string& path);
+/// The last component of a path.
+std::string fileTitle(const std::string& path);
 
 /// Reads an 8-bit text file (code page 1252) line by line; either line end is a line end.
 class TextReader {
@@ -20,6 +25,8 @@ class TextReader {
   std::string readLine();
   bool atEnd() const { return position_ >= bytes_.size(); }
   int lineNumber() const { return line_; }  ///< of the line read last, from 1
+  const std::string& path() const { return path_; }
+  std::size_t size() const { return bytes_.size(); }  ///< of the whole file, in bytes
 
  private:
   std::string path_;

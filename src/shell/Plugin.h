@@ -2,10 +2,14 @@
 
 #include "generators/Dialogs.h"
 #include "persistence/MatrixConf.h"
+#include "persistence/quickConf.h"
 #include "platform/Platform.h"
 #include "shell/clsTharnPlugIn.h"
 #include "state/Engine.h"
+#include "windows/MatrixConfigHelp.h"
 #include "windows/MatrixForm.h"
+#include "windows/MatrixHelp.h"
+#include "windows/MxSimForm.h"
 
 namespace korvane {
 
@@ -17,6 +21,10 @@ struct Plugin {
   Dialogs dialogs{engine};
   MatrixConf matrixConf{engine};
   MatrixForm matrixForm{engine, matrixConf};
+  quickConf quickConfiguration{engine, matrixConf};
+  MxSimForm mxSimForm{engine, matrixForm.mxsim_active};
+  MatrixHelp matrixHelp{engine};
+  MatrixConfigHelp matrixConfigHelp{engine};
   clsTharnPlugIn plugIn{engine, matrixForm, matrixConf};
 };
 

@@ -6,24 +6,49 @@
 namespace korvane {
 namespace {
 
+using E = Effect;
+
+const EffectField color1{"color1", &E::color1};
+const EffectField color2{"color2", &E::color2};
+const EffectField direction{"direction", &E::direction};
+const EffectField paintPixels{"paintPixels", &E::paintPixels};
+const EffectField imageStretch{"imageStretch", &E::imageStretch};
+const EffectField imageTile{"imageTile", &E::imageTile};
+const EffectField speed{"speed", &E::speed};
+const EffectField amount{"amount", &E::amount};
+const EffectField fadeMode{"fadeMode", &E::fadeMode};
+const EffectField beatControl{"beatControl", &E::beatControl};
+const EffectField scrollFadeMode{"scrollFadeMode", &E::scrollFadeMode};
+const EffectField tickerText{"tickerText", &E::tickerText};
+const EffectField tickerFont{"tickerFont", &E::tickerFont};
+const EffectField tickerBackward{"tickerBackward", &E::tickerBackward};
+const EffectField tickerMirror{"tickerMirror", &E::tickerMirror};
+const EffectField tickerLetter{"tickerLetter", &E::tickerLetter};
+
+const ItemColumn imageNames{"imageNames", &E::imageNames};
+const ItemColumn imageFiles{"imageFiles", &E::imageFiles};
+const ItemColumn itemTimes{"itemTimes", &E::itemTimes};
+const ItemColumn itemWidths{"itemWidths", &E::itemWidths};
+const ItemColumn colors{"colors", &E::colors};
+
+const EffectField images{"imageCount",
+                         ItemList{&E::imageCount, {imageNames, itemTimes, imageFiles}, false}};
+const EffectField timedColors{"colorCount", ItemList{&E::colorCount, {colors, itemTimes}, true}};
+const EffectField wideColors{"colorCount", ItemList{&E::colorCount, {colors, itemWidths}, true}};
+
 // One row per type, in the order of their numbers.
-const std::array<std::vector<EffectField>, kEffectTypes>& table() {
-  using E = Effect;
-  static const std::array<std::vector<EffectField>, kEffectTypes> rows = {{
-      {&E::color1},
-      {&E::color1, &E::color2, &E::direction},
-      {FieldList::PaintPicture},
-      {&E::imageStretch, &E::imageTile, &E::direction, &E::speed, FieldList::Images, &E::amount},
-      {FieldList::ColorsWithTimes, &E::fadeMode, &E::beatControl, &E::speed, &E::amount,
-       &E::direction},
-      {FieldList::ColorsWithWidths, &E::beatControl, &E::scrollFadeMode, &E::speed, &E::direction},
-      {&E::color1, &E::color2, &E::speed, &E::amount},
-      {&E::color1, &E::color2, &E::speed, &E::amount, &E::direction},
-      {&E::color1, &E::color2, &E::speed, &E::amount, &E::tickerText, &E::tickerFont, &E::direction,
-       &E::tickerBackward, &E::tickerMirror, &E::beatControl, &E::tickerLetter},
-  }};
-  return rows;
-}
+const std::array<std::vector<EffectField>, kEffectTypes> kFields = {{
+    {color1},
+    {color1, color2, direction},
+    {paintPixels},
+    {imageStretch, imageTile, direction, speed, images, amount},
+    {timedColors, fadeMode, beatControl, speed, amount, direction},
+    {wideColors, beatControl, scrollFadeMode, speed, direction},
+    {color1, color2, speed, amount},
+    {color1, color2, speed, amount, direction},
+    {color1, color2, speed, amount, tickerText, tickerFont, direction, tickerBackward, tickerMirror,
+     beatControl, tickerLetter},
+}};
 
 struct Copier {
   const Effect& from;
@@ -33,32 +58,9 @@ struct Copier {
   void operator()(Value Effect::*field) const {
     to.*field = from.*field;
   }
-
-  void operator()(FieldList list) const {
-    switch (list) {
-      case FieldList::PaintPicture:
-        to.paintPixels = from.paintPixels;
-        break;
-      case FieldList::Images:
-        to.imageCount = from.imageCount;
-        to.imageNames = from.imageNames;
-        to.itemTimes = from.itemTimes;
-        to.imageFiles = from.imageFiles;
-        break;
-      case FieldList::ColorsWithTimes:
-        copyColors();
-        to.itemTimes = from.itemTimes;
-        break;
-      case FieldList::ColorsWithWidths:
-        copyColors();
-        to.itemWidths = from.itemWidths;
-        break;
-    }
-  }
-
-  void copyColors() const {
-    to.colorCount = from.colorCount;
-    to.colors = from.colors;
+  void operator()(const ItemList& list) const {
+    (*this)(list.count);
+    for (const ItemColumn& column : list.columns) std::visit(*this, column.values);
   }
 };
 
@@ -66,11 +68,20 @@ struct Copier {
 
 const std::vector<EffectField>& effectFields(std::int16_t type) {
   static const std::vector<EffectField> none;
-  return type < 0 || type >= kEffectTypes ? none : table()[static_cast<std::size_t>(type)];
+  return type < 0 || type >= kEffectTypes ? none : kFields[static_cast<std::size_t>(type)];
 }
 
 void copyEffectFields(const Effect& from, Effect& to) {
-  for (const EffectField& field : effectFields(from.type)) std::visit(Copier{from, to}, field);
+  for (const EffectField& field : effectFields(from.type)) {
+    std::visit(Copier{from, to}, field.value);
+  }
+}
+
+const std::vector<FadeField>& fadeFields() {
+  using F = FadeEntry;
+  static const std::vector<FadeField> fields = {
+      {"type", &F::type}, {"name", &F::name}, {"time", &F::time}, {"color", &F::color}};
+  return fields;
 }
 
 }  // namespace korvane

@@ -5,6 +5,7 @@
 #include "output/MatrixCode.h"
 #include "output/Preview.h"
 #include "persistence/MatrixDefinition.h"
+#include "persistence/ProjectFile.h"
 #include "playback/FadeList.h"
 #include "playback/MasterFade.h"
 
@@ -118,6 +119,8 @@ void MatrixForm::bindFunctions() {
   help.onClick = [this] {
     if (Form* window = engine_.desktop.find("MatrixHelp")) engine_.desktop.show(*window);
   };
+  save.onClick = [this] { saveProject(engine_); };
+  load.onClick = [this] { loadProject(engine_); };
   Closeall.onClick = [this] { Closeall_Click(); };
   for (PictureBox* box : {&engine_.v.A.picture, &engine_.v.B.picture, &engine_.master.picture}) {
     box->onResize = [this, box] {

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <string>
+
+#include "platform/TextFile.h"
+#include "state/Engine.h"
+
+namespace korvane {
+
+/// `save_Click` of the main window: asks for a file and writes the whole composition into it. Any
+/// error, a cancelled dialog included, ends it without a word. A file that it replaces is kept as
+/// NAME.bak.
+void saveProject(Engine& engine);
+
+/// `load_Click` of the main window: asks for a file and replaces the contents of the three lists by
+/// it. A wrong version leaves everything as it was; any other failure leaves the lists as far as
+/// they had come, with the deck timers stopped.
+void loadProject(Engine& engine);
+
+/// The lines of a project file. `title` is the file's name without its folder.
+void writeProject(const Engine& engine, const NumberFormat& format, const std::string& title,
+                  TextWriter& file);
+
+/// The file that a picture's path in a project means. Paths in a project are absolute; one that
+/// isn't and leads to no file is tried beside the project, so that a show can be handed on together
+/// with its pictures.
+std::string pictureFile(const std::string& path, const std::string& projectPath);
+
+}  // namespace korvane

@@ -1,0 +1,116 @@
+#include <array>
+
+#include "testing/TestPlugin.h"
+
+namespace korvane {
+namespace {
+
+constexpr const char* kFolder = KORVANE_SOURCE_DIR "/examples/";
+
+// A show, its grid, and the digest of all it showed in its minute.
+struct Example {
+  const char* stem;
+  int cols, rows;
+  std::uint64_t digest;
+};
+
+constexpr std::array kExamples = {
+    Example{"1-club-night", 12, 12, 0},      Example{"2-ticker-wall", 48, 8, 0},
+    Example{"3-fire-wall", 24, 16, 0},       Example{"4-slide-show", 20, 15, 0},
+    Example{"5-paint-animation", 16, 16, 0}, Example{"6-beat-show", 12, 12, 0},
+};
+
+class Examples : public TestPlugin, public testing::WithParamInterface<Example> {
+ protected:
+  void SetUp() override {
+    host.baseFilename = kFolder + std::string(GetParam().stem);
+    host.name = GetParam().stem;
+    ASSERT_TRUE(open());
+    loadProject();
+    event([&] { plugin.matrixForm.active.setValue(1); });
+  }
+
+  void loadProject() {
+    platform.answers = {host.baseFilename + ".Korvane"};
+    ASSERT_TRUE(click(plugin.matrixForm.load)) << platform.failures.back().what();
+    EXPECT_EQ(takeBoxes(), std::vector<std::string>{"Matrix Project loaded"});
+  }
+  std::string saved() {
+    const std::string path = folder + "/saved";
+    std::filesystem::remove(path);
+    platform.answers = {path};
+    click(plugin.matrixForm.save);
+    takeBoxes();
+    return readFile(path);
+  }
+
+  // What a person does in the minute: every five seconds the next row of the hidden deck, then a
+  // fade towards it.
+  void act(int second) {
+    if (second % 5 != 0) return;
+    const int turn = second / 5;
+    Deck& next = turn % 2 == 0 ? v.B : v.A;
+    pick(next.efxList, (turn + 1) / 2 % next.efxList.count());
+    pick(master.efxXList, turn % master.efxXList.count());
+    click(turn % 2 == 0 ? master.AutoFadeB : master.AutoFadeA);
+  }
+
+  // Beats come twice a second, frames are looked at ten times.
+  std::uint64_t playAMinute() {
+    for (int tenth = 0; tenth < 600; ++tenth) {
+      if (tenth % 10 == 0) act(tenth / 10);
+      if (tenth % 5 == 0) {
+        event([&] { plugin.plugIn.ITharnPlugin_MessageHandle(kMessageBeat, 0, 0); });
+      }
+      for (int step = 0; step < 10; ++step) {
+        platform.time += 10;
+        advance(10);
+      }
+      digestFrame();
+    }
+    return digest;
+  }
+
+  void digestFrame() {
+    for (int col = 0; col < v.matrixCols; ++col) {
+      for (int row = 0; row < v.matrixRows; ++row) {
+        for (const std::uint8_t byte : v.frameM.at(col, row)) {
+          digest = (digest ^ byte) * 0x100000001B3U;  // FNV-1a, 64 bits
+        }
+      }
+    }
+  }
+
+  std::uint64_t digest = 0xCBF29CE484222325U;
+};
+
+TEST_P(Examples, BringsItsGrid) {
+  EXPECT_EQ(v.matrixCols, GetParam().cols);
+  EXPECT_EQ(v.matrixRows, GetParam().rows);
+  EXPECT_TRUE(v.cellConfigured.at(0, 0));
+  EXPECT_EQ(v.channelMap.at(1, 0)[0], 4);
+}
+
+TEST_P(Examples, PlaysAMinuteAsItAlwaysDid) {
+  EXPECT_EQ(playAMinute(), GetParam().digest);
+  EXPECT_EQ(takeBoxes(), std::vector<std::string>{});
+  EXPECT_TRUE(platform.failures.empty()) << platform.failures.front().what();
+  EXPECT_GT(takeCalls().size(), 1000U);
+}
+
+TEST_P(Examples, ReadsTheSameWithADecimalComma) {
+  const std::string withPoint = saved();
+  platform.format = {',', '.'};
+  loadProject();
+  platform.format = {'.', ','};
+  EXPECT_EQ(saved(), withPoint);
+}
+
+INSTANTIATE_TEST_SUITE_P(Show, Examples, testing::ValuesIn(kExamples), [](const auto& show) {
+  std::string name = show.param.stem;
+  std::replace(name.begin(), name.end(), '-', '_');
+  return name;
+});
+
+}  // namespace
+}  // namespace korvane
