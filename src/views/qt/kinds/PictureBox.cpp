@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "views/qt/kinds/Painting.h"
 #include "views/qt/kinds/PictureWidget.h"
 
 namespace korvane {
@@ -105,6 +106,15 @@ void PictureWidget::paintEvent(QPaintEvent* event) {
         QRect(toBox(exposed.topLeft()), toBox(QRectF(exposed).bottomRight())).adjusted(0, 0, 1, 1) &
         all;
     if (!part.isEmpty()) painter.drawImage(toWidget(part), imageOf(box_.raster(), part));
+  }
+  paintOverlay(painter);
+}
+
+void PictureWidget::paintOverlay(QPainter& painter) const {
+  const auto centre = [this](int x, int y) { return toWidget(QRect(x, y, 1, 1)).center(); };
+  for (const PictureBox::Line& line : box_.overlay()) {
+    painter.setPen(QPen(toQColor(line.color), factor() / devicePixelRatioF()));
+    painter.drawLine(centre(line.x1, line.y1), centre(line.x2, line.y2));
   }
 }
 

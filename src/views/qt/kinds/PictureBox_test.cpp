@@ -83,6 +83,19 @@ TEST_F(PictureBoxes, ShowThePixelsAsTheyAre) {
   EXPECT_EQ(image.pixel(6, 7), qRgb(1, 2, 3));
 }
 
+TEST_F(PictureBoxes, DrawTheOverlayOverThePixelsAndTakeItAway) {
+  grown.fillRect(0, 0, grown.width() - 1, grown.height() - 1, rgb(1, 2, 3));
+  grown.setOverlay({{4, 6, 20, 6, rgb(255, 255, 255)}});
+  const auto pixel = [this](int x, int y) { return on<>(grown).grab().toImage().pixel(x, y); };
+  EXPECT_EQ(pixel(4, 6), qRgb(255, 255, 255));
+  EXPECT_EQ(pixel(19, 6), qRgb(255, 255, 255));
+  EXPECT_EQ(pixel(10, 7), qRgb(1, 2, 3));
+  EXPECT_EQ(pixel(10, 5), qRgb(1, 2, 3));
+  EXPECT_EQ(grown.raster().pixel(10, 6), rgb(1, 2, 3));
+  grown.setOverlay({});
+  EXPECT_EQ(pixel(10, 6), qRgb(1, 2, 3));
+}
+
 TEST_F(PictureBoxes, RepaintOnlyWhatHasChanged) {
   QWidget& widget = on<>(grown);
   QTest::qWait(50);
