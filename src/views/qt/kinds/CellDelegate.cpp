@@ -60,6 +60,12 @@ void CellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
   painter->restore();
 }
 
+// A list that changes under an open editor leaves alone what has been typed.
+void CellDelegate::setEditorData(QWidget* editor, const QModelIndex& index) const {
+  if (!static_cast<QLineEdit*>(editor)->isModified())
+    QStyledItemDelegate::setEditorData(editor, index);
+}
+
 void CellDelegate::setModelData(QWidget* editor, QAbstractItemModel*, const QModelIndex&) const {
   const std::string typed = static_cast<QLineEdit*>(editor)->text().toStdString();
   gate_.run([this, &typed] { list_.endEdit(typed); });

@@ -133,6 +133,7 @@ void RowList::mouseDoubleClickEvent(QMouseEvent* event) {
 
 // The keys that move the focus click the row that they reach, Enter is a double click, F2 edits.
 void RowList::keyPressEvent(QKeyEvent* event) {
+  if (editorOpen_) return;  // keys that the editor leaves over
   const int row = list_.current();
   switch (event->key()) {
     case Qt::Key_F2:

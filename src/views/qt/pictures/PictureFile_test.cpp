@@ -2,179 +2,175 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <string>
+#include <QCoreApplication>
+#include <QFile>
+#include <QImage>
+#include <QImageWriter>
+#include <QTemporaryDir>
 
-#include "testing/Drawing.h"
-#include "testing/FailureOf.h"
-#include "views/qt/pictures/PictureSeeds.h"
+#include "platform/Failure.h"
 
 namespace korvane {
 namespace {
 
-// What the files show; scripts/make-test-pictures makes them.
-const Drawing kDrawing = {"RGBYCM",  //
-                          "W.RG.W",  //
-                          "BBYYCC",  //
-                          "......",  //
-                          "MWMWMW"};
-const Drawing kTwoColors = {"RBBRRRBBRB",  //
-                            "BRRRRBBBRR",  //
-                            "RRRRRRRRRB"};
-
-struct Exact {
-  const char* file;
-  Drawing shown = kDrawing;
-};
-
-std::string nameOf(const testing::TestParamInfo<Exact>& info) {
-  std::string name = info.param.file;
-  std::replace(name.begin(), name.end(), '.', '_');
-  return name;
-}
-
-class ExactPictures : public testing::TestWithParam<Exact> {};
-
-TEST_P(ExactPictures, LoadToTheirPixels) {
-  expectPicture(readPicture(seedPath(GetParam().file)), GetParam().shown);
-}
-
-INSTANTIATE_TEST_SUITE_P(Bmp, ExactPictures,
-                         testing::Values(Exact{"1bit.bmp", kTwoColors}, Exact{"4bit.bmp"},
-                                         Exact{"8bit.bmp"}, Exact{"24bit.bmp"}, Exact{"32bit.bmp"},
-                                         Exact{"rle4.bmp"}, Exact{"rle8.bmp"}, Exact{"topdown.bmp"},
-                                         Exact{"bitfields.bmp"}, Exact{"os2.bmp"}),
-                         nameOf);
-
-// Of 5 bits the brightest is 248: the reader fills up with zeros.
-TEST(BitmapOf16Bits, LoadsToItsPixels) {
-  constexpr int kOn = 248;
-  expectPicture(readPicture(seedPath("16bit.bmp")), kDrawing,
-                {{'R', rgb(kOn, 0, 0)},
-                 {'G', rgb(0, kOn, 0)},
-                 {'B', rgb(0, 0, kOn)},
-                 {'Y', rgb(kOn, kOn, 0)},
-                 {'C', rgb(0, kOn, kOn)},
-                 {'M', rgb(kOn, 0, kOn)},
-                 {'W', rgb(kOn, kOn, kOn)}});
-}
-
-// Transparent pixels are lamps that are off.
-INSTANTIATE_TEST_SUITE_P(Gif, ExactPictures,
-                         testing::Values(Exact{"plain.gif"}, Exact{"interlaced.gif"},
-                                         Exact{"animated.gif"},
-                                         Exact{"transparent.gif",
-                                               {".GBYCM",  //
-                                                "W..G.W",  //
-                                                "BBYYCC",  //
-                                                "......",  //
-                                                "MWMWMW"}}),
-                         nameOf);
-
-// Of several sizes the largest, wherever it stands.
-INSTANTIATE_TEST_SUITE_P(Ico, ExactPictures,
-                         testing::Values(Exact{"1bit.ico", kTwoColors}, Exact{"4bit.ico"},
-                                         Exact{"8bit.ico"}, Exact{"24bit.ico"}, Exact{"32bit.ico"},
-                                         Exact{"sizes.ico"}, Exact{"png.ico"},
-                                         Exact{"masked.ico",
-                                               {".GBYCM",  //
-                                                "...G..",  //
-                                                "BBYYCC",  //
-                                                "......",  //
-                                                "M.M.M."}}),
-                         nameOf);
-
-// A jpg is exact but for a few units. Blocks of 8 pixels keep their own colours in their middles.
-class JpegPictures : public testing::TestWithParam<const char*> {};
-
-TEST_P(JpegPictures, LoadToTheirPixels) {
-  const Raster raster = readPicture(seedPath(GetParam()));
-  ASSERT_EQ(raster.width(), 16);
-  ASSERT_EQ(raster.height(), 16);
-  const bool grey = std::string(GetParam()) == "grey.jpg";
-  const Rgb colors[4] = {{255, 0, 0}, {0, 255, 0}, {0, 0, 255}, {255, 255, 255}};
-  for (int block = 0; block < 4; ++block) {
-    const Rgb& color = colors[block];
-    const Rgb found = colorParts(raster.pixel(3 + 8 * (block % 2), 3 + 8 * (block / 2)));
-    const int luma = (2126 * color[0] + 7152 * color[1] + 722 * color[2]) / 10000;  // as made
-    for (std::size_t part = 0; part < 3; ++part)
-      EXPECT_NEAR(found[part], grey ? luma : color[part], 6) << "block " << block;
-  }
-}
-
-INSTANTIATE_TEST_SUITE_P(Jpg, JpegPictures,
-                         testing::Values("baseline.jpg", "progressive.jpg", "halfcolor.jpg",
-                                         "grey.jpg", "cmyk.jpg"));
-
-class BrokenPictures : public testing::Test {
+class PictureFile : public testing::Test {
  protected:
-  void TearDown() override { std::filesystem::remove_all(path_); }
-  int failureFor(const std::string& bytes) {
-    std::ofstream(path_, std::ios::binary) << bytes;
-    return failureOf([this] { readPicture(path_); });
+  std::string path(const char* name) { return folder.filePath(name).toStdString(); }
+  void write(const char* name, const QByteArray& bytes) {
+    QFile file(folder.filePath(name));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(bytes);
   }
-  const std::string path_ = testing::TempDir() + "korvane-broken-picture";
+  QByteArray read(const char* name) {
+    QFile file(folder.filePath(name));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+  }
+  // A 3 by 2 picture: red, green, blue above; white, black, grey below.
+  QImage sample() {
+    QImage image(3, 2, QImage::Format_RGB32);
+    const QRgb colors[] = {qRgb(255, 0, 0),     qRgb(0, 255, 0), qRgb(0, 0, 255),
+                           qRgb(255, 255, 255), qRgb(0, 0, 0),   qRgb(128, 128, 128)};
+    for (int i = 0; i < 6; ++i) image.setPixel(i % 3, i / 3, colors[i]);
+    return image;
+  }
+  int failureOf(const std::string& file, std::string* what = nullptr) {
+    try {
+      readPicture(file);
+    } catch (const Failure& failure) {
+      if (what != nullptr) *what = failure.what();
+      return failure.number;
+    }
+    return 0;
+  }
+  QTemporaryDir folder;
 };
 
-TEST_F(BrokenPictures, AMissingFileIsNotFound) {
-  EXPECT_EQ(failureOf([this] { readPicture(path_); }), kFileNotFound);
+QByteArray little(int value, int bytes) {
+  QByteArray all;
+  for (int i = 0; i < bytes; ++i) all.append(static_cast<char>((value >> (8 * i)) & 255));
+  return all;
 }
 
-TEST_F(BrokenPictures, AFolderIsNoPicture) {
-  std::filesystem::create_directory(path_);
-  EXPECT_EQ(failureOf([this] { readPicture(path_); }), kFileNotFound);
+// The head of a bmp file of 24 bits a pixel, without its pixels.
+QByteArray bmpHead(int width, int height) {
+  return "BM" + little(54, 4) + little(0, 4) + little(54, 4) + little(40, 4) + little(width, 4) +
+         little(height, 4) + little(1, 2) + little(24, 2) + little(0, 24);
 }
 
-TEST_F(BrokenPictures, AnEmptyFileTextAndNoiseAreNoPictures) {
-  EXPECT_EQ(failureFor(""), kInvalidPicture);
-  EXPECT_EQ(failureFor("V1.0\r\n12,12\r\n"), kInvalidPicture);
-  EXPECT_EQ(failureFor(std::string(5000, '\xA7')), kInvalidPicture);
+TEST_F(PictureFile, ReadsABmpPixelByPixel) {
+  ASSERT_TRUE(sample().save(folder.filePath("a.bmp")));
+  const Raster raster = readPicture(path("a.bmp"));
+  ASSERT_EQ(raster.width(), 3);
+  ASSERT_EQ(raster.height(), 2);
+  EXPECT_EQ(raster.pixel(0, 0), rgb(255, 0, 0));
+  EXPECT_EQ(raster.pixel(2, 0), rgb(0, 0, 255));
+  EXPECT_EQ(raster.pixel(2, 1), rgb(128, 128, 128));
 }
 
-TEST_F(BrokenPictures, TheReasonNamesTheFile) {
-  std::ofstream(path_) << "no picture";
-  try {
-    readPicture(path_);
-    FAIL() << "the text was taken for a picture";
-  } catch (const Failure& failure) {
-    EXPECT_NE(std::string(failure.what()).find(path_), std::string::npos) << failure.what();
+TEST_F(PictureFile, ReadsAJpg) {
+  QImage image(16, 16, QImage::Format_RGB32);
+  image.fill(qRgb(200, 40, 10));
+  ASSERT_TRUE(image.save(folder.filePath("a.jpg"), nullptr, 100));
+  const Raster raster = readPicture(path("a.jpg"));
+  ASSERT_EQ(raster.width(), 16);
+  EXPECT_NEAR(colorPart(raster.pixel(8, 8), kRedMask), 200, 4);
+}
+
+// Two frames of one pixel each: the first red, the second green.
+TEST_F(PictureFile, ReadsTheFirstFrameOfAGif) {
+  const QByteArray frame = QByteArray::fromHex("2c00000000010001000002024401003b");
+  QByteArray gif = "GIF89a" + QByteArray::fromHex("010001008000 00ff000000ff00");
+  gif += QByteArray::fromHex("21f904000a000000") +
+         QByteArray::fromHex("2c000000000100010000020244 0100");
+  gif +=
+      QByteArray::fromHex("21f904000a000000") + QByteArray::fromHex("2c000000000100010000024c0100");
+  gif += frame.right(1);
+  write("a.gif", gif);
+  const Raster raster = readPicture(path("a.gif"));
+  ASSERT_EQ(raster.width(), 1);
+  EXPECT_EQ(raster.pixel(0, 0), rgb(255, 0, 0));
+}
+
+// An icon file of two pictures, 16 and 32 pixels wide, put together from two files of one.
+TEST_F(PictureFile, ReadsTheLargestPictureOfAnIco) {
+  QByteArray images[2];
+  for (int i = 0; i < 2; ++i) {
+    QImage image(16 << i, 16 << i, QImage::Format_ARGB32);
+    image.fill(i == 0 ? qRgb(9, 9, 9) : qRgb(0, 200, 0));
+    ASSERT_TRUE(image.save(folder.filePath("one.ico")));
+    images[i] = read("one.ico").mid(6 + 16);
+  }
+  QByteArray ico = little(0, 2) + little(1, 2) + little(2, 2);
+  int offset = 6 + 2 * 16;
+  for (int i = 0; i < 2; ++i) {
+    ico += little(16 << i, 1) + little(16 << i, 1) + little(0, 2) + little(1, 2) + little(32, 2) +
+           little(static_cast<int>(images[i].size()), 4) + little(offset, 4);
+    offset += static_cast<int>(images[i].size());
+  }
+  write("a.ico", ico + images[0] + images[1]);
+  const Raster raster = readPicture(path("a.ico"));
+  ASSERT_EQ(raster.width(), 32);
+  EXPECT_EQ(raster.pixel(5, 5), rgb(0, 200, 0));
+}
+
+TEST_F(PictureFile, LaysTransparentPixelsOverBlack) {
+  QImage image(16, 16, QImage::Format_ARGB32);
+  image.fill(qRgba(255, 255, 255, 0));
+  image.setPixel(1, 1, qRgba(255, 255, 255, 255));
+  ASSERT_TRUE(image.save(folder.filePath("a.ico")));
+  const Raster raster = readPicture(path("a.ico"));
+  EXPECT_EQ(raster.pixel(0, 0), rgb(0, 0, 0));
+  EXPECT_EQ(raster.pixel(1, 1), rgb(255, 255, 255));
+}
+
+TEST_F(PictureFile, TellsAKindByTheContentNotByTheEnding) {
+  ASSERT_TRUE(sample().save(folder.filePath("a.jpg"), "BMP"));
+  EXPECT_EQ(readPicture(path("a.jpg")).pixel(0, 0), rgb(255, 0, 0));
+}
+
+TEST_F(PictureFile, RefusesOtherKinds) {
+  ASSERT_TRUE(sample().save(folder.filePath("a.bmp"), "PNG"));
+  write("b.bmp", "these are words, not pixels");
+  write("c.gif", {});
+  for (const char* name : {"a.bmp", "b.bmp", "c.gif"})
+    EXPECT_EQ(failureOf(path(name)), kInvalidPicture) << name;
+}
+
+TEST_F(PictureFile, RefusesWhatIsTooLargeBeforeMemoryIsTaken) {
+  write("wide.bmp", bmpHead(16385, 1));
+  write("high.bmp", bmpHead(1, 16385));
+  write("much.bmp", bmpHead(16000, 4001));
+  for (const char* name : {"wide.bmp", "high.bmp", "much.bmp"}) {
+    std::string what;
+    EXPECT_EQ(failureOf(path(name), &what), kInvalidPicture) << name;
+    EXPECT_NE(what.find("larger than 16384 on a side or 64 million pixels"), std::string::npos)
+        << what;
   }
 }
 
-TEST_F(BrokenPictures, AKindThatIsNotReadIsRefusedWhateverItsName) {
-  EXPECT_EQ(failureFor("P6 1 1 255\nabc"), kInvalidPicture);
-  EXPECT_EQ(failureFor("\x89PNG\r\n\x1a\n"), kInvalidPicture);
-}
-
-// Width and height in the header of a bitmap.
-std::string bitmapOf(std::int32_t width, std::int32_t height) {
-  std::string bytes = seedBytes("8bit.bmp");
-  std::copy_n(reinterpret_cast<const char*>(&width), 4, bytes.begin() + 18);
-  std::copy_n(reinterpret_cast<const char*>(&height), 4, bytes.begin() + 22);
-  return bytes;
-}
-
-TEST_F(BrokenPictures, ADeclaredSizeBeyondTheLimitsIsRefused) {
-  EXPECT_EQ(failureFor(bitmapOf(16385, 1)), kInvalidPicture);
-  EXPECT_EQ(failureFor(bitmapOf(1, 16385)), kInvalidPicture);
-  EXPECT_EQ(failureFor(bitmapOf(8001, 8000)), kInvalidPicture);
-  EXPECT_EQ(failureFor(bitmapOf(0x7FFFFFFF, 0x7FFFFFFF)), kInvalidPicture);
-  EXPECT_EQ(failureFor(bitmapOf(-6, 5)), kInvalidPicture);
-}
-
-// A cut file is read as far as it goes or refused, but never more than that.
-TEST_F(BrokenPictures, EveryCutOfEveryFileDoesNoHarm) {
-  for (const std::string& name : seedNames()) {
-    const std::string bytes = seedBytes(name);
-    for (std::size_t length = 0; length < bytes.size(); length += 7) {
-      const int failure = failureFor(bytes.substr(0, length));
-      EXPECT_TRUE(failure == 0 || failure == kInvalidPicture) << name << " cut to " << length;
+TEST_F(PictureFile, RefusesBrokenFilesAndNamesThem) {
+  QImage image(64, 64, QImage::Format_RGB32);
+  image.fill(Qt::red);
+  for (const char* kind : {"bmp", "jpg", "ico"}) {
+    const std::string name = std::string("broken.") + kind;
+    ASSERT_TRUE(image.save(folder.filePath(name.c_str())));
+    const QByteArray whole = read(name.c_str());
+    for (const qsizetype left : {qsizetype{20}, qsizetype{60}}) {
+      write(name.c_str(), whole.left(left));
+      std::string what;
+      EXPECT_EQ(failureOf(path(name.c_str()), &what), kInvalidPicture) << name << " of " << left;
+      EXPECT_NE(what.find(name), std::string::npos) << what;
     }
   }
 }
 
+TEST_F(PictureFile, TellsOfAMissingFile) { EXPECT_EQ(failureOf(path("none.bmp")), kFileNotFound); }
+
 }  // namespace
 }  // namespace korvane
+
+int main(int argc, char** argv) {
+  testing::InitGoogleTest(&argc, argv);
+  QCoreApplication application(argc, argv);
+  return RUN_ALL_TESTS();
+}
