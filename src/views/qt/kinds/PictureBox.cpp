@@ -106,6 +106,19 @@ void PictureWidget::paintEvent(QPaintEvent* event) {
         all;
     if (!part.isEmpty()) painter.drawImage(toWidget(part), imageOf(box_.raster(), part));
   }
+  drawOverlay(painter);
+}
+
+// Each line runs through the middles of its pixels and is as wide as one of them.
+void PictureWidget::drawOverlay(QPainter& painter) const {
+  for (const PictureBox::Line& line : box_.overlay()) {
+    const QRectF first = toWidget({line.x1, line.y1, 1, 1});
+    const QRectF last = toWidget({line.x2, line.y2, 1, 1});
+    const Rgb parts = colorParts(line.color);
+    painter.setPen(
+        QPen(QColor(parts[0], parts[1], parts[2]), first.width(), Qt::SolidLine, Qt::SquareCap));
+    painter.drawLine(first.center(), last.center());
+  }
 }
 
 void PictureWidget::resizeEvent(QResizeEvent*) { fit(); }
@@ -127,10 +140,16 @@ void PictureWidget::mouseMoveEvent(QMouseEvent* event) {
   send(Mouse::Move, at);
 }
 
-// The second press of a double click is the double click itself, and no click follows it.
+// A box that follows the pointer learns that it has gone.
+void PictureWidget::leaveEvent(QEvent*) {
+  if (!box_.buttonHeld()) send(Mouse::Move, {-1, -1});
+}
+
+// The second press of a double click is a press and the double click, and no click follows it.
 void PictureWidget::mouseDoubleClickEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton) return;
   pressed_ = false;
+  send(Mouse::Down, toBox(event->position()));
   send(Mouse::DblClick, toBox(event->position()));
 }
 

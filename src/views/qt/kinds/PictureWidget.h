@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QPainter>
+
 #include "platform/PictureBox.h"
 #include "views/qt/kinds/Binder.h"
 
@@ -19,12 +21,14 @@ class PictureWidget : public QWidget {
   void resizeEvent(QResizeEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
+  void leaveEvent(QEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
 
  private:
   void send(PictureBox::Mouse event, const QPoint& at);
   void fit();
+  void drawOverlay(QPainter& painter) const;
   void showPixels(int x1, int y1, int x2, int y2);
   /// Screen pixels per pixel of the box, and the widget's own size in screen pixels.
   int factor() const;
