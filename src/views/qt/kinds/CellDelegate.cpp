@@ -48,10 +48,12 @@ void CellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
   const QString text =
       option.fontMetrics.elidedText(index.data().toString(), Qt::ElideRight, room.width());
   painter->save();
-  painter->setFont(option.font);
+  QFont font = option.font;
+  font.setBold(colored);
+  painter->setFont(font);
   painter->fillRect(option.rect, ground);
   if (contrast(ink, ground) < kLeastContrast)
-    paintPlate(*painter, option.fontMetrics.boundingRect(room, Qt::AlignVCenter, text), ink);
+    paintPlate(*painter, painter->fontMetrics().boundingRect(room, Qt::AlignVCenter, text), ink);
   painter->setPen(ink);
   painter->drawText(room, Qt::AlignVCenter, text);
   if (index.row() == list_.current() && option.rect.left() == 0)

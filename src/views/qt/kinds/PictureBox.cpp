@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "views/qt/kinds/Painting.h"
 #include "views/qt/kinds/PictureWidget.h"
 
 namespace korvane {
@@ -106,18 +107,14 @@ void PictureWidget::paintEvent(QPaintEvent* event) {
         all;
     if (!part.isEmpty()) painter.drawImage(toWidget(part), imageOf(box_.raster(), part));
   }
-  drawOverlay(painter);
+  paintOverlay(painter);
 }
 
-// Each line runs through the middles of its pixels and is as wide as one of them.
-void PictureWidget::drawOverlay(QPainter& painter) const {
+void PictureWidget::paintOverlay(QPainter& painter) const {
+  const auto centre = [this](int x, int y) { return toWidget(QRect(x, y, 1, 1)).center(); };
   for (const PictureBox::Line& line : box_.overlay()) {
-    const QRectF first = toWidget({line.x1, line.y1, 1, 1});
-    const QRectF last = toWidget({line.x2, line.y2, 1, 1});
-    const Rgb parts = colorParts(line.color);
-    painter.setPen(
-        QPen(QColor(parts[0], parts[1], parts[2]), first.width(), Qt::SolidLine, Qt::SquareCap));
-    painter.drawLine(first.center(), last.center());
+    painter.setPen(QPen(toQColor(line.color), factor() / devicePixelRatioF()));
+    painter.drawLine(centre(line.x1, line.y1), centre(line.x2, line.y2));
   }
 }
 

@@ -83,7 +83,7 @@ TEST_F(PictureBoxes, ShowThePixelsAsTheyAre) {
   EXPECT_EQ(image.pixel(6, 7), qRgb(1, 2, 3));
 }
 
-TEST_F(PictureBoxes, ShowLinesOverThePixels) {
+TEST_F(PictureBoxes, DrawTheOverlayOverThePixelsAndTakeItAway) {
   grown.fillRect(0, 0, grown.width() - 1, grown.height() - 1, rgb(1, 2, 3));
   grown.setOverlay({{10, 4, 20, 4, rgb(250, 120, 30)}, {30, 25, 30, 9, rgb(0, 200, 0)}});
   const QImage image = on<>(grown).grab().toImage().convertToFormat(QImage::Format_RGB32);
@@ -95,6 +95,9 @@ TEST_F(PictureBoxes, ShowLinesOverThePixels) {
       ASSERT_EQ(image.pixel(x, y), wanted) << x << ", " << y;
     }
   }
+  EXPECT_EQ(grown.raster().pixel(10, 4), rgb(1, 2, 3));
+  grown.setOverlay({});
+  EXPECT_EQ(on<>(grown).grab().toImage().pixel(10, 4), qRgb(1, 2, 3));
 }
 
 TEST_F(PictureBoxes, RepaintOnlyWhatHasChanged) {

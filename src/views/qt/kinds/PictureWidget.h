@@ -1,7 +1,5 @@
 #pragma once
 
-#include <QPainter>
-
 #include "platform/PictureBox.h"
 #include "views/qt/kinds/Binder.h"
 
@@ -28,8 +26,8 @@ class PictureWidget : public QWidget {
  private:
   void send(PictureBox::Mouse event, const QPoint& at);
   void fit();
-  void drawOverlay(QPainter& painter) const;
   void showPixels(int x1, int y1, int x2, int y2);
+  void paintOverlay(QPainter& painter) const;
   /// Screen pixels per pixel of the box, and the widget's own size in screen pixels.
   int factor() const;
   QSize screenSize() const;
