@@ -97,7 +97,7 @@ TEST_F(Program, EndsWith2ForWrongUsage) {
        "korvane-console: --base needs a name at its end, not 'shows/'; "
        "--help tells the usage\n"},
       {"--output smoke:1",
-       "korvane-console: --output: unknown protocol 'smoke', expected sacn or "
+       "korvane-console: output 'smoke:1': unknown protocol 'smoke', expected sacn or "
        "artnet; --help tells the usage\n"},
       {"a b", "korvane-console: there is one script too many: b; --help tells the usage\n"},
   };
