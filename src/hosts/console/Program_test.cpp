@@ -194,6 +194,22 @@ TEST_F(Program, ASeedMakesARunRepeatExactly) {
   EXPECT_NE(first.replies, run("--seed 8", script).replies);
 }
 
+TEST_F(Program, TheExampleOfItsPageIsTrue) {
+  std::string commands;
+  std::vector<std::string> expected;
+  for (const std::string& line : split(bytesOf(KORVANE_SOURCE_DIR "/docs/console.md"), '\n')) {
+    if (line.starts_with("    > ")) {
+      commands += line.substr(6) + "\n";
+      expected.emplace_back();
+    } else if (!expected.empty() && expected.back().empty()) {
+      expected.back() = line.substr(4);
+    }
+  }
+  ASSERT_GT(expected.size(), 10U);
+  EXPECT_EQ(run("--seed 1", commands).replies, expected);
+  EXPECT_TRUE(std::filesystem::exists(folder + "/mix.png"));
+}
+
 TEST_F(Program, TakesGarbageAndVeryLongLines) {
   std::string garbage;
   for (int i = 0; i < 256; ++i) garbage += static_cast<char>(i);
