@@ -1,7 +1,45 @@
 #include "generators/BeatCode.h"
 
-namespace korvane {
+#include "generators/ColorCode.h"
+#include "generators/ColorScrollCode.h"
+#include "generators/TickerCode.h"
+#include "platform/Numbers.h"
 
-void beatStep(Engine&, Deck&) {}
+namespace korvane {
+namespace {
+
+Color colorNow(const Deck& deck, const Effect& effect) {
+  return effect.colors.at(static_cast<std::size_t>(deck.colorIndex));
+}
+
+void nextColor(Engine& engine, Deck& deck) {
+  Effect& effect = deck.effect();
+  if (effect.colorCount <= 1) return;
+  effect.color2 = colorNow(deck, effect);
+  deck.colorIndex =
+      deck.colorIndex < effect.colorCount - 1 ? add16(deck.colorIndex, 1) : std::int16_t{0};
+  deck.timer2.enable();
+  effect.color1 = colorNow(deck, effect);
+  renderColor(engine, deck);
+}
+
+}  // namespace
+
+// The sequence timer does no work here: while it runs, beats are dropped.
+void beatStep(Engine& engine, Deck& deck) {
+  if (deck.timer2.enabled()) return;
+  switch (deck.effect().type) {
+    case kColorChange:
+      return nextColor(engine, deck);
+    case kColorScroll:
+      deck.timer2.enable();
+      return tickColorScroll(engine, deck);
+    case kTicker:
+      deck.timer2.enable();
+      return tickerTick(engine, deck);
+    default:
+      return;
+  }
+}
 
 }  // namespace korvane

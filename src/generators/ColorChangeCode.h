@@ -1,20 +1,34 @@
 #pragma once
 
+#include <array>
+#include <cstdint>
+
 #include "state/Engine.h"
 
 namespace korvane {
 
-/// Starts the effect at `colorIndexA`.
+/// The transitions from one colour to the next, in the order of `fadeMode`.
+inline constexpr std::array<const char*, 9> kColorFadeNames = {
+    "None",     "Fade",       "Random",     "FillDown",   "FillUp",
+    "ScrollUp", "ScrollDown", "ScrollLeft", "ScrollRight"};
+
+/// How long a colour of so many seconds holds, in milliseconds: three times as long at speed 0, as
+/// listed at 50, a third at 100. Rounded, ties to even; kOverflow beyond 32 bits.
+std::int32_t colorHoldInterval(double seconds, std::int16_t speed);
+
+/// Starts the effect at `colorIndexA`. Without a colour it says so and stops the deck's timers.
 void startColorChange(Engine& engine, Deck& deck);
 inline void startColorChangeA(Engine& engine) { startColorChange(engine, engine.v.A); }
 inline void startColorChangeB(Engine& engine) { startColorChange(engine, engine.v.B); }
 
-/// A tick of the step timer: the next colour, at once or by a transition.
+/// A tick of the step timer: the next colour, at once or by a transition. The tick has turned the
+/// timer off; it stays off during a transition.
 void colorChangeStep(Engine& engine, Deck& deck);
 inline void colorChangeStepA(Engine& engine) { colorChangeStep(engine, engine.v.A); }
 inline void colorChangeStepB(Engine& engine) { colorChangeStep(engine, engine.v.B); }
 
-/// A tick of the sequence timer: one step of the running transition.
+/// A tick of the sequence timer: one step of the running transition, or its end. The tick has
+/// turned the timer off; a `fadeMode` without a transition leaves it so.
 void colorChangeTransition(Engine& engine, Deck& deck);
 inline void colorChangeTransitionA(Engine& engine) { colorChangeTransition(engine, engine.v.A); }
 inline void colorChangeTransitionB(Engine& engine) { colorChangeTransition(engine, engine.v.B); }

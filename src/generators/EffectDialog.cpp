@@ -55,4 +55,12 @@ void EffectDialog::bindColor(ColorBox& box, Color Effect::*field, std::function<
   };
 }
 
+void EffectDialog::bindSlider(Slider& slider, std::int16_t Effect::*field,
+                              std::function<void()> then) {
+  slider.onChange = [this, &slider, field, then = std::move(then)] {
+    effect().*field = static_cast<std::int16_t>(slider.value());
+    if (then) then();
+  };
+}
+
 }  // namespace korvane

@@ -36,6 +36,9 @@ class EffectDialog : public Form {
   /// record's field, and `then` runs.
   void bindColor(ColorBox& box, Color Effect::*field, std::function<void()> then);
 
+  /// A move of the slider stores its position in the record's field, then `then` runs.
+  void bindSlider(Slider& slider, std::int16_t Effect::*field, std::function<void()> then = {});
+
   Engine& engine_;
 };
 

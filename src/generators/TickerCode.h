@@ -4,8 +4,11 @@
 
 namespace korvane {
 
-/// Reckons where the text stands across its direction of travel, from `amount`, as a selected row
-/// does it: only for running text of the 5-point font.
+/// Reckons from `amount` where the text stands across its direction of travel, or where the letter
+/// of letter mode stands, with the `tickerMaxWidth` of the last build. Running text of a font other
+/// than the 5-point one stays where it was. kOverflow if (room + 1) x `amount` exceeds 16 bits.
+void tickerOffset(Engine& engine, Deck& deck);
+/// The same as a selected row does it: letters stay where they were.
 void tickerPlace(Engine& engine, Deck& deck);
 inline void tickerPlaceA(Engine& engine) { tickerPlace(engine, engine.v.A); }
 inline void tickerPlaceB(Engine& engine) { tickerPlace(engine, engine.v.B); }

@@ -57,8 +57,6 @@ void drawPointM(Engine& engine, std::int16_t col, std::int16_t row) {
   drawCell(engine.master.picture, engine.v.frameM, engine.v.previewM, col, row);
 }
 
-bool mixIsFree(const Engine& engine) { return !engine.v.fadeRunning; }
-
 bool mixIsFree(const Engine& engine, std::int32_t stepAbove) {
   return mixIsFree(engine) || engine.master.timerM.interval() > stepAbove;
 }

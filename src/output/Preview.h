@@ -33,7 +33,7 @@ inline constexpr std::int32_t kSlowFadeFrame = 400;
 inline constexpr std::int32_t kSlowFadeCell = 200;
 
 /// No fade runs.
-bool mixIsFree(const Engine& engine);
+inline bool mixIsFree(const Engine& engine) { return !engine.v.fadeRunning; }
 /// No fade runs, or the steps of the running one are longer than this.
 bool mixIsFree(const Engine& engine, std::int32_t stepAbove);
 

@@ -11,11 +11,6 @@ Form* Desktop::find(const std::string& name) const {
   return found == forms_.end() ? nullptr : *found;
 }
 
-void Desktop::place(Form& form) {
-  std::erase(stack_, &form);
-  stack_.push_back(&form);
-}
-
 void Desktop::show(Form& form) {
   form.load();
   const bool wasVisible = form.visible_;
@@ -25,6 +20,7 @@ void Desktop::show(Form& form) {
 }
 
 void Desktop::showModal(Form& form, std::function<void()> closed) {
+  form.load();  // a window that can't load doesn't stay half modal
   form.modal_ = true;
   form.afterModal_ = std::move(closed);
   show(form);
@@ -38,11 +34,18 @@ void Desktop::hide(Form& form) {
   std::erase(stack_, &form);
   if (onHide) onHide(form);
   const std::function<void()> closed = std::exchange(form.afterModal_, nullptr);
-  if (wasActive && active() != nullptr) {
-    if (onActivate) onActivate(*active());
-    if (active()->onActivate) active()->onActivate();
+  try {
+    if (wasActive && active() != nullptr) activated(*active());
+  } catch (...) {
+    if (closed) closed();  // who waits for the window goes on, even if the one below fails
+    throw;
   }
   if (closed) closed();
+}
+
+void Desktop::activated(Form& form) const {
+  if (onActivate) onActivate(form);
+  if (form.onActivate) form.onActivate();
 }
 
 void Desktop::close(Form& form) {
@@ -52,9 +55,9 @@ void Desktop::close(Form& form) {
 
 void Desktop::activate(Form& form) {
   if (!form.visible_ || active() == &form) return;
-  place(form);
-  if (onActivate) onActivate(form);
-  if (form.onActivate) form.onActivate();
+  std::erase(stack_, &form);
+  stack_.push_back(&form);
+  activated(form);
 }
 
 Form* Desktop::modal() const {

@@ -34,7 +34,7 @@ class Desktop {
   std::function<void(Form&)> onShow, onHide, onActivate;
 
  private:
-  void place(Form& form);
+  void activated(Form& form) const;
 
   std::vector<Form*> forms_;
   std::vector<Form*> stack_;  // the visible ones, the active one last

@@ -12,7 +12,7 @@ bool runEvent(Platform& platform, const std::function<void()>& event) {
     return true;
   } catch (const Failure& failure) {
     platform.failed(failure);
-  } catch (const std::out_of_range&) {
+  } catch (const std::logic_error&) {  // an index or a size that a container refuses
     platform.failed(Failure(kSubscript));
   } catch (const std::bad_alloc&) {
     platform.failed(Failure(kOutOfMemory));

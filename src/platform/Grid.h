@@ -21,18 +21,19 @@ class Grid {
   /// Dimensions the grid anew, every element cleared. A negative count raises kSubscript.
   void redim(int cols, int rows) {
     if (cols < 0 || rows < 0) throw Failure(kSubscript, "negative grid size");
-    if ((std::int64_t{cols} + 1) * (rows + 1) > kMostCells) throw Failure(kOutOfMemory);
-    cols_ = cols;
-    rows_ = rows;
-    cells_.assign(static_cast<std::size_t>(cols + 1) * static_cast<std::size_t>(rows + 1), T{});
+    const std::int64_t cells = (std::int64_t{cols} + 1) * (std::int64_t{rows} + 1);
+    if (cells > kMostCells) throw Failure(kOutOfMemory);
+    cells_.assign(static_cast<std::size_t>(cells), T{});
+    width_ = static_cast<unsigned>(cols) + 1;
+    height_ = static_cast<unsigned>(rows) + 1;
   }
 
   /// Dimensions the grid anew and keeps what lies inside both sizes.
   void resizeKeeping(int cols, int rows) {
     Grid old = *this;
     redim(cols, rows);
-    for (int col = 0; col <= cols && col <= old.cols_; ++col) {
-      for (int row = 0; row <= rows && row <= old.rows_; ++row) at(col, row) = old.at(col, row);
+    for (int col = 0; col <= cols && col <= old.cols(); ++col) {
+      for (int row = 0; row <= rows && row <= old.rows(); ++row) at(col, row) = old.at(col, row);
     }
   }
 
@@ -44,27 +45,25 @@ class Grid {
   const T& at(int col, int row) const { return cells_[index(col, row)]; }
 
   bool empty() const { return cells_.empty(); }  ///< never dimensioned
-  int cols() const { return cols_; }
-  int rows() const { return rows_; }
+  int cols() const { return static_cast<int>(width_) - 1; }
+  int rows() const { return static_cast<int>(height_) - 1; }
   /// All elements in memory order; column c begins at c x (rows + 1).
   T* data() { return cells_.data(); }
   const T* data() const { return cells_.data(); }
   /// Elements from the first column up to the end of column cols - 1, spare rows included.
-  std::size_t span() const {
-    return empty() ? 0 : static_cast<std::size_t>(cols_) * static_cast<std::size_t>(rows_ + 1);
-  }
+  std::size_t span() const { return empty() ? 0 : std::size_t{width_ - 1} * height_; }
 
  private:
+  // A negative number is a large one without its sign.
   std::size_t index(int col, int row) const {
-    if (cells_.empty() || col < 0 || row < 0 || col > cols_ || row > rows_) {
-      throw Failure(kSubscript);
-    }
-    return static_cast<std::size_t>(col) * static_cast<std::size_t>(rows_ + 1) +
-           static_cast<std::size_t>(row);
+    const auto x = static_cast<unsigned>(col);
+    const auto y = static_cast<unsigned>(row);
+    if (x >= width_ || y >= height_) throw Failure(kSubscript);
+    return std::size_t{x} * height_ + y;
   }
 
-  int cols_ = -1;
-  int rows_ = -1;
+  unsigned width_ = 0;  // columns and rows with the spare ones; 0 before the first redim
+  unsigned height_ = 0;
   std::vector<T> cells_;
 };
 

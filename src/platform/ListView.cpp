@@ -37,6 +37,7 @@ void ListView::add(std::string text, std::vector<std::string> sub, Color color) 
 
 void ListView::setCell(int row, int col, std::string text) {
   Row& target = at(row);
+  if (col < 0) throw Failure(kSubscript, name() + " has no column " + std::to_string(col));
   if (col == 0) {
     target.text = std::move(text);
   } else {
@@ -56,6 +57,7 @@ void ListView::remove(int index) {
   at(index);
   rows_.erase(rows_.begin() + index);
   if (current_ > index || current_ >= count()) --current_;
+  editRow_ = -1;
   shown();
 }
 

@@ -39,9 +39,12 @@ class NumberReader {
   }
 
  private:
+  static constexpr char kNoSkip = '\0';
+
+  bool skips(char separator) const { return separator != kNoSkip && rest_.front() == separator; }
+
   void takeDigits(char alsoSkipped) {
-    while (!rest_.empty() &&
-           (isDigit(rest_.front()) || (digits_ > 0 && rest_.front() == alsoSkipped))) {
+    while (!rest_.empty() && (isDigit(rest_.front()) || (digits_ > 0 && skips(alsoSkipped)))) {
       if (isDigit(rest_.front())) {
         plain_ += rest_.front();
         ++digits_;
@@ -56,7 +59,7 @@ class NumberReader {
     rest_.remove_prefix(1);
     if (digits_ == 0) plain_ += '0';
     plain_ += '.';
-    takeDigits('\0');
+    takeDigits(kNoSkip);
     if (plain_.back() == '.') plain_ += '0';
   }
 
@@ -69,7 +72,7 @@ class NumberReader {
       rest_.remove_prefix(1);
     }
     const int before = digits_;
-    takeDigits('\0');
+    takeDigits(kNoSkip);
     return digits_ > before;
   }
 
@@ -78,6 +81,21 @@ class NumberReader {
   std::string plain_;
   int digits_ = 0;
 };
+
+// The number with the 15 digits that it shows: 100.5 for the 100.49999999999999 that 1.005 x 100
+// is.
+double asShown(double value) {
+  std::array<char, 40> digits{};
+  const auto [end, error] = std::to_chars(digits.data(), digits.data() + digits.size(), value,
+                                          std::chars_format::scientific, 14);
+  std::from_chars(digits.data(), end, value);
+  return value;
+}
+
+// Halves go up, as a person sees them in the decimals. From 1e13 on 15 digits hold no third one.
+double roundToHundredths(double magnitude) {
+  return magnitude < 1e13 ? std::floor(asShown(magnitude * 100) + 0.5) / 100 : magnitude;
+}
 
 std::string quoted(std::string_view text) { return "'" + std::string(text.substr(0, 60)) + "'"; }
 
@@ -108,17 +126,16 @@ std::int32_t toInteger32(std::string_view text, const NumberFormat& format) {
 }
 
 std::string formatStandard(double value, const NumberFormat& format) {
-  const double hundredths = std::floor(std::fabs(value) * 100 + 0.5);
+  const double rounded = roundToHundredths(std::fabs(value));
   std::array<char, 400> digits{};
-  const auto [end, error] = std::to_chars(digits.data(), digits.data() + digits.size(), hundredths,
-                                          std::chars_format::fixed, 0);
+  const auto [end, error] = std::to_chars(digits.data(), digits.data() + digits.size(), rounded,
+                                          std::chars_format::fixed, 2);
   std::string text(digits.data(), end);
-  if (text.size() < 3) text.insert(0, 3 - text.size(), '0');
-  text.insert(text.size() - 2, 1, format.decimal);
-  for (auto at = static_cast<std::ptrdiff_t>(text.size()) - 6; at > 0; at -= 3) {
+  const auto point = static_cast<std::ptrdiff_t>(text.size()) - 3;
+  text[static_cast<std::size_t>(point)] = format.decimal;
+  for (std::ptrdiff_t at = point - 3; at > 0; at -= 3)
     text.insert(static_cast<std::size_t>(at), 1, format.thousands);
-  }
-  return value < 0 && hundredths > 0 ? "-" + text : text;
+  return value < 0 && rounded > 0 ? "-" + text : text;
 }
 
 std::string formatGeneral(double value, const NumberFormat& format) {

@@ -20,16 +20,6 @@ std::size_t sequenceLength(unsigned char lead) {
   return 0;
 }
 
-// Length of the character at the front, 1 for a byte that begins none.
-std::size_t leadingCharacter(std::string_view text) {
-  const std::size_t length = sequenceLength(static_cast<unsigned char>(text.front()));
-  if (length == 0 || length > text.size()) return 1;
-  for (std::size_t i = 1; i < length; ++i) {
-    if ((static_cast<unsigned char>(text[i]) & 0xC0) != 0x80) return 1;
-  }
-  return length;
-}
-
 char32_t codePoint(std::string_view character) {
   const auto lead = static_cast<unsigned char>(character.front());
   if (character.size() == 1) return lead < 0x80 ? lead : U'\uFFFD';
@@ -38,6 +28,23 @@ char32_t codePoint(std::string_view character) {
     code = (code << 6) | (static_cast<unsigned char>(character[i]) & 0x3FU);
   }
   return code;
+}
+
+// Whether a code has to be written in so many bytes; surrogates are no characters at all.
+bool needsBytes(char32_t code, std::size_t length) {
+  constexpr std::array<char32_t, 6> kFirst = {0, 0, 0x80, 0x800, 0x10000, 0x110000};
+  const bool surrogate = code >= 0xD800 && code < 0xE000;
+  return code >= kFirst[length] && code < kFirst[length + 1] && !surrogate;
+}
+
+// Length of the character at the front, 1 for a byte that begins none.
+std::size_t leadingCharacter(std::string_view text) {
+  const std::size_t length = sequenceLength(static_cast<unsigned char>(text.front()));
+  if (length <= 1 || length > text.size()) return 1;
+  for (std::size_t i = 1; i < length; ++i) {
+    if ((static_cast<unsigned char>(text[i]) & 0xC0) != 0x80) return 1;
+  }
+  return needsBytes(codePoint(text.substr(0, length)), length) ? length : 1;
 }
 
 char codePageByte(char32_t code) {

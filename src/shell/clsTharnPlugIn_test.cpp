@@ -131,7 +131,7 @@ TEST_F(PlugInClass, OpeningTheToolBeforeInitIsAFailureThatIsReported) {
 TEST_F(PlugInClass, TwoPluginsLiveSideBySide) {
   ASSERT_TRUE(open());
   HeadlessPlatform machine;
-  RecordingHost otherHost;
+  FakeHost otherHost;
   otherHost.baseFilename = folder + "/second";
   Plugin second{machine};
   second.plugIn.ITharnPlugin_Init("", "", otherHost);

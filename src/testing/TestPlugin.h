@@ -12,24 +12,9 @@
 #include "platform/Events.h"
 #include "platform/HeadlessPlatform.h"
 #include "shell/Plugin.h"
+#include "testing/FakeHost.h"
 
 namespace korvane {
-
-/// A desk that writes down what it is asked for.
-struct RecordingHost : Host {
-  std::int32_t ChannelMAXCHANNELS() override { return channels; }
-  std::string ProjectName() override { return name; }
-  std::string ProjectBaseFilename() override { return baseFilename; }
-  void UserInteraction() override { calls.emplace_back("UserInteraction"); }
-  void SetChannel(std::int32_t channel, std::int32_t value, bool) override {
-    calls.push_back("SetChannel " + std::to_string(channel) + " " + std::to_string(value));
-  }
-
-  std::int32_t channels = 512;
-  std::string name = "show";
-  std::string baseFilename;
-  std::vector<std::string> calls;
-};
 
 /// A whole plug-in with a desk around it, pressed as a person presses it: every event goes through
 /// the one place where failures are caught.
@@ -89,7 +74,7 @@ class TestPlugin : public testing::Test {
     for (const ListView::Row& row : list.rows()) all.push_back(row.sub.at(0));
     return all;
   }
-  std::vector<std::string> takeCalls() { return std::exchange(host.calls, {}); }
+  std::vector<std::string> takeCalls() { return host.take(); }
   std::vector<std::string> takeBoxes() { return std::exchange(platform.boxes, {}); }
   /// Number of the failure reported last, 0 for none; forgets all.
   int takeFailure() {
@@ -113,7 +98,7 @@ class TestPlugin : public testing::Test {
 
   std::string folder = folderOf(*testing::UnitTest::GetInstance()->current_test_info());
   HeadlessPlatform platform;
-  RecordingHost host;
+  FakeHost host;
   Plugin plugin{platform};
   Engine& engine = plugin.engine;
   Variablen& v = engine.v;

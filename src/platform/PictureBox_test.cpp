@@ -1,0 +1,110 @@
+#include "platform/PictureBox.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "testing/Drawing.h"
+
+namespace korvane {
+namespace {
+
+constexpr Color kRed = rgb(255, 0, 0);
+constexpr Color kBlue = rgb(0, 0, 255);
+
+class PictureBoxTest : public testing::Test {
+ protected:
+  PictureBoxTest() {
+    const auto pointer = [this](const std::string& event) {
+      return [this, event](int x, int y) {
+        events.push_back(event + " " + std::to_string(x) + " " + std::to_string(y) +
+                         (box.buttonHeld() ? " held" : ""));
+      };
+    };
+    const auto plain = [this](const std::string& event) {
+      return [this, event] { events.push_back(event); };
+    };
+    box.onMouseDown = pointer("down");
+    box.onMouseMove = pointer("move");
+    box.onMouseUp = pointer("up");
+    box.onClick = plain("click");
+    box.onDblClick = plain("dblclick");
+    box.onResize = plain("resize");
+    box.onPixels = [this](int x1, int y1, int x2, int y2) {
+      events.push_back("pixels " + std::to_string(x1) + " " + std::to_string(y1) + " " +
+                       std::to_string(x2) + " " + std::to_string(y2));
+    };
+  }
+
+  PictureBox box{"box", {4, 3}, {}, kBlue};
+  std::vector<std::string> events;
+};
+
+using Events = std::vector<std::string>;
+
+TEST_F(PictureBoxTest, StartsInItsBackgroundColour) {
+  expectPicture(box.raster(), {"BBBB", "BBBB", "BBBB"});
+  EXPECT_EQ(box.sizing(), PictureBox::Sizing::Grow);
+}
+
+TEST_F(PictureBoxTest, AnotherSizeClearsAndIsAnEvent) {
+  box.fillRect(0, 0, 3, 2, kRed);
+  events.clear();
+  box.resize(2, 1);
+  expectPicture(box.raster(), {"BB"});
+  EXPECT_EQ(events, Events{"resize"});
+}
+
+TEST_F(PictureBoxTest, TheSameSizeKeepsThePictureAndIsNoEvent) {
+  box.setPixel(0, 0, kRed);
+  events.clear();
+  box.resize(4, 3);
+  expectPicture(box.raster(), {"RBBB", "BBBB", "BBBB"});
+  EXPECT_EQ(events, Events{});
+}
+
+TEST_F(PictureBoxTest, AnotherPictureIsNoResizeEvent) {
+  box.setRaster(Raster(2, 2, kRed));
+  expectPicture(box.raster(), {"RR", "RR"});
+  EXPECT_EQ(events, Events{"pixels 0 0 1 1"});
+}
+
+TEST_F(PictureBoxTest, DrawingTellsTheViewWhichPixelsChanged) {
+  box.fillRect(1, 1, 2, 2, kRed);
+  box.drawRect(0, 0, 3, 2, kRed);
+  box.setPixel(3, 1, kRed);
+  box.clear();
+  box.canvas().fill(kRed);
+  box.touched();
+  EXPECT_EQ(events, (Events{"pixels 1 1 2 2", "pixels 0 0 3 2", "pixels 3 1 3 1", "pixels 0 0 3 2",
+                            "pixels 0 0 3 2"}));
+}
+
+TEST_F(PictureBoxTest, TheViewGetsTheUpperLeftCornerFirst) {
+  box.fillRect(3, 2, 1, 0, kRed);
+  EXPECT_EQ(events, Events{"pixels 1 0 3 2"});
+}
+
+TEST_F(PictureBoxTest, PointerEventsCarryThePlaceAndTheButton) {
+  box.mouse(PictureBox::Mouse::Move, 1, 2);
+  box.mouse(PictureBox::Mouse::Down, 1, 2);
+  box.mouse(PictureBox::Mouse::Move, 3, 2);
+  box.mouse(PictureBox::Mouse::Up, 3, 2);
+  box.mouse(PictureBox::Mouse::Click, 3, 2);
+  box.mouse(PictureBox::Mouse::DblClick, 3, 2);
+  EXPECT_EQ(events,
+            (Events{"move 1 2", "down 1 2 held", "move 3 2 held", "up 3 2", "click", "dblclick"}));
+}
+
+TEST_F(PictureBoxTest, ABoxWithoutHandlersTakesEverything) {
+  PictureBox plain("plain", {1, 1});
+  for (const auto event : {PictureBox::Mouse::Down, PictureBox::Mouse::Click})
+    plain.mouse(event, 0, 0);
+  plain.resize(2, 2);
+  plain.clear();
+  EXPECT_TRUE(plain.buttonHeld());
+}
+
+}  // namespace
+}  // namespace korvane

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include "platform/Events.h"
+#include "platform/HeadlessPlatform.h"
+#include "state/Engine.h"
+#include "testing/FailureOf.h"
+#include "testing/FakeHost.h"
+
+namespace korvane {
+
+/// The shared state alone, with a machine without a person and a desk around it: for the floors
+/// below the windows.
+class EngineTest : public testing::Test {
+ protected:
+  EngineTest() { v.host = &host; }
+
+  /// Gives the grid a size. The channels run from 1 on, column by column; all frames are black.
+  void redim(int cols, int rows) {
+    v.matrixCols = static_cast<std::int16_t>(cols);
+    v.matrixRows = static_cast<std::int16_t>(rows);
+    v.channelMap.redim(cols, rows);
+    v.cellConfigured.redim(cols, rows);
+    for (Frame* frame : {&v.frameA, &v.frameB, &v.frameWorkA, &v.frameWorkB, &v.frameM})
+      frame->redim(cols, rows);
+    v.fadeMap.redim(cols, rows);
+    v.frameSent.redim(cols, rows);
+    std::int32_t channel = 1;
+    for (int col = 0; col < cols; ++col) {
+      for (int row = 0; row < rows; ++row) {
+        for (int component = 0; component < 3; ++component)
+          v.channelMap.set(col, row, component, channel++);
+      }
+    }
+  }
+
+  HeadlessPlatform platform;
+  FakeHost host;
+  Engine engine{platform};
+  Variablen& v = engine.v;
+};
+
+}  // namespace korvane
