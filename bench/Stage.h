@@ -2,10 +2,9 @@
 
 #include <benchmark/benchmark.h>
 
-#include <cstring>
-#include <ctime>
-#include <vector>
+#include <cstdint>
 
+#include "BesideMemcpy.h"
 #include "output/Preview.h"
 #include "persistence/MatrixDefinition.h"
 #include "platform/HeadlessPlatform.h"
@@ -55,41 +54,26 @@ struct Stage {
   Engine engine;
 };
 
-/// Processor time of a piece of work, in nanoseconds.
-template <class Work>
-double processorTime(Work work) {
-  const std::clock_t start = std::clock();
-  work();
-  return static_cast<double>(std::clock() - start) * 1e9 / CLOCKS_PER_SEC;
-}
-
-/// Processor time of copying a frame, in nanoseconds.
-inline double copyTime(const Frame& frame) {
-  constexpr int kCopies = 200'000;
-  std::vector<Rgb> copy(frame.span());
-  return processorTime([&] {
-           for (int i = 0; i < kCopies; ++i) {
-             std::memcpy(copy.data(), frame.data(), frame.span() * sizeof(Rgb));
-             benchmark::DoNotOptimize(copy.data());
-             benchmark::ClobberMemory();
-           }
-         }) /
-         kCopies;
-}
-
-/// Runs `tick` on deck A and reports beside its time: `memcpy_ns`, the time of copying the frame in
-/// the same run, `ratio`, the tick's time in such copies, and what the desk was handed per tick.
+/// Measures `tick` on deck A beside a memcpy of its frame, and reports what the desk was handed per
+/// tick: `passes` of output and `channels`.
 template <class Tick>
 void measure(benchmark::State& state, Stage& stage, Tick tick) {
-  const double ticking = processorTime([&] {
-    for (auto _ : state) tick(stage.engine, stage.engine.v.A);
+  std::int64_t ticks = 0;
+  Deck& deck = stage.engine.v.A;
+  measureBesideMemcpy(state, deck.frame.span() * sizeof(Rgb), [&] {
+    tick(stage.engine, deck);
+    ++ticks;
   });
-  const double copying = copyTime(stage.engine.v.frameA);
-  const auto ticks = static_cast<double>(state.iterations());
-  state.counters["memcpy_ns"] = copying;
-  state.counters["ratio"] = ticking / ticks / copying;
-  state.counters["passes"] = static_cast<double>(stage.host.passes) / ticks;
-  state.counters["channels"] = static_cast<double>(stage.host.channels) / ticks;
+  const auto perTick = [ticks](std::int64_t count) {
+    return static_cast<double>(count) / static_cast<double>(ticks);
+  };
+  state.counters["passes"] = perTick(stage.host.passes);
+  state.counters["channels"] = perTick(stage.host.channels);
+}
+
+/// How every benchmark of ticks runs.
+inline void asTicks(benchmark::internal::Benchmark* bench) {
+  bench->UseManualTime()->Iterations(500)->Unit(benchmark::kMicrosecond);
 }
 
 }  // namespace korvane

@@ -46,9 +46,9 @@ void ticker(benchmark::State& state) {
   measure(state, stage, [](Engine& engine, Deck& deck) { tickerTick(engine, deck); });
 }
 
-BENCHMARK(fire)->Arg(12)->Arg(50);
-BENCHMARK(fluid)->ArgsProduct({{12, 50}, {1, 3, 5, 7}});
-BENCHMARK(ticker)->ArgsProduct({{12, 50}, {1, 3, 5, 7}});
+BENCHMARK(fire)->Arg(12)->Arg(50)->Apply(asTicks);
+BENCHMARK(fluid)->ArgsProduct({{12, 50}, {1, 3, 5, 7}})->Apply(asTicks);
+BENCHMARK(ticker)->ArgsProduct({{12, 50}, {1, 3, 5, 7}})->Apply(asTicks);
 
 }  // namespace
 }  // namespace korvane
