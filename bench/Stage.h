@@ -2,8 +2,6 @@
 
 #include <benchmark/benchmark.h>
 
-#include <cstdint>
-
 #include "BesideMemcpy.h"
 #include "output/Preview.h"
 #include "persistence/MatrixDefinition.h"
@@ -49,31 +47,28 @@ struct Stage {
     }
   }
 
+  /// Of the three components of all cells.
+  std::size_t bytes() const {
+    return static_cast<std::size_t>(engine.v.matrixCols) *
+           static_cast<std::size_t>(engine.v.matrixRows) * 3;
+  }
+
   HeadlessPlatform platform;
   CountingHost host;
   Engine engine;
 };
 
-/// Measures `tick` on deck A beside a memcpy of its frame, and reports what the desk was handed per
-/// tick: `passes` of output and `channels`.
+/// Runs `tick` on deck A beside a memcpy of the frame, and reports what the desk was handed per
+/// tick, too. The benchmark must be registered with inTurns.
 template <class Tick>
 void measure(benchmark::State& state, Stage& stage, Tick tick) {
-  std::int64_t ticks = 0;
-  Deck& deck = stage.engine.v.A;
-  measureBesideMemcpy(state, deck.frame.span() * sizeof(Rgb), [&] {
-    tick(stage.engine, deck);
+  double ticks = 0;
+  measureBesideMemcpy(state, stage.bytes(), [&] {
+    tick(stage.engine, stage.engine.v.A);
     ++ticks;
   });
-  const auto perTick = [ticks](std::int64_t count) {
-    return static_cast<double>(count) / static_cast<double>(ticks);
-  };
-  state.counters["passes"] = perTick(stage.host.passes);
-  state.counters["channels"] = perTick(stage.host.channels);
-}
-
-/// How every benchmark of ticks runs.
-inline void asTicks(benchmark::internal::Benchmark* bench) {
-  bench->UseManualTime()->Iterations(500)->Unit(benchmark::kMicrosecond);
+  state.counters["passes"] = static_cast<double>(stage.host.passes) / ticks;
+  state.counters["channels"] = static_cast<double>(stage.host.channels) / ticks;
 }
 
 }  // namespace korvane

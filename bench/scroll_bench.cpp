@@ -65,11 +65,11 @@ void startOfFill(benchmark::State& state) {
 
 BENCHMARK(colorScroll)
     ->ArgsProduct({{12, 50}, benchmark::CreateDenseRange(1, 12, 1)})
-    ->Apply(asTicks);
+    ->Apply(inTurns);
 BENCHMARK(colorChange)
     ->ArgsProduct({{12, 50}, benchmark::CreateDenseRange(0, 8, 1)})
-    ->Apply(asTicks);
-BENCHMARK(startOfFill)->Arg(12)->Arg(50)->Apply(asTicks);
+    ->Apply(inTurns);
+BENCHMARK(startOfFill)->Arg(12)->Arg(50)->Apply(inTurns);
 
 }  // namespace
 }  // namespace korvane
