@@ -137,10 +137,16 @@ void PictureWidget::mouseMoveEvent(QMouseEvent* event) {
   send(Mouse::Move, at);
 }
 
-// The second press of a double click is the double click itself, and no click follows it.
+// A box that follows the pointer learns that it has gone.
+void PictureWidget::leaveEvent(QEvent*) {
+  if (!box_.buttonHeld()) send(Mouse::Move, {-1, -1});
+}
+
+// The second press of a double click is a press and the double click, and no click follows it.
 void PictureWidget::mouseDoubleClickEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton) return;
   pressed_ = false;
+  send(Mouse::Down, toBox(event->position()));
   send(Mouse::DblClick, toBox(event->position()));
 }
 

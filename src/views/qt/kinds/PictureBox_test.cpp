@@ -85,15 +85,19 @@ TEST_F(PictureBoxes, ShowThePixelsAsTheyAre) {
 
 TEST_F(PictureBoxes, DrawTheOverlayOverThePixelsAndTakeItAway) {
   grown.fillRect(0, 0, grown.width() - 1, grown.height() - 1, rgb(1, 2, 3));
-  grown.setOverlay({{4, 6, 20, 6, rgb(255, 255, 255)}});
-  const auto pixel = [this](int x, int y) { return on<>(grown).grab().toImage().pixel(x, y); };
-  EXPECT_EQ(pixel(4, 6), qRgb(255, 255, 255));
-  EXPECT_EQ(pixel(19, 6), qRgb(255, 255, 255));
-  EXPECT_EQ(pixel(10, 7), qRgb(1, 2, 3));
-  EXPECT_EQ(pixel(10, 5), qRgb(1, 2, 3));
-  EXPECT_EQ(grown.raster().pixel(10, 6), rgb(1, 2, 3));
+  grown.setOverlay({{10, 4, 20, 4, rgb(250, 120, 30)}, {30, 25, 30, 9, rgb(0, 200, 0)}});
+  const QImage image = on<>(grown).grab().toImage().convertToFormat(QImage::Format_RGB32);
+  for (int y = 0; y < 40; ++y) {
+    for (int x = 0; x < 40; ++x) {
+      const bool level = y == 4 && x >= 10 && x <= 20;
+      const bool upright = x == 30 && y >= 9 && y <= 25;
+      const QRgb wanted = level ? qRgb(250, 120, 30) : upright ? qRgb(0, 200, 0) : qRgb(1, 2, 3);
+      ASSERT_EQ(image.pixel(x, y), wanted) << x << ", " << y;
+    }
+  }
+  EXPECT_EQ(grown.raster().pixel(10, 4), rgb(1, 2, 3));
   grown.setOverlay({});
-  EXPECT_EQ(pixel(10, 6), qRgb(1, 2, 3));
+  EXPECT_EQ(on<>(grown).grab().toImage().pixel(10, 4), qRgb(1, 2, 3));
 }
 
 TEST_F(PictureBoxes, RepaintOnlyWhatHasChanged) {
@@ -119,9 +123,19 @@ TEST_F(PictureBoxes, HandOnTheMouseInPixelsOfTheBox) {
 TEST_F(PictureBoxes, ADoubleClickEndsWithoutAThirdClick) {
   QTest::mouseClick(&on<>(grown), Qt::LeftButton, {}, {20, 30});
   QTest::mouseDClick(&on<>(grown), Qt::LeftButton, {}, {20, 30});
+  QTest::mouseRelease(&on<>(grown), Qt::LeftButton, {}, {20, 30});
   EXPECT_EQ(std::count(events.begin(), events.end(), "click"), 1);
   EXPECT_EQ(std::count(events.begin(), events.end(), "dblclick"), 1);
+  const std::string at = std::to_string(screen(20)) + " " + std::to_string(screen(30));
+  EXPECT_EQ(std::count(events.begin(), events.end(), "down " + at),
+            std::count(events.begin(), events.end(), "up " + at));
   EXPECT_FALSE(grown.buttonHeld());
+}
+
+TEST_F(PictureBoxes, AreToldWhenThePointerLeaves) {
+  QEvent leave(QEvent::Leave);
+  QApplication::sendEvent(&on<>(grown), &leave);
+  EXPECT_EQ(events, std::vector<std::string>{"move -1 -1"});
 }
 
 TEST_F(PictureBoxes, CountFromTheCornerOfACentredSquare) {
