@@ -70,8 +70,9 @@ class Photographer {
     if (!size_.isEmpty()) view_.window(plugin_.matrixForm).resize(size_);
     wireLamps();
     makeShow();
-    save(view_.window(plugin_.matrixForm), plugin_.matrixForm.name());
-    save(desk_, "Desk");
+    save(view_.window(plugin_.matrixForm), "main-window");
+    taken_ << text(plugin_.matrixForm.name());
+    save(desk_, "desk");
     for (int row = 0; row < kEffectTypes; ++row) takeDialog(row);
     mixOrange();
     for (Form* form : plugin_.engine.desktop.forms()) takeForm(*form);

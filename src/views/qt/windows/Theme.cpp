@@ -108,7 +108,7 @@ QString filledIn(QString sheet) {
 }
 
 QPalette palette() {
-  QPalette colors(QColor(theme::kFace), QColor(theme::kWindow));
+  QPalette colors{QColor(theme::kFace), QColor(theme::kWindow)};
   const std::pair<QPalette::ColorRole, const char*> roles[] = {
       {QPalette::WindowText, theme::kText},
       {QPalette::Base, theme::kWell},
