@@ -36,7 +36,8 @@ class ReplaceFile : public testing::Test {
         std::distance(fs::directory_iterator(folder), fs::directory_iterator()));
   }
 
-  std::string folder = testing::TempDir() + "korvane-ReplaceFile";
+  std::string folder = testing::TempDir() + "korvane-ReplaceFile-" +
+                       testing::UnitTest::GetInstance()->current_test_info()->name();
   std::string path = folder + "/show";
 };
 
