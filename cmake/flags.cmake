@@ -8,6 +8,9 @@ target_compile_options(korvane-flags INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wno-res
 if(CMAKE_SIZEOF_VOID_P EQUAL 4 AND CMAKE_SYSTEM_PROCESSOR MATCHES "86")
   target_compile_options(korvane-flags INTERFACE -msse2 -mfpmath=sse)
 endif()
+if(WIN32)  # a false alarm of g++ 12 within std::string
+  target_compile_options(korvane-flags INTERFACE -Wno-restrict)
+endif()
 
 set(CMAKE_CXX_FLAGS_RELEASE "-O3 -DNDEBUG")
 set(CMAKE_CXX_FLAGS_DEBUG "-O1 -g")
@@ -54,4 +57,17 @@ function(korvane_test_program name suffix)
   endif()
   add_executable(${name} ${sources})
   target_link_libraries(${name} PRIVATE korvane-flags GTest::gtest GTest::gtest_main GTest::gmock)
+endfunction()
+
+# korvane_run_tests(NAME [PROPERTIES ...]): hands the tests of a test program to ctest, one by one.
+# Under Wine, which takes long to start, the program is one test.
+function(korvane_run_tests name)
+  if(WIN32)
+    korvane_wine_test(${name} $<TARGET_FILE:${name}>)
+    if(ARGN)
+      set_tests_properties(${name} ${ARGN})
+    endif()
+  else()
+    gtest_discover_tests(${name} ${ARGN})
+  endif()
 endfunction()

@@ -98,8 +98,10 @@ TEST_F(ColorMixer, AClickOnTheMarkerTakesTheMarkersComponent) {
 
 TEST_F(ColorMixer, SystemColoursAreTakenApart) {
   openAt(static_cast<Color>(0x8000000DU));
-  EXPECT_EQ(mixer.Sred.value(), 0);
-  EXPECT_EQ(mixer.Sblue.value(), 128);
+  const Rgb highlight = colorParts(systemColor(13));
+  EXPECT_EQ(mixer.Sred.value(), highlight[0]);
+  EXPECT_EQ(mixer.Sgreen.value(), highlight[1]);
+  EXPECT_EQ(mixer.Sblue.value(), highlight[2]);
 }
 
 }  // namespace

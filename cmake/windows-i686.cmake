@@ -1,0 +1,3 @@
+# Toolchain of 32-bit Windows.
+set(CMAKE_SYSTEM_PROCESSOR i686)
+include(${CMAKE_CURRENT_LIST_DIR}/mingw.cmake)
