@@ -28,7 +28,8 @@ ColorListDialog::ColorListDialog(Engine& engine, const Texts& texts, NumberColum
       beatControl("beatControl", {.toolTip = "step on the beat of the desk instead of by time",
                                   .label = "Beat Control : "}),
       numbers_(std::move(numbers)) {
-  ColorList.setColumns({{"Color", 0.6, true}, {numbers_.title, 0.3, true}});
+  ColorList.setColumns({{.title = "Color", .width = 0.6, .editable = true, .colored = true},
+                        {.title = numbers_.title, .width = 0.3, .editable = true}});
   ColorList.onClick = [this](int entry, int col) { ColorList_Click(entry, col); };
   bindNumberColumn(ColorList, kNumberColumn, engine.platform, numbers_.normal,
                    [this] { takeList(); });

@@ -42,8 +42,8 @@ MxTickerForm::MxTickerForm(Engine& engine)
 }
 
 void MxTickerForm::declareLayout() {
-  setLayout(column({fields({myName, myTicker, Color1, Color2, myFont, slSpeed, slOffset}),
-                    row({directionLabel, row(richtung.controls())}),
+  setLayout(column({fields({myName, myTicker, Color1, Color2, myFont, slSpeed, slOffset,
+                            row({directionLabel, row(richtung.controls()), space()})}),
                     grid(2, {Beat, Backward, Mirror, Letter}), space(), row({space(), OK})}));
 }
 

@@ -48,8 +48,7 @@ TEST_F(TestConsole, GetTellsOfEveryKindOfControl) {
                 R"({"text":"second","sub":["2.0"],"color":"FF0000","selected":true}],)"
                 R"("current":1})");
   EXPECT_EQ(reply("get Demo.text"), common("TextBox", "", "") + R"(,"text":"start"})");
-  EXPECT_EQ(reply("get Demo.slider"),
-            common("Slider", "", "") + R"(,"value":-5,"min":-5,"max":5})");
+  EXPECT_EQ(reply("get Demo.slider"), common("Slider", "", "") + R"(,"value":0,"min":-5,"max":5})");
   EXPECT_EQ(reply("get Demo.picture"),
             common("PictureBox", "", "") + R"(,"width":4,"height":3,"backColor":"0000FF"})");
   EXPECT_EQ(reply("get Demo.color"), common("ColorBox", "", "") + R"(,"backColor":"0102FF"})");

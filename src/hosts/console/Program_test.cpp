@@ -97,7 +97,7 @@ TEST_F(Program, EndsWith2ForWrongUsage) {
        "korvane-console: --base needs a name at its end, not 'shows/'; "
        "--help tells the usage\n"},
       {"--output smoke:1",
-       "korvane-console: --output: unknown protocol 'smoke', expected sacn or "
+       "korvane-console: output 'smoke:1': unknown protocol 'smoke', expected sacn or "
        "artnet; --help tells the usage\n"},
       {"a b", "korvane-console: there is one script too many: b; --help tells the usage\n"},
   };
@@ -192,6 +192,22 @@ TEST_F(Program, ASeedMakesARunRepeatExactly) {
   EXPECT_EQ(first.status, 0);
   EXPECT_EQ(first.replies, run("--seed 7", script).replies);
   EXPECT_NE(first.replies, run("--seed 8", script).replies);
+}
+
+TEST_F(Program, TheExampleOfItsPageIsTrue) {
+  std::string commands;
+  std::vector<std::string> expected;
+  for (const std::string& line : split(bytesOf(KORVANE_SOURCE_DIR "/docs/console.md"), '\n')) {
+    if (line.starts_with("    > ")) {
+      commands += line.substr(6) + "\n";
+      expected.emplace_back();
+    } else if (!expected.empty() && expected.back().empty()) {
+      expected.back() = line.substr(4);
+    }
+  }
+  ASSERT_GT(expected.size(), 10U);
+  EXPECT_EQ(run("--seed 1", commands).replies, expected);
+  EXPECT_TRUE(std::filesystem::exists(folder + "/mix.png"));
 }
 
 TEST_F(Program, TakesGarbageAndVeryLongLines) {

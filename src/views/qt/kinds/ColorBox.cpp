@@ -7,7 +7,8 @@
 namespace korvane {
 namespace {
 
-constexpr QSize kSize{96, 30};
+constexpr QSize kSize{56, 32};
+constexpr int kLeastWidth = 36;
 constexpr int kCorner = 4;
 
 class Swatch : public QAbstractButton {
@@ -22,7 +23,7 @@ class Swatch : public QAbstractButton {
     update();
   }
   QSize sizeHint() const override { return kSize; }
-  QSize minimumSizeHint() const override { return {kSize.width() / 2, kSize.height()}; }
+  QSize minimumSizeHint() const override { return {kLeastWidth, kSize.height()}; }
 
  protected:
   void paintEvent(QPaintEvent*) override {

@@ -138,6 +138,7 @@ void LayoutBuilder::placeField(const Layout& part, QGridLayout& grid, int row) {
 QLayout* LayoutBuilder::makeGrid(const Layout& part) {
   auto* grid = new QGridLayout;
   grid->setSpacing(kGap);
+  grid->setColumnStretch(part.columns, 1);  // spare room stays on the right
   int next = 0;
   const auto row = [&] { return next / part.columns; };
   const auto column = [&] { return next % part.columns; };
