@@ -1,5 +1,6 @@
 #include "generators/ColorListDialog.h"
 
+#include "generators/BeatCode.h"
 #include "generators/ColorCode.h"
 #include "generators/Dialogs.h"
 #include "platform/Numbers.h"
@@ -10,7 +11,6 @@ namespace {
 constexpr const char* kColorBar = "||||||||||||";
 constexpr int kColorColumn = 0;
 constexpr int kNumberColumn = 1;
-constexpr std::int32_t kBeatLockOut = 200;  // milliseconds between accepted beats
 
 }  // namespace
 
@@ -105,16 +105,8 @@ void ColorListDialog::moveColor(int by) {
 }
 
 void ColorListDialog::beatControl_Click() {
-  const bool on = beatControl.checked();
-  if (on) {
-    deck().timer1.disable();
-    deck().timer2.disable();
-    deck().timer2.setInterval(kBeatLockOut);
-  }
-  effect().beatControl = on ? 1 : 0;
-  engine_.v.beatControlSeen = on;
-  deck().beatOn = on;
-  if (!on && effect().colorCount > 1) deck().timer1.enable();
+  followBeat(engine_, deck(), beatControl.checked());
+  if (!beatControl.checked() && effect().colorCount > 1) deck().timer1.enable();
 }
 
 }  // namespace korvane

@@ -8,12 +8,12 @@
 #include <filesystem>
 #include <iostream>
 
+#include "hosts/common/WallClock.h"
 #include "hosts/console/ConsolePlatform.h"
 #include "hosts/console/Interpreter.h"
 #include "hosts/console/LineReader.h"
 #include "hosts/console/Operations.h"
 #include "hosts/console/Options.h"
-#include "hosts/console/WallClock.h"
 #include "hosts/network/NetworkOutput.h"
 #include "platform/Events.h"
 #ifdef KORVANE_PICTURES
