@@ -8,9 +8,6 @@ target_compile_options(korvane-flags INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wno-res
 if(CMAKE_SIZEOF_VOID_P EQUAL 4 AND CMAKE_SYSTEM_PROCESSOR MATCHES "86")
   target_compile_options(korvane-flags INTERFACE -msse2 -mfpmath=sse)
 endif()
-if(WIN32)  # a false alarm of g++ 12 within std::string
-  target_compile_options(korvane-flags INTERFACE -Wno-restrict)
-endif()
 
 set(CMAKE_CXX_FLAGS_RELEASE "-O3 -DNDEBUG")
 set(CMAKE_CXX_FLAGS_DEBUG "-O1 -g")
