@@ -9,6 +9,9 @@
 #include "generators/MxColorScroll.h"
 #include "generators/MxFire.h"
 #include "generators/MxGradientForm.h"
+#include "generators/MxImageForm.h"
+#include "generators/MxImageList.h"
+#include "generators/MxPaintForm.h"
 #include "generators/MxTickerForm.h"
 #include "generators/MxWater.h"
 #include "state/Effect.h"
@@ -22,6 +25,9 @@ struct Dialogs {
   MxColorMixer mixer;
   MxColorForm color;
   MxGradientForm gradient;
+  MxPaintForm paint;
+  MxImageForm image;
+  MxImageList imageList;
   MxColorChange colorChange;
   MxColorScroll colorScroll;
   MxFire fire;

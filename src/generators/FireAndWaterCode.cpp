@@ -26,18 +26,10 @@ Flame flameOf(const Effect& effect, int rows) {
           std::pow(0.4, share)};
 }
 
-// What is too faint is not dimmed but dark.
-std::uint8_t glow(double value) {
-  constexpr std::int16_t kDarkBelow = 70;
-  const std::int16_t v = roundToInt16(value);
-  if (v > 255) return 255;
-  return v < kDarkBelow ? std::uint8_t{0} : static_cast<std::uint8_t>(v);
-}
-
 Rgb spark(const Flame& flame, double a, double b) {
   Rgb cell{};
   for (std::size_t component = 0; component < 3; ++component)
-    cell[component] = glow(a * flame.main[component] + b * flame.second[component]);
+    cell[component] = flameComponent(a * flame.main[component] + b * flame.second[component]);
   return cell;
 }
 
@@ -119,6 +111,13 @@ void enter(Engine& engine, Deck& deck, int i, const Rgb& color) {
 }
 
 }  // namespace
+
+std::uint8_t flameComponent(double value) {
+  constexpr std::int16_t kDarkBelow = 70;
+  const std::int16_t v = roundToInt16(value);
+  if (v > 255) return 255;
+  return v < kDarkBelow ? std::uint8_t{0} : static_cast<std::uint8_t>(v);
+}
 
 void fireTick(Engine& engine, Deck& deck) {
   if (deck.effect().amount <= 0) return goOut(engine, deck);

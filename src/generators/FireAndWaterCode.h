@@ -1,10 +1,17 @@
 #pragma once
 
+#include <cstdint>
+
 #include "state/Engine.h"
 
 namespace korvane {
 
-/// One step of the Fire effect: repaints one cell in three.
+/// A component of a flame's cell: rounded, ties to even; above 255 it is 255, and below 70 it is
+/// not dimmed but black.
+std::uint8_t flameComponent(double value);
+
+/// One step of the Fire effect: repaints one cell in three. On deck B kOverflow for a grid with
+/// more cells than its 16-bit count.
 void fireTick(Engine& engine, Deck& deck);
 inline void fireTickA(Engine& engine) { fireTick(engine, engine.v.A); }
 inline void fireTickB(Engine& engine) { fireTick(engine, engine.v.B); }

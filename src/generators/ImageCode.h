@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 #include "state/Engine.h"
 
 namespace korvane {
@@ -7,13 +9,17 @@ namespace korvane {
 /// Loads the effect's image of this index into the deck's hidden picture; false if there is no such
 /// file. kInvalidPicture if it can't be read.
 bool loadImage(Engine& engine, Deck& deck, int index);
+/// The same for a path.
+bool loadImage(Engine& engine, Deck& deck, const std::string& path);
 
-/// Puts the window onto the image at the start of its travel.
+/// Puts the window onto the image at the start of its travel; a direction that doesn't exist leaves
+/// it where it is. kOverflow if the image is wider than 16 bits tell.
 void placeImage(Engine& engine, Deck& deck);
 inline void placeImageA(Engine& engine) { placeImage(engine, engine.v.A); }
 inline void placeImageB(Engine& engine) { placeImage(engine, engine.v.B); }
 
-/// Makes the deck's mini picture of the image, arms the travel, and samples it.
+/// Makes the deck's mini picture of the image, arms the travel, and samples it. An empty list shows
+/// a message and turns the deck black.
 void prepareImage(Engine& engine, Deck& deck);
 inline void prepareImageA(Engine& engine) { prepareImage(engine, engine.v.A); }
 inline void prepareImageB(Engine& engine) { prepareImage(engine, engine.v.B); }
@@ -28,9 +34,13 @@ void moveImage(Engine& engine, Deck& deck);
 inline void moveImageA(Engine& engine) { moveImage(engine, engine.v.A); }
 inline void moveImageB(Engine& engine) { moveImage(engine, engine.v.B); }
 
-/// A tick of the sequence timer: the next image of the list.
+/// A tick of the sequence timer, which the tick has turned off: the next image of the list. A file
+/// that has gone shows a message and ends the sequence.
 void nextImage(Engine& engine, Deck& deck);
 inline void nextImageA(Engine& engine) { nextImage(engine, engine.v.A); }
 inline void nextImageB(Engine& engine) { nextImage(engine, engine.v.B); }
+
+/// Sets the sequence timer to the time of an image, in seconds in the record, and turns it on.
+void holdImage(Deck& deck, int index);
 
 }  // namespace korvane

@@ -30,7 +30,7 @@ MxColorMixer::MxColorMixer(Engine& engine)
           {{&Sred, &Pred, kRedMask}, {&Sgreen, &Pgreen, kGreenMask}, {&Sblue, &Pblue, kBlueMask}}} {
   add({&Sred, &Pred, &Sgreen, &Pgreen, &Sblue, &Pblue, &Presult, &Bok, &Bcancel});
   setLayout(column({row({row({Sred, Pred}), space(), row({Sgreen, Pgreen}), space(),
-                         row({Sblue, Pblue}), space(), column({Layout(Presult, 1)}, 1)},
+                         row({Sblue, Pblue}), space(), column({Layout(Presult, 1)}, 4)},
                         1),
                     row({space(), Bok, Bcancel})}));
   for (const Component& component : components_) {

@@ -24,14 +24,18 @@ struct Run {
   std::size_t bytes() const { return cells * 3; }
 };
 
-// A frame that does not have the size of the matrix was left behind by a grid that could not be
-// dimensioned.
-void requireSize(const Frame& frame, const Variablen& v) {
-  if (frame.cols() != v.matrixCols || frame.rows() != v.matrixRows) throw Failure(kSubscript);
+// Without a column or a row there is nothing to loop over. A definition file can ask for that.
+bool hasCells(const Variablen& v) { return v.matrixCols > 0 && v.matrixRows > 0; }
+
+// A grid that does not have the size of the matrix was left behind when dimensioning failed.
+template <class T>
+void requireSize(const Grid<T>& grid, const Variablen& v) {
+  if (grid.cols() != v.matrixCols || grid.rows() != v.matrixRows) throw Failure(kSubscript);
 }
 
 Run wholeFrame(Variablen& v) {
   for (const Frame* frame : {&v.frameA, &v.frameB, &v.frameM}) requireSize(*frame, v);
+  requireSize(v.fadeMap, v);
   return {v.frameA.data(), v.frameB.data(), v.frameM.data(), v.fadeMap.data(), v.frameM.span()};
 }
 
@@ -109,10 +113,18 @@ bool changed(const Variablen& v, int col, std::size_t cells) {
                 v.channelMap.sendable().at(col, 0).data(), cells * 3);
 }
 
+// Draws a box on the simulation window or straight on its raster. The products are of 16 bits.
+template <class Surface>
+void drawSimCell(Surface& surface, const Variablen& v, std::int16_t col, std::int16_t row) {
+  const int x = add16(mul16(col, v.simCellW), v.simLeft);
+  const int y = add16(mul16(row, v.simCellH), v.simTop);
+  surface.fillRect(x, y, x + v.simCellW - 2, y + v.simCellH - 2, rgb(v.frameM.at(col, row)));
+}
+
 }  // namespace
 
 void mixFrame(Engine& engine, double m) {
-  mix(engine, wholeFrame(engine.v), m);
+  if (hasCells(engine.v)) mix(engine, wholeFrame(engine.v), m);
   if (engine.v.outputActive) sendFrame(engine);
   if (engine.v.simActive) simDrawFrame(engine);
 }
@@ -126,6 +138,7 @@ void mixCell(Engine& engine, double m, std::int16_t col, std::int16_t row) {
 void sendFrame(Engine& engine) {
   const Variablen& v = engine.v;
   engine.host().UserInteraction();
+  if (!hasCells(v)) return;
   for (const Frame* frame : {&v.frameM, &v.frameSent, &v.channelMap.sendable()})
     requireSize(*frame, v);
   if (!changed(v, 0, v.frameM.span())) return;
@@ -142,15 +155,14 @@ void sendCell(Engine& engine, std::int16_t col, std::int16_t row) {
 
 void simDrawFrame(Engine& engine) {
   for (std::int16_t col = 0; col < engine.v.matrixCols; ++col) {
-    for (std::int16_t row = 0; row < engine.v.matrixRows; ++row) simDrawCell(engine, col, row);
+    for (std::int16_t row = 0; row < engine.v.matrixRows; ++row)
+      drawSimCell(engine.sim.canvas(), engine.v, col, row);
   }
+  engine.sim.touched();
 }
 
 void simDrawCell(Engine& engine, std::int16_t col, std::int16_t row) {
-  const Variablen& v = engine.v;
-  const int x = add16(mul16(col, v.simCellW), v.simLeft);
-  const int y = add16(mul16(row, v.simCellH), v.simTop);
-  engine.sim.fillRect(x, y, x + v.simCellW - 2, y + v.simCellH - 2, rgb(v.frameM.at(col, row)));
+  drawSimCell(engine.sim, engine.v, col, row);
 }
 
 }  // namespace korvane

@@ -2,10 +2,13 @@
 
 namespace korvane {
 
-int colorPart(Color color, std::int32_t mask) {
+Color plainColor(Color color) {
   const auto bits = static_cast<std::uint32_t>(color);
-  const Color plain =
-      (bits >> 24) != 0 ? systemColor(static_cast<std::int32_t>(bits & 0xFFFFFF)) : color;
+  return (bits >> 24) != 0 ? systemColor(static_cast<std::int32_t>(bits & 0xFFFFFF)) : color;
+}
+
+int colorPart(Color color, std::int32_t mask) {
+  const Color plain = plainColor(color);
   switch (mask) {
     case kRedMask:
       return plain & 255;
@@ -16,12 +19,6 @@ int colorPart(Color color, std::int32_t mask) {
     default:
       return 0;
   }
-}
-
-Rgb colorParts(Color color) {
-  return {static_cast<std::uint8_t>(colorPart(color, kRedMask)),
-          static_cast<std::uint8_t>(colorPart(color, kGreenMask)),
-          static_cast<std::uint8_t>(colorPart(color, kBlueMask))};
 }
 
 }  // namespace korvane

@@ -27,7 +27,14 @@ Color systemColor(std::int32_t number);
 /// colours are resolved first. The only way in which a colour is taken apart.
 int colorPart(Color color, std::int32_t mask);
 
-/// All three components, each by colorPart.
-Rgb colorParts(Color color);
+/// The colour itself, or the one that it refers to.
+Color plainColor(Color color);
+
+/// All three components, each as by colorPart.
+inline Rgb colorParts(Color color) {
+  const Color plain = (color & ~0xFFFFFF) == 0 ? color : plainColor(color);
+  return {static_cast<std::uint8_t>(plain & 255), static_cast<std::uint8_t>((plain >> 8) & 255),
+          static_cast<std::uint8_t>((plain >> 16) & 255)};
+}
 
 }  // namespace korvane

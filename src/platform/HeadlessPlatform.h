@@ -1,6 +1,7 @@
 #pragma once
 
 #include <deque>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -20,6 +21,8 @@ class HeadlessPlatform : public Platform {
   void openPage(const std::string& address) override { pages.push_back(address); }
   void failed(const Failure& failure) override { failures.push_back(failure); }
 
+  /// Stands in for the contents of picture files, by path; a file without an entry can't be read.
+  std::map<std::string, Raster> pictures;
   std::vector<std::string> boxes;
   std::deque<std::optional<std::string>> answers;
   std::vector<FileQuestion> questions;

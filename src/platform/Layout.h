@@ -14,8 +14,9 @@ struct Layout {
     Item,    ///< one control, its `label` before it
     Row,     ///< children side by side
     Column,  ///< children one below the other
-    Fields,  ///< children one below the other, their labels aligned in a column of their own
-    Grid,    ///< children in lines of `columns` cells
+    Fields,  ///< children one below the other, their labels (or the Label that begins a row)
+             ///< aligned in a column of their own
+    Grid,    ///< children in lines of `columns` cells; a control's label takes a cell of its own
     Boxed,   ///< a Group with one child inside
     Space    ///< stretching emptiness
   };

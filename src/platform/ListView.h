@@ -18,11 +18,12 @@ class ListView : public Control {
     std::string title;
     double width = 0;       ///< share of the list's width, 0 - 1; 0 hides the column
     bool editable = false;  ///< cells can be edited in place
+    bool colored = false;   ///< drawn in the row's colour; other columns in the view's own
   };
   struct Row {
     std::string text;
     std::vector<std::string> sub;  ///< texts of the second column and on
-    Color color = 0;               ///< text colour
+    Color color = 0;               ///< text colour of the coloured columns
     bool selected = false;
   };
 
@@ -63,6 +64,8 @@ class ListView : public Control {
   /// what was typed through onValidate and onEdited and stores the result.
   bool beginEdit(int row, int col);
   void endEdit(const std::string& typed);
+  /// Closes the editor and leaves the cell as it was.
+  void cancelEdit() { editRow_ = -1; }
   bool editing() const { return editRow_ >= 0; }
   int editRow() const { return editRow_; }
   int editCol() const { return editCol_; }

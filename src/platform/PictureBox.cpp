@@ -1,6 +1,7 @@
 #include "platform/PictureBox.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace korvane {
 
@@ -36,6 +37,17 @@ void PictureBox::drawRect(int x1, int y1, int x2, int y2, Color color) {
 void PictureBox::invalidate(int x1, int y1, int x2, int y2) {
   if (!onPixels) return;
   onPixels(std::min(x1, x2), std::min(y1, y2), std::max(x1, x2), std::max(y1, y2));
+}
+
+void PictureBox::invalidateOverlay() {
+  for (const Line& line : overlay_) invalidate(line.x1, line.y1, line.x2, line.y2);
+}
+
+void PictureBox::setOverlay(std::vector<Line> lines) {
+  if (lines == overlay_) return;
+  invalidateOverlay();
+  overlay_ = std::move(lines);
+  invalidateOverlay();
 }
 
 void PictureBox::mouse(Mouse event, int x, int y) {

@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "platform/Control.h"
 #include "platform/Raster.h"
@@ -11,15 +12,24 @@ namespace korvane {
 /// A drawing area that owns its pixels; a view only copies them to the screen.
 class PictureBox : public Control {
  public:
-  /// Grow: the view gives the box as many screen pixels as there is room. Fixed: the box keeps its
-  /// size and the view enlarges its pixels.
-  enum class Sizing { Grow, Fixed };
+  /// Square: the view gives the box the largest square of screen pixels that there is room for.
+  /// Grow: all pixels that there is room for. Fixed: the box keeps its size and the view enlarges
+  /// its pixels.
+  enum class Sizing { Square, Grow, Fixed };
   enum class Mouse { Down, Move, Up, Click, DblClick };
 
   struct Size {
     int width;
     int height;
-    Sizing sizing = Sizing::Grow;
+    Sizing sizing = Sizing::Square;
+  };
+
+  /// A line of one pixel between two points, both included.
+  struct Line {
+    int x1, y1, x2, y2;
+    Color color;
+
+    bool operator==(const Line&) const = default;
   };
 
   PictureBox(std::string name, Size size, Look look = {}, Color backColor = 0)
@@ -46,6 +56,10 @@ class PictureBox : public Control {
   Raster& canvas() { return raster_; }
   void touched() { invalidate(0, 0, width() - 1, height() - 1); }
 
+  /// Lines that the view draws over the pixels; the raster does not hold them.
+  const std::vector<Line>& overlay() const { return overlay_; }
+  void setOverlay(std::vector<Line> lines);
+
   /// Pointer events in pixels of the box.
   void mouse(Mouse event, int x, int y);
   bool buttonHeld() const { return held_; }
@@ -59,10 +73,12 @@ class PictureBox : public Control {
 
  private:
   void invalidate(int x1, int y1, int x2, int y2);
+  void invalidateOverlay();
 
   Sizing sizing_;
   Color backColor_;
   Raster raster_;
+  std::vector<Line> overlay_;
   bool held_ = false;
 };
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
 #include <cstring>
 
 namespace korvane {
@@ -63,17 +64,50 @@ void Raster::drawRect(int x1, int y1, int x2, int y2, Color color) {
   fillRect(x2, y1, x2, y2, color);
 }
 
+void Raster::drawEllipse(int x1, int y1, int x2, int y2, Color color, bool filled) {
+  const int left = std::min(x1, x2);
+  const int top = std::min(y1, y2);
+  const double width = std::max(x1, x2) - left + 1.0;
+  const double height = std::max(y1, y2) - top + 1.0;
+  // Whether the centre of a pixel of the box lies in the ellipse. Whole numbers, so exact up to
+  // boxes of some 9000 pixels.
+  const auto inside = [=](int x, int y) {
+    const double dx = (2.0 * x + 1 - width) * height;
+    const double dy = (2.0 * y + 1 - height) * width;
+    return dx * dx + dy * dy <= width * width * height * height;
+  };
+  for (int y = std::max(top, 0); y < height_ && y <= std::max(y1, y2); ++y) {
+    for (int x = std::max(left, 0); x < width_ && x <= std::max(x1, x2); ++x) {
+      const int u = x - left;
+      const int v = y - top;
+      const bool deep =
+          inside(u - 1, v) && inside(u + 1, v) && inside(u, v - 1) && inside(u, v + 1);
+      if (inside(u, v) && (filled || !deep)) setPixel(x, y, color);
+    }
+  }
+}
+
 void Raster::copy(int x, int y, int width, int height, const Raster& source, int sourceX,
                   int sourceY) {
-  const Raster unchanged = &source == this ? source : Raster();
-  const Raster& from = &source == this ? unchanged : source;
-  for (int dy = 0; dy < height; ++dy) {
-    for (int dx = 0; dx < width; ++dx) {
-      const int fromX = sourceX + dx;
-      const int fromY = sourceY + dy;
-      if (fromX < 0 || fromY < 0 || fromX >= from.width_ || fromY >= from.height_) continue;
-      setPixel(x + dx, y + dy, from.pixels_[from.index(fromX, fromY)]);
-    }
+  const int first = std::max({0, -x, -sourceX});
+  const int last = std::min({width, width_ - x, source.width_ - sourceX});
+  const int top = std::max({0, -y, -sourceY});
+  const int bottom = std::min({height, height_ - y, source.height_ - sourceY});
+  if (first >= last || top >= bottom) return;
+  const auto bytes = static_cast<std::size_t>(last - first) * sizeof(Color);
+  const bool upward = y > sourceY;  // the order in which a raster can be copied onto itself
+  for (int i = top; i < bottom; ++i) {
+    const int dy = upward ? bottom - 1 - (i - top) : i;
+    std::memmove(pixels_.data() + index(x + first, y + dy),
+                 source.line(sourceY + dy) + sourceX + first, bytes);
+  }
+}
+
+void Raster::stretch(const Raster& source) {
+  if (source.width_ == 0 || source.height_ == 0) return;
+  for (int y = 0; y < height_; ++y) {
+    const Color* from = source.line(static_cast<int>(std::int64_t{y} * source.height_ / height_));
+    for (int x = 0; x < width_; ++x) setPixel(x, y, from[std::int64_t{x} * source.width_ / width_]);
   }
 }
 

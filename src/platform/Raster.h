@@ -27,9 +27,15 @@ class Raster {
   void fillRect(int x1, int y1, int x2, int y2, Color color);
   /// Outline of the same rectangle.
   void drawRect(int x1, int y1, int x2, int y2, Color color);
+  /// Ellipse in the box between two corners in any order, both included: the pixels whose centres
+  /// lie in it, or only those of them that have a straight neighbour outside it.
+  void drawEllipse(int x1, int y1, int x2, int y2, Color color, bool filled);
   /// Copies width x height pixels from (sourceX, sourceY) of source to (x, y). What lies outside
   /// the source leaves the target as it is. Source may be this raster.
   void copy(int x, int y, int width, int height, const Raster& source, int sourceX, int sourceY);
+  /// Puts the whole of source onto the whole of this raster, pixels kept or dropped, never blended.
+  /// An empty source changes nothing.
+  void stretch(const Raster& source);
 
   bool operator==(const Raster&) const = default;
 

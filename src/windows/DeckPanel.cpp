@@ -46,8 +46,8 @@ std::vector<Control*> DeckPanel::controls() {
 
 Layout DeckPanel::layout() {
   return boxed(frame,
-               column({Layout(deck_.picture, 3), row({Layout(deck_.type, 1), edit}),
-                       Layout(deck_.efxList, 2),
+               column({Layout(deck_.picture, 1), row({Layout(deck_.type, 1), edit}),
+                       Layout(deck_.efxList, 1),
                        row({add, remove, up, down, space(), copyMem, pasteMem, clear})}),
                1);
 }

@@ -69,25 +69,26 @@ void MatrixForm::addControls() {
   add({&FrameG, &Label2, &m.fps, &active, &mxsim_active, &save, &load, &help, &Closeall});
 }
 
+// The decks stand left and right of the master; what goes with the fades stands below it.
 void MatrixForm::declareLayout() {
   Master& m = engine_.master;
   Layout master = boxed(FrameM,
                         column({Layout(m.picture, 1), m.faderM,
                                 row({fadeA, m.AutoFadeA, space(), m.AutoFadeB, fadeB})}),
-                        2);
-  Layout fadeList =
-      boxed(FrameX, row({Layout(m.efxXList, 1), column({addX, removeX, upX, downX, space()})}), 1);
-  Layout fade =
-      boxed(FrameXX,
-            column({fields({m.fadeName, m.fadeType}), row({Label1, Layout(m.fadeTimeText, 1)}),
-                    row({m.FadeColorText, Layout(m.MFadeColor, 1)}), space()}),
-            1);
-  Layout functions = boxed(FrameG,
-                           column({row({active, mxsim_active}), row({Label2, Layout(m.fps, 1)}),
-                                   space(), row({load, save, help, space(), Closeall})}),
-                           1);
-  setLayout(column(
-      {row({panelA.layout(), master, panelB.layout()}, 3), row({fadeList, fade, functions}, 1)}));
+                        3);
+  Layout fadeList = boxed(
+      FrameX, row({Layout(m.efxXList, 1), column({grid(2, {addX, upX, removeX, downX}), space()})}),
+      1);
+  Layout fade = boxed(FrameXX,
+                      column({fields({m.fadeName, m.fadeType,
+                                      row({Label1, Layout(m.fadeTimeText, 1), m.FadeColorText,
+                                           Layout(m.MFadeColor, 1)})}),
+                              space()}),
+                      1);
+  Layout functions = boxed(FrameG, row({active, mxsim_active, space(), Label2, m.fps, space(), load,
+                                        save, help, Closeall}));
+  setLayout(row({panelA.layout(), column({master, row({fadeList, fade}, 1), functions}, 2),
+                 panelB.layout()}));
 }
 
 void MatrixForm::bindMaster() {

@@ -1,0 +1,133 @@
+// What a pass costs: mixing, sending and the preview of the mix, each beside a memcpy of the frame.
+// Targets at 50 x 50, release build: CrossFade at most 60 memcpys, sending with nothing changed at
+// most 6, a whole pass with nothing changed less than 5 us.
+
+#include <utility>
+
+#include "BesideMemcpy.h"
+#include "output/MatrixCode.h"
+#include "output/Preview.h"
+#include "platform/HeadlessPlatform.h"
+
+namespace korvane {
+namespace {
+
+// A desk that takes values as fast as a call can be made.
+struct QuickHost : Host {
+  std::int32_t ChannelMAXCHANNELS() override { return 512; }
+  std::string ProjectName() override { return {}; }
+  std::string ProjectBaseFilename() override { return {}; }
+  void UserInteraction() override { ++calls; }
+  void SetChannel(std::int32_t, std::int32_t, bool) override { ++calls; }
+
+  std::uint64_t calls = 0;
+};
+
+enum Mapping { kRunning, kUnconfigured };
+
+struct Show {
+  explicit Show(int side, Mapping mapping = kRunning) {
+    v.host = &host;
+    v.matrixCols = v.matrixRows = static_cast<std::int16_t>(side);
+    v.channelMap.redim(side, side);
+    for (Frame* frame : {&v.frameA, &v.frameB, &v.frameM, &v.frameSent}) frame->redim(side, side);
+    v.fadeMap.redim(side, side);
+    std::int32_t channel = 1;
+    for (int col = 0; col < side; ++col) {
+      for (int row = 0; row < side; ++row) {
+        v.frameA.at(col, row) = someCell();
+        v.frameB.at(col, row) = someCell();
+        v.fadeMap.at(col, row) = engine.random.next() < 0.5F ? 0.0F : 1.0F;
+        if (mapping == kUnconfigured) continue;
+        for (int component = 0; component < 3; ++component)
+          v.channelMap.set(col, row, component, channel++);
+      }
+    }
+  }
+
+  std::uint8_t someByte() { return static_cast<std::uint8_t>(engine.random.next() * 256); }
+  Rgb someCell() { return {someByte(), someByte(), someByte()}; }
+  std::size_t bytes() const {
+    return static_cast<std::size_t>(v.matrixCols) * static_cast<std::size_t>(v.matrixRows) * 3;
+  }
+
+  HeadlessPlatform platform;
+  QuickHost host;
+  Engine engine{platform};
+  Variablen& v = engine.v;
+};
+
+int sideOf(const benchmark::State& state) { return static_cast<int>(state.range(0)); }
+
+void mixing(benchmark::State& state, FadeType type, double position) {
+  Show show(sideOf(state));
+  show.v.fadeTypeNow = type;
+  show.engine.master.MFadeColor.setBackColor(rgb(200, 100, 50));
+  measureBesideMemcpy(state, show.bytes(), [&] {
+    mixFrame(show.engine, position);
+    barrier(show.v.frameM.data());
+  });
+}
+
+// Sends two pictures in turn that differ in every `nth` cell; 0: in none.
+void sending(benchmark::State& state, Mapping mapping, int nth) {
+  Show show(sideOf(state), mapping);
+  show.v.frameM = show.v.frameA;
+  Frame other = show.v.frameA;
+  for (int cell = 0; nth != 0 && cell < sideOf(state) * sideOf(state); cell += nth) {
+    Rgb& changed = other.at(cell / sideOf(state), cell % sideOf(state));
+    for (std::uint8_t& byte : changed) byte ^= 1;
+  }
+  sendFrame(show.engine);
+  measureBesideMemcpy(state, show.bytes(), [&] {
+    std::swap(show.v.frameM, other);
+    sendFrame(show.engine);
+    barrier(show.v.frameSent.data());
+  });
+}
+
+void drawingM(benchmark::State& state) {
+  Show show(sideOf(state));
+  show.v.frameM = show.v.frameA;
+  set_matrix_values(show.engine, show.engine.master.picture);
+  measureBesideMemcpy(state, show.bytes(), [&] {
+    drawMatrixM(show.engine);
+    barrier(show.engine.master.picture.raster().data());
+  });
+}
+
+// Mixes and sends a picture that stands still.
+void wholePass(benchmark::State& state, Mapping mapping) {
+  Show show(sideOf(state), mapping);
+  show.v.outputActive = true;
+  measureBesideMemcpy(state, show.bytes(), [&] {
+    mixFrame(show.engine, 0.3);
+    barrier(show.v.frameSent.data());
+  });
+}
+
+void atBothSizes(benchmark::internal::Benchmark* bench) {
+  bench->Arg(12)->Arg(50)->UseManualTime()->Iterations(500)->Unit(benchmark::kMicrosecond);
+}
+
+BENCHMARK_CAPTURE(mixing, CrossFade, kCrossFade, 0.3)->Apply(atBothSizes);
+BENCHMARK_CAPTURE(mixing, CrossFadeAtDeckA, kCrossFade, 0.0)->Apply(atBothSizes);
+BENCHMARK_CAPTURE(mixing, CrossFadeAtDeckB, kCrossFade, 1.0)->Apply(atBothSizes);
+BENCHMARK_CAPTURE(mixing, BlackFade, kBlackFade, 0.3)->Apply(atBothSizes);
+BENCHMARK_CAPTURE(mixing, ColorFade, kColorFade, 0.7)->Apply(atBothSizes);
+BENCHMARK_CAPTURE(mixing, Add, kAdd, 0.3)->Apply(atBothSizes);
+BENCHMARK_CAPTURE(mixing, CellWise, kRandom, 0.3)->Apply(atBothSizes);
+BENCHMARK_CAPTURE(sending, NothingChanged, kRunning, 0)->Apply(atBothSizes);
+BENCHMARK_CAPTURE(sending, NothingChangedUnconfigured, kUnconfigured, 0)->Apply(atBothSizes);
+BENCHMARK_CAPTURE(sending, AThirdChanged, kRunning, 3)->Apply(atBothSizes);
+BENCHMARK_CAPTURE(sending, AThirdChangedUnconfigured, kUnconfigured, 3)->Apply(atBothSizes);
+BENCHMARK_CAPTURE(sending, AllChanged, kRunning, 1)->Apply(atBothSizes);
+BENCHMARK_CAPTURE(sending, AllChangedUnconfigured, kUnconfigured, 1)->Apply(atBothSizes);
+BENCHMARK(drawingM)->Apply(atBothSizes);
+BENCHMARK_CAPTURE(wholePass, NothingChanged, kRunning)->Apply(atBothSizes);
+BENCHMARK_CAPTURE(wholePass, NothingChangedUnconfigured, kUnconfigured)->Apply(atBothSizes);
+
+}  // namespace
+}  // namespace korvane
+
+BENCHMARK_MAIN();

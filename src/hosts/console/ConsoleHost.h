@@ -1,0 +1,45 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "state/Host.h"
+
+namespace korvane {
+
+/// Stands in for the lighting desk: answers what the plug-in asks, and keeps its calls.
+class ConsoleHost : public Host {
+ public:
+  struct Project {
+    std::string name;
+    std::string baseFilename;
+  };
+  struct Call {
+    std::int32_t channel;  ///< kUserInteraction for that call
+    std::int32_t value;
+  };
+  static constexpr std::int32_t kUserInteraction = -1;
+
+  ConsoleHost(Project project, std::int32_t channels)
+      : project_(std::move(project)), channels_(channels) {}
+
+  std::int32_t ChannelMAXCHANNELS() override { return channels_; }
+  std::string ProjectName() override { return project_.name; }
+  std::string ProjectBaseFilename() override { return project_.baseFilename; }
+  void UserInteraction() override { calls.push_back({kUserInteraction, 0}); }
+  void SetChannel(std::int32_t channel, std::int32_t value, bool) override {
+    calls.push_back({channel, value});
+    if (onChannel) onChannel(channel, value);
+  }
+
+  std::vector<Call> calls;  ///< in order, kept until someone clears them
+  std::function<void(std::int32_t channel, std::int32_t value)> onChannel;
+
+ private:
+  Project project_;
+  std::int32_t channels_;
+};
+
+}  // namespace korvane

@@ -1,0 +1,46 @@
+#include <poll.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <utility>
+
+#include "hosts/console/LineReader.h"
+
+namespace korvane {
+namespace {
+
+constexpr std::size_t kPiece = 65536;
+
+}  // namespace
+
+bool LineReader::take(std::string& line) {
+  const std::size_t end = buffer_.find('\n', searched_);
+  if (end == std::string::npos) {
+    buffer_.erase(0, begin_);
+    begin_ = 0;
+    searched_ = buffer_.size();
+    return false;
+  }
+  line.assign(buffer_, begin_, end - begin_);
+  begin_ = searched_ = end + 1;
+  return true;
+}
+
+LineReader::Found LineReader::next(std::string& line, int timeout) {
+  if (take(line)) return Found::Line;
+  if (ended_) {
+    line = std::exchange(buffer_, {});
+    return line.empty() ? Found::End : Found::Line;
+  }
+  pollfd wait{descriptor_, POLLIN, 0};
+  if (poll(&wait, 1, timeout) <= 0) return Found::Nothing;
+  const std::size_t old = buffer_.size();
+  buffer_.resize(old + kPiece);
+  const ssize_t count = read(descriptor_, buffer_.data() + old, kPiece);
+  buffer_.resize(old + static_cast<std::size_t>(count > 0 ? count : 0));
+  if (count < 0 && errno != EINTR && errno != EAGAIN) return Found::Error;
+  ended_ = count == 0;
+  return take(line) ? Found::Line : Found::Nothing;
+}
+
+}  // namespace korvane

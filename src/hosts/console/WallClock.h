@@ -1,0 +1,37 @@
+#pragma once
+
+#include <chrono>
+#include <functional>
+
+#include "platform/TimerQueue.h"
+
+namespace korvane {
+
+/// Milliseconds since midnight, local time.
+std::int64_t wallTimeOfDay();
+
+/// Runs timers by the machine's clock, which starts with this object.
+class WallClock {
+ public:
+  /// `passed` follows each pass over the timers.
+  WallClock(TimerQueue& timers, std::function<void()> passed)
+      : timers_(timers), passed_(std::move(passed)) {}
+
+  /// Fires what has become due.
+  void pass(const TimerQueue::Gate& gate);
+  /// Lets so many milliseconds go by, firing what becomes due.
+  void advance(std::int64_t milliseconds, const TimerQueue::Gate& gate);
+  /// Milliseconds until the next timer is due, -1 if none runs.
+  int untilNext() const;
+
+ private:
+  using Steady = std::chrono::steady_clock;
+
+  std::int64_t elapsed() const;
+
+  TimerQueue& timers_;
+  std::function<void()> passed_;
+  Steady::time_point start_ = Steady::now();
+};
+
+}  // namespace korvane

@@ -1,0 +1,156 @@
+// korvane-console: the whole plug-in without a screen, driven by one command a line.
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+#include <filesystem>
+#include <iostream>
+
+#include "hosts/console/ConsolePlatform.h"
+#include "hosts/console/Interpreter.h"
+#include "hosts/console/LineReader.h"
+#include "hosts/console/Operations.h"
+#include "hosts/console/Options.h"
+#include "hosts/console/WallClock.h"
+#include "hosts/network/NetworkOutput.h"
+#include "platform/Events.h"
+
+namespace korvane {
+namespace {
+
+enum ExitStatus { kAllOk, kNotAllOk, kWrongUsage, kUnreadableScript };
+
+constexpr std::int64_t kDay = 86'400'000;
+
+void complain(const std::string& text) { std::cerr << "korvane-console: " << text << std::endl; }
+
+ConsoleHost::Project projectOf(const std::string& base) {
+  return {std::filesystem::path(base).filename().string(), base};
+}
+
+/// The desk of this program with its plug-in.
+class Desk {
+ public:
+  Desk(const Options& options, const std::optional<OutputTarget>& target);
+
+  /// Carries out the commands of an open file; the exit status.
+  ExitStatus run(int descriptor);
+
+ private:
+  void start(const Options& options);
+  bool perform(const std::string& line);
+  void advance(std::int64_t milliseconds, const TimerQueue::Gate& gate);
+  /// The gate of what no command waits for: a failure is told at once.
+  void background(const std::function<void()>& event);
+
+  const bool realClock_;
+  ConsolePlatform platform_;
+  ConsoleHost host_;
+  NetworkOutput output_{"korvane-console"};
+  Plugin plugin_{platform_};
+  WallClock clock_{plugin_.engine.timers, [this] { output_.endOfPass(); }};
+  Interpreter interpreter_;
+};
+
+Desk::Desk(const Options& options, const std::optional<OutputTarget>& target)
+    : realClock_(options.realClock),
+      host_(projectOf(options.base), options.channels),
+      interpreter_(
+          {plugin_.engine, platform_, host_, operationsOf(plugin_, host_),
+           [this](std::int64_t time, const TimerQueue::Gate& gate) { advance(time, gate); }}) {
+  platform_.format = options.format;
+  platform_.clock = wallTimeOfDay;
+  if (options.seed) {
+    plugin_.engine.random.seed(static_cast<std::uint64_t>(*options.seed));
+    platform_.clock = [this, from = *options.seed % kDay] {
+      return (from + plugin_.engine.timers.now()) % kDay;
+    };
+  }
+  host_.onChannel = [this](std::int32_t channel, std::int32_t value) {
+    output_.setChannel(channel, static_cast<std::uint8_t>(value));
+  };
+  if (target) output_.start(*target);
+  start(options);
+}
+
+void Desk::start(const Options& options) {
+  background([&] {
+    plugin_.plugIn.ITharnModule_ModuleInfo();
+    plugin_.plugIn.ITharnPlugin_Init("korvane-console", options.base, host_);
+    if (!options.closed) plugin_.engine.desktop.show(plugin_.matrixForm);
+  });
+}
+
+void Desk::background(const std::function<void()>& event) {
+  if (!runEvent(platform_, event)) complain(platform_.failures.back().what());
+}
+
+void Desk::advance(std::int64_t milliseconds, const TimerQueue::Gate& gate) {
+  TimerQueue& timers = plugin_.engine.timers;
+  if (realClock_) return clock_.advance(milliseconds, gate);
+  timers.advanceTo(timers.now() + milliseconds, gate);
+}
+
+/// Whether there is more to do.
+bool Desk::perform(const std::string& line) {
+  if (const std::optional<std::string> reply = interpreter_.answer(line))
+    std::cout << *reply << std::endl;
+  output_.endOfPass();
+  return !interpreter_.ended() && std::cout.good();
+}
+
+ExitStatus Desk::run(int descriptor) {
+  LineReader reader(descriptor);
+  const TimerQueue::Gate gate = [this](const std::function<void()>& tick) { background(tick); };
+  std::string line;
+  for (bool more = true; more;) {
+    const LineReader::Found found = reader.next(line, realClock_ ? clock_.untilNext() : -1);
+    if (found == LineReader::Found::Error) {
+      complain(std::string("the commands can't be read: ") + std::strerror(errno));
+      return kUnreadableScript;
+    }
+    if (realClock_) clock_.pass(gate);
+    if (found == LineReader::Found::Line) more = perform(line);
+    if (found == LineReader::Found::End) more = false;
+  }
+  return interpreter_.allOk() && std::cout.good() ? kAllOk : kNotAllOk;
+}
+
+std::optional<OutputTarget> targetOf(const Options& options) {
+  if (!options.output) return std::nullopt;
+  try {
+    return parseOutputTarget(*options.output);
+  } catch (const std::invalid_argument& error) {
+    throw UsageError(std::string("--output: ") + error.what());
+  }
+}
+
+int run(int count, char** words) {
+  const Options options = parseOptions(count, words);
+  if (options.help) {
+    std::cout << kUsage;
+    return kAllOk;
+  }
+  const std::optional<OutputTarget> target = targetOf(options);
+  const int script =
+      options.script ? open(options.script->c_str(), O_RDONLY | O_CLOEXEC) : STDIN_FILENO;
+  if (script < 0) {
+    complain("the script " + *options.script + " can't be read: " + std::strerror(errno));
+    return kUnreadableScript;
+  }
+  return Desk(options, target).run(script);
+}
+
+}  // namespace
+}  // namespace korvane
+
+int main(int count, char** words) {
+  try {
+    return korvane::run(count, words);
+  } catch (const korvane::UsageError& error) {
+    korvane::complain(std::string(error.what()) + "; --help tells the usage");
+    return korvane::kWrongUsage;
+  }
+}

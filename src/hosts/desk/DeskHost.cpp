@@ -1,0 +1,32 @@
+#include "hosts/desk/DeskHost.h"
+
+#include <filesystem>
+
+#include "platform/Failure.h"
+
+namespace korvane {
+
+DeskHost::DeskHost(const std::string& stem, NetworkOutput& output) : output_(output) {
+  const std::filesystem::path path = std::filesystem::absolute(stem).lexically_normal();
+  stem_ = path.string();
+  name_ = path.filename().string();
+  endOfPass_.setSingleShot(true);
+  endOfPass_.setInterval(0);
+  QObject::connect(&endOfPass_, &QTimer::timeout, [this] { output_.endOfPass(); });
+}
+
+void DeskHost::SetChannel(std::int32_t channel, std::int32_t value, bool) {
+  if (channel < 0 || channel > kChannels)
+    throw Failure(kSubscript, "no channel " + std::to_string(channel));
+  const auto byte = static_cast<std::uint8_t>(value);
+  levels_[static_cast<std::size_t>(channel)] = byte;
+  if (channel == 0) return;
+  output_.setChannel(channel, byte);
+  if (onLevel) onLevel(channel);
+}
+
+std::uint8_t DeskHost::level(std::int32_t channel) const {
+  return levels_.at(static_cast<std::size_t>(channel));
+}
+
+}  // namespace korvane

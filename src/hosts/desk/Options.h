@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QStringList>
+#include <optional>
+#include <string>
+
+#include "hosts/network/OutputTarget.h"
+
+namespace korvane {
+
+/// What the command line asks of the desk.
+struct Options {
+  std::string project;  ///< path of the project without its ending
+  std::optional<OutputTarget> output;
+  QString screenshot;  ///< path of a picture to write; empty: run for a person
+  QString window;      ///< name of the form on it; empty: the main window
+};
+
+/// Reads the command line; ends the program for --help and for an error, which it tells.
+Options readOptions(const QStringList& arguments);
+
+}  // namespace korvane

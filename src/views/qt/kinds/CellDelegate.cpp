@@ -1,0 +1,68 @@
+#include "views/qt/kinds/CellDelegate.h"
+
+#include <QLineEdit>
+#include <QPainter>
+
+#include "views/qt/kinds/Painting.h"
+
+namespace korvane {
+namespace {
+
+constexpr int kRowPadding = 10;       // height of a row beyond its text
+constexpr int kSide = 8;              // between the edge of a cell and its text
+constexpr double kLeastContrast = 2;  // below it a coloured text gets a plate behind it
+constexpr int kPlate = 3;             // of the plate beyond the text, and its corners
+constexpr int kCurrentBar = 3;        // width of the bar beside the current row
+
+QColor groundOf(const QStyleOptionViewItem& option) {
+  if (option.state & QStyle::State_Selected) return option.palette.color(QPalette::Highlight);
+  if (option.state & QStyle::State_MouseOver) return option.palette.color(QPalette::Button);
+  return option.palette.color(QPalette::Base);
+}
+
+QColor inkOf(const QStyleOptionViewItem& option) {
+  const bool marked = option.state & QStyle::State_Selected;
+  return option.palette.color(marked ? QPalette::HighlightedText : QPalette::Text);
+}
+
+// A plate behind a text that would drown in the background.
+void paintPlate(QPainter& painter, const QRect& behind, const QColor& ink) {
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(inkOn(ink));
+  painter.drawRoundedRect(behind.adjusted(-kPlate, 1, kPlate, -1), kPlate, kPlate);
+}
+
+}  // namespace
+
+QSize CellDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {
+  const QSize plain = QStyledItemDelegate::sizeHint(option, index);
+  return {plain.width(), option.fontMetrics.height() + kRowPadding};
+}
+
+void CellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                         const QModelIndex& index) const {
+  const QColor ground = groundOf(option);
+  const bool colored = list_.columns()[static_cast<std::size_t>(index.column())].colored;
+  const QColor ink = colored ? toQColor(list_.row(index.row()).color) : inkOf(option);
+  const QRect room = option.rect.adjusted(kSide, 0, -kSide, 0);
+  const QString text =
+      option.fontMetrics.elidedText(index.data().toString(), Qt::ElideRight, room.width());
+  painter->save();
+  painter->setFont(option.font);
+  painter->fillRect(option.rect, ground);
+  if (contrast(ink, ground) < kLeastContrast)
+    paintPlate(*painter, option.fontMetrics.boundingRect(room, Qt::AlignVCenter, text), ink);
+  painter->setPen(ink);
+  painter->drawText(room, Qt::AlignVCenter, text);
+  if (index.row() == list_.current() && option.rect.left() == 0)
+    painter->fillRect(QRect(option.rect.topLeft(), QSize(kCurrentBar, option.rect.height())),
+                      option.palette.color(QPalette::PlaceholderText));
+  painter->restore();
+}
+
+void CellDelegate::setModelData(QWidget* editor, QAbstractItemModel*, const QModelIndex&) const {
+  const std::string typed = static_cast<QLineEdit*>(editor)->text().toStdString();
+  gate_.run([this, &typed] { list_.endEdit(typed); });
+}
+
+}  // namespace korvane

@@ -1,0 +1,58 @@
+#include <QAbstractButton>
+
+#include "platform/Controls.h"
+#include "views/qt/kinds/Binder.h"
+#include "views/qt/kinds/Painting.h"
+
+namespace korvane {
+namespace {
+
+constexpr QSize kSize{96, 30};
+constexpr int kCorner = 4;
+
+class Swatch : public QAbstractButton {
+ public:
+  explicit Swatch(QWidget* parent) : QAbstractButton(parent) {
+    setFocusPolicy(Qt::StrongFocus);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+  }
+
+  void setColor(const QColor& color) {
+    color_ = color;
+    update();
+  }
+  QSize sizeHint() const override { return kSize; }
+  QSize minimumSizeHint() const override { return {kSize.width() / 2, kSize.height()}; }
+
+ protected:
+  void paintEvent(QPaintEvent*) override {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(palette().color(hasFocus() ? QPalette::Highlight : QPalette::Mid),
+                        hasFocus() ? 2 : 1));
+    painter.setBrush(color_);
+    painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), kCorner, kCorner);
+    painter.setPen(inkOn(color_));
+    painter.drawText(rect(), Qt::AlignCenter, text());
+  }
+
+ private:
+  QColor color_;
+};
+
+}  // namespace
+
+QWidget* bindColorBox(Control& control, const Seat& seat) {
+  auto& box = static_cast<ColorBox&>(control);
+  auto* widget = new Swatch(seat.parent);
+  clickOnEnter(*widget);
+  QObject::connect(widget, &QAbstractButton::clicked,
+                   [&box, seat] { act(seat, box, [&box] { box.click(); }); });
+  keepShown(control, *widget, [&box, widget] {
+    widget->setText(text(box.look().caption));
+    widget->setColor(toQColor(box.backColor()));
+  });
+  return widget;
+}
+
+}  // namespace korvane

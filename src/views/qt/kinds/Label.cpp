@@ -1,0 +1,37 @@
+#include <QLabel>
+#include <QMouseEvent>
+
+#include "platform/Controls.h"
+#include "views/qt/kinds/Binder.h"
+
+namespace korvane {
+namespace {
+
+class ClickLabel : public QLabel {
+ public:
+  ClickLabel(Label& label, const Seat& seat) : QLabel(seat.parent), label_(label), seat_(seat) {}
+
+ protected:
+  void mouseReleaseEvent(QMouseEvent* event) override {
+    if (event->button() != Qt::LeftButton || !rect().contains(event->pos())) return;
+    act(seat_, label_, [this] { label_.click(); });
+  }
+  void mousePressEvent(QMouseEvent*) override {}  // taken, so that the release comes here
+
+ private:
+  Label& label_;
+  Seat seat_;
+};
+
+}  // namespace
+
+QWidget* bindLabel(Control& control, const Seat& seat) {
+  auto& label = static_cast<Label&>(control);
+  auto* widget = new ClickLabel(label, seat);
+  widget->setTextFormat(Qt::PlainText);
+  widget->setWordWrap(label.look().caption.find('\n') != std::string::npos);
+  keepShown(control, *widget, [&label, widget] { widget->setText(text(label.look().caption)); });
+  return widget;
+}
+
+}  // namespace korvane

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QAbstractButton>
+#include <QColor>
+#include <QPainter>
+
+#include "platform/Color.h"
+#include "platform/Icons.h"
+
+namespace korvane {
+
+/// The colour on the screen; system colours are resolved.
+QColor toQColor(Color color);
+
+/// Black or white, whichever is read better on a background.
+QColor inkOn(const QColor& background);
+
+/// Contrast of two colours, 1 (none) - 21, after WCAG 2.1, "contrast ratio".
+double contrast(const QColor& one, const QColor& other);
+
+/// Draws an icon into a square.
+void drawIcon(QPainter& painter, Icon icon, const QRectF& square, const QColor& ink);
+
+/// Enter and Return click the button, as space does.
+void clickOnEnter(QAbstractButton& button);
+
+}  // namespace korvane

@@ -1,0 +1,152 @@
+#include "platform/PictureBox.h"
+
+#include <QMouseEvent>
+#include <QPaintEvent>
+#include <QPainter>
+#include <algorithm>
+#include <cmath>
+
+#include "views/qt/kinds/PictureWidget.h"
+
+namespace korvane {
+namespace {
+
+using Mouse = PictureBox::Mouse;
+using Sizing = PictureBox::Sizing;
+
+constexpr int kFixedEnlargement = 2;  // of a box that keeps its size, if there is room
+constexpr int kLeastSide = 96;        // of a box that grows, in units of the layout
+
+// The part of the raster as an image of the screen's colours.
+QImage imageOf(const Raster& raster, const QRect& part) {
+  QImage image(part.size(), QImage::Format_RGB32);
+  for (int y = 0; y < part.height(); ++y) {
+    const Color* from = raster.line(part.y() + y) + part.x();
+    auto* to = reinterpret_cast<QRgb*>(image.scanLine(y));
+    std::transform(from, from + part.width(), to, [](Color color) {
+      return qRgb(color & 255, (color >> 8) & 255, (color >> 16) & 255);
+    });
+  }
+  return image;
+}
+
+}  // namespace
+
+PictureWidget::PictureWidget(PictureBox& box, const Seat& seat)
+    : QWidget(seat.parent), box_(box), seat_(seat), hint_(box.width(), box.height()) {
+  const bool fixed = box.sizing() == Sizing::Fixed;
+  least_ = fixed ? hint_
+                 : QSize(std::min(hint_.width(), kLeastSide), std::min(hint_.height(), kLeastSide));
+  if (fixed) hint_ *= kFixedEnlargement;
+  const QSizePolicy::Policy policy = fixed ? QSizePolicy::Preferred : QSizePolicy::Expanding;
+  setSizePolicy(policy, policy);
+  setAttribute(Qt::WA_OpaquePaintEvent);
+  setMouseTracking(true);
+  box.onPixels = [this](int x1, int y1, int x2, int y2) { showPixels(x1, y1, x2, y2); };
+  connect(this, &QObject::destroyed, [&box] { box.onPixels = nullptr; });
+}
+
+QSize PictureWidget::screenSize() const {
+  const double scale = devicePixelRatioF();
+  return {static_cast<int>(std::lround(width() * scale)),
+          static_cast<int>(std::lround(height() * scale))};
+}
+
+int PictureWidget::factor() const {
+  if (box_.sizing() != Sizing::Fixed || box_.width() == 0 || box_.height() == 0) return 1;
+  const QSize screen = screenSize();
+  return std::max(1, std::min(screen.width() / box_.width(), screen.height() / box_.height()));
+}
+
+QPoint PictureWidget::origin() const {
+  const QSize spare = screenSize() - QSize(box_.width(), box_.height()) * factor();
+  return {std::max(0, spare.width() / 2), std::max(0, spare.height() / 2)};
+}
+
+QPoint PictureWidget::toBox(const QPointF& at) const {
+  const QPointF screen = at * devicePixelRatioF() - origin();
+  return {static_cast<int>(std::floor(screen.x() / factor())),
+          static_cast<int>(std::floor(screen.y() / factor()))};
+}
+
+QRectF PictureWidget::toWidget(const QRect& pixels) const {
+  const double scale = devicePixelRatioF();
+  const QRectF screen(origin() + pixels.topLeft() * factor(), pixels.size() * factor());
+  return {screen.topLeft() / scale, screen.size() / scale};
+}
+
+// Gives a box that grows the screen pixels that there are: all of them, or the largest square.
+void PictureWidget::fit() {
+  if (box_.sizing() == Sizing::Fixed) return;
+  QSize size = screenSize();
+  if (box_.sizing() == Sizing::Square) {
+    const int side = std::min(size.width(), size.height());
+    size = {side, side};
+  }
+  seat_.gate.run([this, size] { box_.resize(size.width(), size.height()); });
+  update();
+}
+
+void PictureWidget::showPixels(int x1, int y1, int x2, int y2) {
+  const QRect all(0, 0, box_.width(), box_.height());
+  const QRect changed = QRect(QPoint(std::min(x1, x2), std::min(y1, y2)),
+                              QPoint(std::max(x1, x2), std::max(y1, y2))) &
+                        all;
+  update(toWidget(changed).toAlignedRect());
+}
+
+void PictureWidget::paintEvent(QPaintEvent* event) {
+  QPainter painter(this);
+  const QRect all(0, 0, box_.width(), box_.height());
+  const bool covered = toWidget(all).contains(QRectF(rect()));
+  for (const QRect& exposed : event->region()) {
+    if (!covered) painter.fillRect(exposed, palette().window());
+    const QRect part =
+        QRect(toBox(exposed.topLeft()), toBox(QRectF(exposed).bottomRight())).adjusted(0, 0, 1, 1) &
+        all;
+    if (!part.isEmpty()) painter.drawImage(toWidget(part), imageOf(box_.raster(), part));
+  }
+}
+
+void PictureWidget::resizeEvent(QResizeEvent*) { fit(); }
+
+void PictureWidget::send(Mouse event, const QPoint& at) {
+  seat_.gate.run([this, event, at] { box_.mouse(event, at.x(), at.y()); });
+}
+
+void PictureWidget::mousePressEvent(QMouseEvent* event) {
+  if (event->button() != Qt::LeftButton) return;
+  pressed_ = true;
+  send(Mouse::Down, toBox(event->position()));
+}
+
+// A window that opens under the pressed button takes the release away: it is made up for here.
+void PictureWidget::mouseMoveEvent(QMouseEvent* event) {
+  const QPoint at = toBox(event->position());
+  if (box_.buttonHeld() && !(event->buttons() & Qt::LeftButton)) send(Mouse::Up, at);
+  send(Mouse::Move, at);
+}
+
+// The second press of a double click is the double click itself, and no click follows it.
+void PictureWidget::mouseDoubleClickEvent(QMouseEvent* event) {
+  if (event->button() != Qt::LeftButton) return;
+  pressed_ = false;
+  send(Mouse::DblClick, toBox(event->position()));
+}
+
+void PictureWidget::mouseReleaseEvent(QMouseEvent* event) {
+  if (event->button() != Qt::LeftButton) return;
+  const bool clicked = pressed_ && rect().contains(event->pos());
+  pressed_ = false;
+  send(Mouse::Up, toBox(event->position()));
+  if (clicked) send(Mouse::Click, toBox(event->position()));
+}
+
+QWidget* bindPictureBox(Control& control, const Seat& seat) {
+  auto& box = static_cast<PictureBox&>(control);
+  auto* widget = new PictureWidget(box, seat);
+  keepShown(control, *widget, [widget] { widget->update(); });
+  return widget;
+}
+
+}  // namespace korvane

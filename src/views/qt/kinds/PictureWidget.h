@@ -1,0 +1,45 @@
+#pragma once
+
+#include "platform/PictureBox.h"
+#include "views/qt/kinds/Binder.h"
+
+namespace korvane {
+
+/// Copies a picture box's pixels to the screen, each one as a whole number of the screen's own
+/// pixels, and hands on the mouse in pixels of the box.
+class PictureWidget : public QWidget {
+ public:
+  PictureWidget(PictureBox& box, const Seat& seat);
+
+  QSize sizeHint() const override { return hint_; }
+  QSize minimumSizeHint() const override { return least_; }
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
+
+ private:
+  void send(PictureBox::Mouse event, const QPoint& at);
+  void fit();
+  void showPixels(int x1, int y1, int x2, int y2);
+  /// Screen pixels per pixel of the box, and the widget's own size in screen pixels.
+  int factor() const;
+  QSize screenSize() const;
+  /// Where the box begins, in screen pixels from the widget's corner.
+  QPoint origin() const;
+  /// A point of the widget in pixels of the box, and back as a rectangle.
+  QPoint toBox(const QPointF& at) const;
+  QRectF toWidget(const QRect& pixels) const;
+
+  PictureBox& box_;
+  Seat seat_;
+  QSize hint_;
+  QSize least_;
+  bool pressed_ = false;
+};
+
+}  // namespace korvane

@@ -1,0 +1,77 @@
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QSignalBlocker>
+
+#include "platform/Controls.h"
+#include "views/qt/kinds/Binder.h"
+
+namespace korvane {
+namespace {
+
+constexpr int kEnterCode = 13;
+constexpr int kEscapeCode = 27;
+
+void commit(TextBox& box, const Seat& seat, const QString& typed) {
+  act(seat, box, [&box, typed] { box.setText(typed.toStdString()); });
+}
+
+class Line : public QLineEdit {
+ public:
+  Line(TextBox& box, const Seat& seat) : QLineEdit(seat.parent), box_(box), seat_(seat) {}
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override {
+    QLineEdit::keyPressEvent(event);
+    const int key = event->key();
+    if (key == Qt::Key_Return || key == Qt::Key_Enter) press(kEnterCode);
+    if (key == Qt::Key_Escape) press(kEscapeCode);
+  }
+
+ private:
+  void press(int code) {
+    act(seat_, box_, [this, code] { box_.keyPress(code); });
+  }
+
+  TextBox& box_;
+  Seat seat_;
+};
+
+QWidget* bindLine(TextBox& box, const Seat& seat) {
+  auto* widget = new Line(box, seat);
+  widget->setReadOnly(box.style().readOnly);
+  const auto take = [&box, seat, widget] { commit(box, seat, widget->text()); };
+  if (box.style().commit == TextBoxStyle::Commit::Live) {
+    QObject::connect(widget, &QLineEdit::textEdited, take);
+  } else {
+    QObject::connect(widget, &QLineEdit::editingFinished, take);
+  }
+  keepShown(box, *widget, [&box, widget] {
+    if (widget->text() != text(box.text())) widget->setText(text(box.text()));
+  });
+  return widget;
+}
+
+QWidget* bindPage(TextBox& box, const Seat& seat) {
+  auto* widget = new QPlainTextEdit(seat.parent);
+  widget->setReadOnly(box.style().readOnly);
+  widget->setTabChangesFocus(true);
+  const int lineHeight = widget->fontMetrics().lineSpacing();
+  widget->setMinimumHeight(box.style().lines * lineHeight + 2 * lineHeight / 3);
+  QObject::connect(widget, &QPlainTextEdit::textChanged,
+                   [&box, seat, widget] { commit(box, seat, widget->toPlainText()); });
+  keepShown(box, *widget, [&box, widget] {
+    const QSignalBlocker quiet(widget);
+    if (widget->toPlainText() != text(box.text())) widget->setPlainText(text(box.text()));
+  });
+  return widget;
+}
+
+}  // namespace
+
+QWidget* bindTextBox(Control& control, const Seat& seat) {
+  auto& box = static_cast<TextBox&>(control);
+  return box.style().lines > 1 ? bindPage(box, seat) : bindLine(box, seat);
+}
+
+}  // namespace korvane

@@ -1,0 +1,93 @@
+#include "views/qt/machine/QtPlatform.h"
+
+#include <QApplication>
+#include <QDesktopServices>
+#include <QFileDialog>
+#include <QLocale>
+#include <QTime>
+#include <QUrl>
+
+#include "views/qt/pictures/PictureFile.h"
+
+namespace korvane {
+namespace {
+
+constexpr const char* kTitle = "Korvane";
+
+char firstOr(const QString& text, char other) {
+  const char first = text.isEmpty() ? '\0' : text.front().toLatin1();
+  return first == '\0' ? other : first;
+}
+
+void setUp(QFileDialog& dialog, const FileQuestion& question) {
+  const bool save = question.purpose == FileQuestion::Purpose::Save;
+  dialog.setAcceptMode(save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+  dialog.setFileMode(save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+  dialog.setDefaultSuffix(QString::fromStdString(question.defaultExtension));
+  if (!question.filter.empty()) dialog.setNameFilters(toNameFilter(question.filter).split(";;"));
+  if (!question.initialDirectory.empty())
+    dialog.setDirectory(QString::fromStdString(question.initialDirectory));
+}
+
+}  // namespace
+
+QString toNameFilter(const std::string& filter) {
+  const QStringList parts = QString::fromStdString(filter).split('|');
+  QStringList filters;
+  for (int i = 0; i + 1 < parts.size(); i += 2) {
+    const QString name = parts[i].section('(', 0, 0).trimmed();
+    const QString patterns = parts[i + 1].split(';', Qt::SkipEmptyParts).join(' ');
+    filters << QString("%1 (%2)").arg(name, patterns);
+  }
+  return filters.join(";;");
+}
+
+void QtPlatform::messageBox(const std::string& text) {
+  QMessageBox box(QMessageBox::NoIcon, kTitle, QString::fromStdString(text), QMessageBox::Ok,
+                  QApplication::activeWindow());
+  box.setTextFormat(Qt::PlainText);
+  box.exec();
+}
+
+std::optional<std::string> QtPlatform::askFile(const FileQuestion& question) {
+  QFileDialog dialog(QApplication::activeWindow(), QString::fromStdString(question.title));
+  setUp(dialog, question);
+  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
+  return dialog.selectedFiles().front().toStdString();
+}
+
+Raster QtPlatform::loadPicture(const std::string& path) { return readPicture(path); }
+
+std::int64_t QtPlatform::timeOfDay() { return QTime::currentTime().msecsSinceStartOfDay(); }
+
+NumberFormat QtPlatform::numberFormat() {
+  const QLocale locale;
+  const NumberFormat plain;
+  return {firstOr(locale.decimalPoint(), plain.decimal),
+          firstOr(locale.groupSeparator(), plain.thousands)};
+}
+
+void QtPlatform::openPage(const std::string& address) {
+  QDesktopServices::openUrl(QUrl(QString::fromStdString(address)));
+}
+
+// The windows stay usable behind the box: a failure that every tick brings must not shut the
+// person out.
+void QtPlatform::failed(const Failure& failure) {
+  if (failure.number == kCancelled) return;
+  const QString what = QString::fromStdString(failure.what());
+  if (failureBox_ && failureBox_->text() == what) {
+    failureBox_->setInformativeText(QString("%1 times so far").arg(++repeats_));
+    return;
+  }
+  delete failureBox_;
+  repeats_ = 1;
+  failureBox_ = new QMessageBox(QMessageBox::Warning, kTitle, what, QMessageBox::Ok,
+                                QApplication::activeWindow());
+  failureBox_->setTextFormat(Qt::PlainText);
+  failureBox_->setAttribute(Qt::WA_DeleteOnClose);
+  failureBox_->setModal(false);
+  failureBox_->show();
+}
+
+}  // namespace korvane

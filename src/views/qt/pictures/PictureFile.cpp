@@ -1,0 +1,74 @@
+#include "views/qt/pictures/PictureFile.h"
+
+#include <QImageReader>
+#include <algorithm>
+
+#include "platform/Failure.h"
+#include "platform/TextFile.h"
+
+namespace korvane {
+namespace {
+
+constexpr int kMostOnASide = 16384;
+constexpr qint64 kMostPixels = 64'000'000;
+constexpr int kMostMegabytes = 256;  // 64 million pixels of 4 bytes
+
+void require(bool well, const std::string& path, const std::string& reason) {
+  if (!well) throw Failure(kInvalidPicture, path + ": " + reason);
+}
+
+void requireKind(const QImageReader& reader, const std::string& path) {
+  static const QList<QByteArray> kinds = {"bmp", "jpeg", "jpg", "gif", "ico"};
+  require(kinds.contains(reader.format()), path, "not a bmp, jpg, gif or ico picture");
+}
+
+void requireSize(const QSize& size, const std::string& path) {
+  const bool fits = size.width() <= kMostOnASide && size.height() <= kMostOnASide &&
+                    qint64{size.width()} * size.height() <= kMostPixels;
+  require(fits, path, "the picture is larger than 16384 on a side or 64 million pixels");
+}
+
+// The file's directory of pictures tells the sizes before any is decoded.
+void goToLargest(QImageReader& reader) {
+  if (reader.format() != "ico") return;
+  int best = 0;
+  qint64 most = 0;
+  for (int i = 0; i < reader.imageCount(); ++i) {
+    if (!reader.jumpToImage(i)) continue;
+    const qint64 pixels = qint64{reader.size().width()} * reader.size().height();
+    if (pixels > most) {
+      most = pixels;
+      best = i;
+    }
+  }
+  reader.jumpToImage(best);
+}
+
+Raster toRaster(const QImage& image) {
+  const QImage plain = image.convertToFormat(QImage::Format_ARGB32_Premultiplied);
+  Raster raster(plain.width(), plain.height());
+  for (int y = 0; y < plain.height(); ++y) {
+    const auto* line = reinterpret_cast<const QRgb*>(plain.constScanLine(y));
+    for (int x = 0; x < plain.width(); ++x)
+      raster.setPixel(x, y, rgb(qRed(line[x]), qGreen(line[x]), qBlue(line[x])));
+  }
+  return raster;
+}
+
+}  // namespace
+
+Raster readPicture(const std::string& path) {
+  if (!fileExists(path)) throw Failure(kFileNotFound, path);
+  QImageReader::setAllocationLimit(kMostMegabytes);
+  QImageReader reader(QString::fromStdString(path));
+  reader.setDecideFormatFromContent(true);
+  requireKind(reader, path);
+  goToLargest(reader);
+  requireSize(reader.size(), path);
+  QImage image;
+  require(reader.read(&image), path, reader.errorString().toStdString());
+  requireSize(image.size(), path);
+  return toRaster(image);
+}
+
+}  // namespace korvane

@@ -1,0 +1,113 @@
+#include "views/qt/windows/FormWindow.h"
+
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QScreen>
+#include <QTimer>
+#include <QVBoxLayout>
+
+#include "views/qt/windows/LayoutBuilder.h"
+
+namespace korvane {
+namespace {
+
+constexpr int kMargin = 12;
+
+struct Key {
+  int key;
+  int code;
+};
+constexpr Key kKeys[] = {
+    {Qt::Key_Return, 13}, {Qt::Key_Enter, 13}, {Qt::Key_Escape, 27}, {Qt::Key_Space, 32}};
+
+}  // namespace
+
+FormWindow::FormWindow(Form& form, Desktop& desktop, EventGate& gate, QWidget* owner)
+    : QWidget(owner, owner == nullptr ? Qt::Window : Qt::Dialog),
+      form_(form),
+      desktop_(desktop),
+      seat_{this, gate},
+      declaredWidth_(form.width()) {
+  setObjectName(text(form.name()));
+  form.surface != nullptr ? makeSurface() : makeControls();
+  form.onShown = [this] { refresh(); };
+  refresh();
+  resize(sizeHint().boundedTo(screen()->availableSize()));
+}
+
+FormWindow::~FormWindow() { form_.onShown = nullptr; }
+
+void FormWindow::makeSurface() {
+  auto* layout = new QVBoxLayout(this);
+  layout->setContentsMargins(0, 0, 0, 0);
+  QWidget* picture = bindPictureBox(*form_.surface, seat_);
+  layout->addWidget(picture);
+  widgets_[form_.surface] = picture;
+}
+
+void FormWindow::makeControls() {
+  LayoutBuilder builder(form_, seat_);
+  auto* layout = new QVBoxLayout(this);
+  layout->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+  layout->addLayout(builder.build());
+  widgets_ = builder.widgets();
+}
+
+QWidget* FormWindow::widget(const Control& control) const {
+  const auto found = widgets_.find(&control);
+  return found == widgets_.end() ? nullptr : found->second;
+}
+
+// A window without a frame fills the screen.
+void FormWindow::open() {
+  setWindowModality(form_.modal() ? Qt::ApplicationModal : Qt::NonModal);
+  if (!form_.framed) return showFullScreen();
+  form_.maximized ? showMaximized() : showNormal();
+}
+
+void FormWindow::refresh() {
+  setWindowTitle(text(form_.caption()));
+  const bool fullScreen = !form_.framed;
+  if (isVisible() &&
+      (isFullScreen() != fullScreen || isMaximized() != (form_.framed && form_.maximized)))
+    open();
+  if (form_.width() != declaredWidth_) followSize();
+}
+
+// The declared width is in units of another window system: another one means that the window takes
+// the size that it had under it, or what its controls ask for. They may change just after it.
+void FormWindow::followSize() {
+  sizes_[declaredWidth_] = size();
+  declaredWidth_ = form_.width();
+  QTimer::singleShot(0, this, [this] {
+    const auto known = sizes_.find(declaredWidth_);
+    resize(known == sizes_.end() ? QSize(sizeHint().width(), height()) : known->second);
+  });
+}
+
+bool FormWindow::event(QEvent* event) {
+  if (event->type() == QEvent::WindowActivate && desktop_.active() != &form_) {
+    seat_.gate.run([this] { desktop_.activate(form_); });
+  }
+  return QWidget::event(event);
+}
+
+void FormWindow::closeEvent(QCloseEvent* event) {
+  event->ignore();
+  seat_.gate.run([this] { desktop_.close(form_); });
+}
+
+void FormWindow::keyPressEvent(QKeyEvent* event) {
+  for (const Key& known : kKeys) {
+    if (known.key != event->key() || !form_.onKeyPress) continue;
+    seat_.gate.run([this, &known] { form_.onKeyPress(known.code); });
+    return;
+  }
+  QWidget::keyPressEvent(event);
+}
+
+void FormWindow::mousePressEvent(QMouseEvent*) {
+  if (form_.onClick) seat_.gate.run([this] { form_.onClick(); });
+}
+
+}  // namespace korvane

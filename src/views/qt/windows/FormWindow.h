@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QWidget>
+#include <map>
+
+#include "platform/Desktop.h"
+#include "views/qt/kinds/Binder.h"
+
+namespace korvane {
+
+/// The window of a form on the screen. The form must outlive it.
+class FormWindow : public QWidget {
+ public:
+  /// It stays above its owner, if it has one.
+  FormWindow(Form& form, Desktop& desktop, EventGate& gate, QWidget* owner);
+  ~FormWindow() override;
+
+  void open();
+  /// The widget of a control of the form, nullptr if it has none.
+  QWidget* widget(const Control& control) const;
+
+ protected:
+  bool event(QEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+
+ private:
+  void makeSurface();
+  void makeControls();
+  void refresh();
+  void followSize();
+
+  Form& form_;
+  Desktop& desktop_;
+  Seat seat_;
+  std::map<const Control*, QWidget*> widgets_;
+  int declaredWidth_ = 0;
+  std::map<int, QSize> sizes_;  // that the window had, by its declared width
+};
+
+}  // namespace korvane
