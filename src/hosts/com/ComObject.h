@@ -1,6 +1,6 @@
 #pragma once
 
-#include <unknwn.h>
+#include <ole2.h>
 #include <wrl/client.h>
 
 #include <tuple>
@@ -23,7 +23,7 @@ class ComObject : public Interfaces... {
   HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override {
     if (object == nullptr) return E_POINTER;
     *object = iid == __uuidof(IUnknown) ? identity() : nullptr;
-    ((iid == __uuidof(Interfaces) ? *object = static_cast<Interfaces*>(this) : nullptr), ...);
+    ((iid == __uuidof(Interfaces) ? * object = static_cast<Interfaces*>(this) : nullptr), ...);
     if (*object == nullptr) *object = other(iid);
     if (*object == nullptr) return E_NOINTERFACE;
     AddRef();

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <utility>
 
 #include "hosts/com/Variant.h"
 #include "platform/Failure.h"

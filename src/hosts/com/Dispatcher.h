@@ -1,6 +1,6 @@
 #pragma once
 
-#include <oaidl.h>
+#include <ole2.h>
 #include <wrl/client.h>
 
 #include <vector>

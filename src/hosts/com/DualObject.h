@@ -1,6 +1,6 @@
 #pragma once
 
-#include <oaidl.h>
+#include <ole2.h>
 
 #include <memory>
 #include <string>
@@ -37,8 +37,7 @@ class DualObject : public ComObject<Interfaces..., ISupportErrorInfo> {
   }
   HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, OLECHAR** names, UINT count, LCID,
                                           DISPID* ids) override {
-    return names == nullptr || ids == nullptr ? E_POINTER
-                                              : dispatcher_.numbers(names, count, ids);
+    return names == nullptr || ids == nullptr ? E_POINTER : dispatcher_.numbers(names, count, ids);
   }
   HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID, LCID locale, WORD flags, DISPPARAMS* given,
                                    VARIANT* result, EXCEPINFO* exception,
@@ -47,8 +46,7 @@ class DualObject : public ComObject<Interfaces..., ISupportErrorInfo> {
     const ComPtr<IUnknown> self(this->identity());
     HRESULT answer = E_UNEXPECTED;
     const HRESULT made = guarded([&] {
-      answer =
-          dispatcher_.invoke(id, locale, flags, given, result, exception, wrongArgument);
+      answer = dispatcher_.invoke(id, locale, flags, given, result, exception, wrongArgument);
     });
     return FAILED(made) ? made : answer;
   }

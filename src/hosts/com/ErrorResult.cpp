@@ -1,6 +1,6 @@
 #include "hosts/com/ErrorResult.h"
 
-#include <oleauto.h>
+#include <ole2.h>
 #include <wrl/client.h>
 
 #include "hosts/com/WideText.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <winerror.h>
+#include <ole2.h>
 
 #include <functional>
 

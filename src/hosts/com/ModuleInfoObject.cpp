@@ -46,9 +46,7 @@ class ModuleInfoObject : public DualObject<IModuleInfo> {
   HRESULT STDMETHODCALLTYPE get_Flag13(VARIANT_BOOL* out) override {
     return field(out, info_.flag13);
   }
-  HRESULT STDMETHODCALLTYPE get_Messages(IMessages** out) override {
-    return field(out, messages_);
-  }
+  HRESULT STDMETHODCALLTYPE get_Messages(IMessages** out) override { return field(out, messages_); }
 
  private:
   static constexpr long kFields = 14;

@@ -36,9 +36,8 @@ class PlugInObject : public DualObject<::ITharnPlugin, ::ITharnModule> {
   HRESULT STDMETHODCALLTYPE ITharnPlugin_MessageHandle(long* message, long* arg1, long* arg2,
                                                        long* result) override {
     if (message == nullptr || arg1 == nullptr || arg2 == nullptr) return E_POINTER;
-    return give(result, [&] {
-      return plugIn().ITharnPlugin_MessageHandle(*message, *arg1, *arg2);
-    });
+    return give(result,
+                [&] { return plugIn().ITharnPlugin_MessageHandle(*message, *arg1, *arg2); });
   }
   HRESULT STDMETHODCALLTYPE get_PluginName(BSTR* result) override {
     return give(result, [this] { return plugIn().PluginName(); });

@@ -9,6 +9,10 @@
 #include "hosts/com/Korvane_h.h"
 #include "platform/Failure.h"
 
+// Missing from mingw-w64's headers.
+STDAPI RegisterTypeLibForUser(ITypeLib* types, OLECHAR* path, OLECHAR* helpFolder);
+STDAPI UnRegisterTypeLibForUser(REFGUID id, WORD major, WORD minor, LCID locale, SYSKIND kind);
+
 namespace korvane {
 namespace {
 
@@ -56,8 +60,8 @@ struct Types {
 HRESULT setValue(HKEY root, const std::wstring& key, const wchar_t* name,
                  const std::wstring& value) {
   const auto bytes = static_cast<DWORD>((value.size() + 1) * sizeof(wchar_t));
-  return HRESULT_FROM_WIN32(static_cast<DWORD>(
-      RegSetKeyValueW(root, key.data(), name, REG_SZ, value.data(), bytes)));
+  return HRESULT_FROM_WIN32(
+      static_cast<DWORD>(RegSetKeyValueW(root, key.data(), name, REG_SZ, value.data(), bytes)));
 }
 
 HRESULT removeKey(HKEY root, const std::wstring& key) {

@@ -5,8 +5,8 @@
 
 namespace korvane {
 
-/// The machine as the plug-in sees it. While a script has the turn, message boxes are kept for it and
-/// file dialogs take its answers; otherwise a person sees and answers them.
+/// The machine as the plug-in sees it. While a script has the turn, message boxes are kept for it
+/// and file dialogs take its answers; otherwise a person sees and answers them.
 class ScriptPlatform : public HeadlessPlatform {
  public:
   ScriptPlatform(Platform& machine, Turn& turn) : machine_(machine), turn_(turn) {}

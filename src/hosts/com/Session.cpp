@@ -62,8 +62,8 @@ std::string Session::run(const std::string& command) {
   return interpreter_.answer(command).value_or("");
 }
 
-// A desk may let go of everything while the plug-in is calling it, or behind an open message box. Then
-// the plug-in has to stay until that has come back: its thread's timer looks after it.
+// A desk may let go of everything while the plug-in is calling it, or behind an open message box.
+// Then the plug-in has to stay until that has come back: its thread's timer looks after it.
 void Session::end(Session* session) {
   if (session->turn_.waysOut == 0) {
     delete session;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <oleauto.h>
+#include <ole2.h>
 
 namespace korvane {
 

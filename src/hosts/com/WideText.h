@@ -1,6 +1,6 @@
 #pragma once
 
-#include <oleauto.h>
+#include <ole2.h>
 
 #include <string>
 #include <string_view>

@@ -7,6 +7,7 @@
 #include <random>
 
 #include "hosts/console/ConsolePlatform.h"
+#include "hosts/console/ConsoleHost.h"
 #include "hosts/console/Interpreter.h"
 #include "hosts/console/Operations.h"
 #include "platform/Text.h"
@@ -126,7 +127,7 @@ TEST(Fuzz, RandomCommandsNeverBreakThePlugIn) {
   plugin.plugIn.ITharnPlugin_Init("", "", host);
   const std::vector<Operation> operations = operationsOf(plugin, host);
   Interpreter interpreter(
-      {engine, platform, host, operations, [&](std::int64_t time, const TimerQueue::Gate& gate) {
+      {engine, platform, host.calls, operations, [&](std::int64_t time, const TimerQueue::Gate& gate) {
          engine.timers.advanceTo(engine.timers.now() + time, gate);
        }});
   RandomCommands commands(engine.desktop, operations, folder);
