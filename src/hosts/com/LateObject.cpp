@@ -1,6 +1,9 @@
 #include "hosts/com/LateObject.h"
 
+#include <dispex.h>
+
 #include <array>
+#include <memory>
 
 #include "hosts/com/WideText.h"
 #include "platform/Failure.h"
@@ -42,6 +45,22 @@ class Exception {
 
   EXCEPINFO info_{};
 };
+
+/// The number of a member, DISPID_UNKNOWN if the object lacks it. Objects that a script defines may
+/// tell numbers by IDispatchEx alone.
+DISPID findNumber(IDispatch& object, const wchar_t* member) {
+  DISPID id = DISPID_UNKNOWN;
+  auto* name = const_cast<wchar_t*>(member);
+  if (SUCCEEDED(object.GetIDsOfNames(IID_NULL, &name, 1, LOCALE_USER_DEFAULT, &id))) return id;
+  ComPtr<IDispatchEx> script;
+  const auto text =
+      std::unique_ptr<wchar_t, decltype(&SysFreeString)>(SysAllocString(member), SysFreeString);
+  if (SUCCEEDED(object.QueryInterface(IID_PPV_ARGS(&script))) &&
+      SUCCEEDED(script->GetDispID(text.get(), fdexNameCaseInsensitive, &id))) {
+    return id;
+  }
+  return DISPID_UNKNOWN;
+}
 
 }  // namespace
 
@@ -98,12 +117,10 @@ void LateObject::invoke(const wchar_t* member, WORD flags, std::span<VARIANT> ar
 DISPID LateObject::number(IDispatch& object, const wchar_t* member) {
   const auto known = numbers_.find(member);
   if (known != numbers_.end()) return known->second;
-  DISPID id = DISPID_UNKNOWN;
-  auto* name = const_cast<wchar_t*>(member);
-  const HRESULT found = object.GetIDsOfNames(IID_NULL, &name, 1, LOCALE_USER_DEFAULT, &id);
-  if (FAILED(found)) throw Failure(kNoSuchMember, nameOf(member));
-  numbers_[member] = id;
-  return id;
+  const DISPID found = findNumber(object, member);
+  if (found == DISPID_UNKNOWN) throw Failure(kNoSuchMember, nameOf(member));
+  numbers_[member] = found;
+  return found;
 }
 
 std::string LateObject::nameOf(const wchar_t* member) const {
