@@ -11,15 +11,15 @@
 
 namespace korvane {
 
-/// Keeps the compiler from dropping or moving what was done to memory before.
-inline void barrier(const void* touched) { asm volatile("" : : "r,m"(touched) : "memory"); }
+/// Makes the compiler believe that somebody reads and writes this memory here.
+inline void barrier(const void* memory) { asm volatile("" : : "r,m"(memory) : "memory"); }
 
-/// Seconds that one call of `work` takes, over a batch of calls.
+/// Nanoseconds that one call takes, over a batch of calls.
 template <class Work>
-double secondsEach(int calls, Work& work) {
+double nanosecondsEach(int calls, Work& work) {
   const auto start = std::chrono::steady_clock::now();
   for (int i = 0; i < calls; ++i) work();
-  const std::chrono::duration<double> passed = std::chrono::steady_clock::now() - start;
+  const std::chrono::duration<double, std::nano> passed = std::chrono::steady_clock::now() - start;
   return passed.count() / calls;
 }
 
@@ -31,32 +31,36 @@ inline double median(std::vector<double>& numbers) {
 }
 
 /// Measures `work` in turns with a memcpy of `bytes` bytes, so that noise of the machine hits both.
-/// Reports, as medians of all turns: `us`, microseconds of one call, and `memcpys`, how many times
-/// as long as the memcpy it takes.
+/// Reports the medians of all turns: `ns` of one call, `memcpy_ns`, and `ratio`, the one in the
+/// other. The benchmark must be registered with inTurns.
 template <class Work>
 void measureBesideMemcpy(benchmark::State& state, std::size_t bytes, Work work) {
   constexpr int kCopies = 400;
-  constexpr double kTurn = 100e-6;  // seconds of work in one turn
+  constexpr double kTurn = 100'000;  // nanoseconds of work in one turn
   std::vector<std::uint8_t> from(bytes, 1);
   std::vector<std::uint8_t> to(bytes);
   auto copy = [&] {
     std::memcpy(to.data(), from.data(), bytes);
     barrier(to.data());
   };
-  secondsEach(kCopies, copy);
-  secondsEach(20, work);  // both are warm now
-  const int calls = std::max(1, static_cast<int>(kTurn / secondsEach(20, work)));
+  const int calls = std::max(1, static_cast<int>(kTurn / nanosecondsEach(20, work)));
   std::vector<double> times;
+  std::vector<double> copyTimes;
   std::vector<double> ratios;
   for ([[maybe_unused]] auto turn : state) {
-    const double copying = secondsEach(kCopies, copy);
-    const double working = secondsEach(calls, work);
-    state.SetIterationTime(working);
-    times.push_back(working * 1e6);
-    ratios.push_back(working / copying);
+    copyTimes.push_back(nanosecondsEach(kCopies, copy));
+    times.push_back(nanosecondsEach(calls, work));
+    ratios.push_back(times.back() / copyTimes.back());
+    state.SetIterationTime(times.back() / 1e9);
   }
-  state.counters["us"] = median(times);
-  state.counters["memcpys"] = median(ratios);
+  state.counters["ns"] = median(times);
+  state.counters["memcpy_ns"] = median(copyTimes);
+  state.counters["ratio"] = median(ratios);
+}
+
+/// How such a benchmark is registered: one iteration is one turn.
+inline void inTurns(benchmark::internal::Benchmark* bench) {
+  bench->UseManualTime()->Iterations(500)->Unit(benchmark::kMicrosecond);
 }
 
 }  // namespace korvane

@@ -2,10 +2,7 @@
 
 #include <benchmark/benchmark.h>
 
-#include <cstring>
-#include <ctime>
-#include <vector>
-
+#include "BesideMemcpy.h"
 #include "output/Preview.h"
 #include "persistence/MatrixDefinition.h"
 #include "platform/HeadlessPlatform.h"
@@ -50,44 +47,26 @@ struct Stage {
     }
   }
 
+  /// Of the three components of all cells.
+  std::size_t bytes() const {
+    return static_cast<std::size_t>(engine.v.matrixCols) *
+           static_cast<std::size_t>(engine.v.matrixRows) * 3;
+  }
+
   HeadlessPlatform platform;
   CountingHost host;
   Engine engine;
 };
 
-/// Processor time of a piece of work, in nanoseconds.
-template <class Work>
-double processorTime(Work work) {
-  const std::clock_t start = std::clock();
-  work();
-  return static_cast<double>(std::clock() - start) * 1e9 / CLOCKS_PER_SEC;
-}
-
-/// Processor time of copying a frame, in nanoseconds.
-inline double copyTime(const Frame& frame) {
-  constexpr int kCopies = 200'000;
-  std::vector<Rgb> copy(frame.span());
-  return processorTime([&] {
-           for (int i = 0; i < kCopies; ++i) {
-             std::memcpy(copy.data(), frame.data(), frame.span() * sizeof(Rgb));
-             benchmark::DoNotOptimize(copy.data());
-             benchmark::ClobberMemory();
-           }
-         }) /
-         kCopies;
-}
-
-/// Runs `tick` on deck A and reports beside its time: `memcpy_ns`, the time of copying the frame in
-/// the same run, `ratio`, the tick's time in such copies, and what the desk was handed per tick.
+/// Runs `tick` on deck A beside a memcpy of the frame, and reports what the desk was handed per
+/// tick, too. The benchmark must be registered with inTurns.
 template <class Tick>
 void measure(benchmark::State& state, Stage& stage, Tick tick) {
-  const double ticking = processorTime([&] {
-    for (auto _ : state) tick(stage.engine, stage.engine.v.A);
+  double ticks = 0;
+  measureBesideMemcpy(state, stage.bytes(), [&] {
+    tick(stage.engine, stage.engine.v.A);
+    ++ticks;
   });
-  const double copying = copyTime(stage.engine.v.frameA);
-  const auto ticks = static_cast<double>(state.iterations());
-  state.counters["memcpy_ns"] = copying;
-  state.counters["ratio"] = ticking / ticks / copying;
   state.counters["passes"] = static_cast<double>(stage.host.passes) / ticks;
   state.counters["channels"] = static_cast<double>(stage.host.channels) / ticks;
 }

@@ -46,9 +46,9 @@ void ticker(benchmark::State& state) {
   measure(state, stage, [](Engine& engine, Deck& deck) { tickerTick(engine, deck); });
 }
 
-BENCHMARK(fire)->Arg(12)->Arg(50);
-BENCHMARK(fluid)->ArgsProduct({{12, 50}, {1, 3, 5, 7}});
-BENCHMARK(ticker)->ArgsProduct({{12, 50}, {1, 3, 5, 7}});
+BENCHMARK(fire)->Arg(12)->Arg(50)->Apply(inTurns);
+BENCHMARK(fluid)->ArgsProduct({{12, 50}, {1, 3, 5, 7}})->Apply(inTurns);
+BENCHMARK(ticker)->ArgsProduct({{12, 50}, {1, 3, 5, 7}})->Apply(inTurns);
 
 }  // namespace
 }  // namespace korvane

@@ -50,8 +50,10 @@ void paintStroke(benchmark::State& state) {
   });
 }
 
-BENCHMARK(imageScroll)->ArgsProduct({{12, 50}, benchmark::CreateDenseRange(1, 8, 1)});
-BENCHMARK(paintStroke)->Arg(12)->Arg(50);
+BENCHMARK(imageScroll)
+    ->ArgsProduct({{12, 50}, benchmark::CreateDenseRange(1, 8, 1)})
+    ->Apply(inTurns);
+BENCHMARK(paintStroke)->Arg(12)->Arg(50)->Apply(inTurns);
 
 }  // namespace
 }  // namespace korvane

@@ -4,63 +4,39 @@
 
 #include <utility>
 
-#include "BesideMemcpy.h"
+#include "Stage.h"
 #include "output/MatrixCode.h"
-#include "output/Preview.h"
-#include "platform/HeadlessPlatform.h"
 
 namespace korvane {
 namespace {
 
-// A desk that takes values as fast as a call can be made.
-struct QuickHost : Host {
-  std::int32_t ChannelMAXCHANNELS() override { return 512; }
-  std::string ProjectName() override { return {}; }
-  std::string ProjectBaseFilename() override { return {}; }
-  void UserInteraction() override { ++calls; }
-  void SetChannel(std::int32_t, std::int32_t, bool) override { ++calls; }
+int sideOf(const benchmark::State& state) { return static_cast<int>(state.range(0)); }
 
-  std::uint64_t calls = 0;
-};
-
+// Channels 1 to 7500 of which 512 are sent, or a grid that was never configured: all are sent.
 enum Mapping { kRunning, kUnconfigured };
 
-struct Show {
-  explicit Show(int side, Mapping mapping = kRunning) {
-    v.host = &host;
-    v.matrixCols = v.matrixRows = static_cast<std::int16_t>(side);
-    v.channelMap.redim(side, side);
-    for (Frame* frame : {&v.frameA, &v.frameB, &v.frameM, &v.frameSent}) frame->redim(side, side);
-    v.fadeMap.redim(side, side);
-    std::int32_t channel = 1;
+// Decks with a random picture each.
+struct Show : Stage {
+  explicit Show(int side, Mapping mapping = kRunning) : Stage(side, kColor) {
+    if (mapping == kUnconfigured) v.channelMap.redim(side, side);
     for (int col = 0; col < side; ++col) {
       for (int row = 0; row < side; ++row) {
         v.frameA.at(col, row) = someCell();
         v.frameB.at(col, row) = someCell();
         v.fadeMap.at(col, row) = engine.random.next() < 0.5F ? 0.0F : 1.0F;
-        if (mapping == kUnconfigured) continue;
-        for (int component = 0; component < 3; ++component)
-          v.channelMap.set(col, row, component, channel++);
       }
     }
   }
 
   std::uint8_t someByte() { return static_cast<std::uint8_t>(engine.random.next() * 256); }
   Rgb someCell() { return {someByte(), someByte(), someByte()}; }
-  std::size_t bytes() const {
-    return static_cast<std::size_t>(v.matrixCols) * static_cast<std::size_t>(v.matrixRows) * 3;
-  }
 
-  HeadlessPlatform platform;
-  QuickHost host;
-  Engine engine{platform};
   Variablen& v = engine.v;
 };
 
-int sideOf(const benchmark::State& state) { return static_cast<int>(state.range(0)); }
-
 void mixing(benchmark::State& state, FadeType type, double position) {
   Show show(sideOf(state));
+  show.v.outputActive = false;
   show.v.fadeTypeNow = type;
   show.engine.master.MFadeColor.setBackColor(rgb(200, 100, 50));
   measureBesideMemcpy(state, show.bytes(), [&] {
@@ -75,8 +51,7 @@ void sending(benchmark::State& state, Mapping mapping, int nth) {
   show.v.frameM = show.v.frameA;
   Frame other = show.v.frameA;
   for (int cell = 0; nth != 0 && cell < sideOf(state) * sideOf(state); cell += nth) {
-    Rgb& changed = other.at(cell / sideOf(state), cell % sideOf(state));
-    for (std::uint8_t& byte : changed) byte ^= 1;
+    for (std::uint8_t& byte : other.at(cell / sideOf(state), cell % sideOf(state))) byte ^= 1;
   }
   sendFrame(show.engine);
   measureBesideMemcpy(state, show.bytes(), [&] {
@@ -89,7 +64,6 @@ void sending(benchmark::State& state, Mapping mapping, int nth) {
 void drawingM(benchmark::State& state) {
   Show show(sideOf(state));
   show.v.frameM = show.v.frameA;
-  set_matrix_values(show.engine, show.engine.master.picture);
   measureBesideMemcpy(state, show.bytes(), [&] {
     drawMatrixM(show.engine);
     barrier(show.engine.master.picture.raster().data());
@@ -99,16 +73,13 @@ void drawingM(benchmark::State& state) {
 // Mixes and sends a picture that stands still.
 void wholePass(benchmark::State& state, Mapping mapping) {
   Show show(sideOf(state), mapping);
-  show.v.outputActive = true;
   measureBesideMemcpy(state, show.bytes(), [&] {
     mixFrame(show.engine, 0.3);
     barrier(show.v.frameSent.data());
   });
 }
 
-void atBothSizes(benchmark::internal::Benchmark* bench) {
-  bench->Arg(12)->Arg(50)->UseManualTime()->Iterations(500)->Unit(benchmark::kMicrosecond);
-}
+void atBothSizes(benchmark::internal::Benchmark* bench) { bench->Arg(12)->Arg(50)->Apply(inTurns); }
 
 BENCHMARK_CAPTURE(mixing, CrossFade, kCrossFade, 0.3)->Apply(atBothSizes);
 BENCHMARK_CAPTURE(mixing, CrossFadeAtDeckA, kCrossFade, 0.0)->Apply(atBothSizes);

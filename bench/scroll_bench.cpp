@@ -63,9 +63,13 @@ void startOfFill(benchmark::State& state) {
   measure(state, stage, [](Engine& engine, Deck& deckA) { colorChangeStep(engine, deckA); });
 }
 
-BENCHMARK(colorScroll)->ArgsProduct({{12, 50}, benchmark::CreateDenseRange(1, 12, 1)});
-BENCHMARK(colorChange)->ArgsProduct({{12, 50}, benchmark::CreateDenseRange(0, 8, 1)});
-BENCHMARK(startOfFill)->Arg(12)->Arg(50);
+BENCHMARK(colorScroll)
+    ->ArgsProduct({{12, 50}, benchmark::CreateDenseRange(1, 12, 1)})
+    ->Apply(inTurns);
+BENCHMARK(colorChange)
+    ->ArgsProduct({{12, 50}, benchmark::CreateDenseRange(0, 8, 1)})
+    ->Apply(inTurns);
+BENCHMARK(startOfFill)->Arg(12)->Arg(50)->Apply(inTurns);
 
 }  // namespace
 }  // namespace korvane

@@ -8,6 +8,8 @@
 namespace korvane {
 namespace {
 
+constexpr std::int32_t kBeatLockOut = 200;  // milliseconds after an accepted beat
+
 Color colorNow(const Deck& deck, const Effect& effect) {
   return effect.colors.at(static_cast<std::size_t>(deck.colorIndex));
 }
@@ -40,6 +42,17 @@ void beatStep(Engine& engine, Deck& deck) {
     default:
       return;
   }
+}
+
+void followBeat(Engine& engine, Deck& deck, bool on) {
+  if (on) {
+    deck.timer1.disable();
+    deck.timer2.disable();
+    deck.timer2.setInterval(kBeatLockOut);
+  }
+  deck.effect().beatControl = on ? 1 : 0;
+  engine.v.beatControlSeen = on;
+  deck.beatOn = on;
 }
 
 }  // namespace korvane

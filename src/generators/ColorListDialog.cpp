@@ -1,5 +1,6 @@
 #include "generators/ColorListDialog.h"
 
+#include "generators/BeatCode.h"
 #include "generators/ColorCode.h"
 #include "generators/Dialogs.h"
 #include "platform/Numbers.h"
@@ -10,7 +11,6 @@ namespace {
 constexpr const char* kColorBar = "||||||||||||";
 constexpr int kColorColumn = 0;
 constexpr int kNumberColumn = 1;
-constexpr std::int32_t kBeatLockOut = 200;  // milliseconds between accepted beats
 
 }  // namespace
 
@@ -28,7 +28,8 @@ ColorListDialog::ColorListDialog(Engine& engine, const Texts& texts, NumberColum
       beatControl("beatControl", {.toolTip = "step on the beat of the desk instead of by time",
                                   .label = "Beat Control : "}),
       numbers_(std::move(numbers)) {
-  ColorList.setColumns({{"Color", 0.6, true}, {numbers_.title, 0.3, true}});
+  ColorList.setColumns({{.title = "Color", .width = 0.6, .editable = true, .colored = true},
+                        {.title = numbers_.title, .width = 0.3, .editable = true}});
   ColorList.onClick = [this](int entry, int col) { ColorList_Click(entry, col); };
   bindNumberColumn(ColorList, kNumberColumn, engine.platform, numbers_.normal,
                    [this] { takeList(); });
@@ -104,16 +105,8 @@ void ColorListDialog::moveColor(int by) {
 }
 
 void ColorListDialog::beatControl_Click() {
-  const bool on = beatControl.checked();
-  if (on) {
-    deck().timer1.disable();
-    deck().timer2.disable();
-    deck().timer2.setInterval(kBeatLockOut);
-  }
-  effect().beatControl = on ? 1 : 0;
-  engine_.v.beatControlSeen = on;
-  deck().beatOn = on;
-  if (!on && effect().colorCount > 1) deck().timer1.enable();
+  followBeat(engine_, deck(), beatControl.checked());
+  if (!beatControl.checked() && effect().colorCount > 1) deck().timer1.enable();
 }
 
 }  // namespace korvane

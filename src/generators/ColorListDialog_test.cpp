@@ -165,8 +165,11 @@ TEST_P(ColorList, RemoveTakesTheSelectedEntry) {
 TEST_P(ColorList, RemoveWithoutASelectionChangesNothing) {
   open({kRed, kGreen});
   dialog.ColorList.unselectAll();
+  deck.timer1.disable();
   click(dialog.removeColor);
+  EXPECT_EQ(listed(), (std::vector<Color>{kRed, kGreen}));
   EXPECT_EQ(stored(), (std::vector<Color>{kRed, kGreen}));
+  EXPECT_FALSE(deck.timer1.enabled()) << "the list is not taken anew";
 }
 
 TEST_P(ColorList, TheLastColourCanBeRemoved) {

@@ -19,8 +19,8 @@ MxColorChange::MxColorChange(Engine& engine)
        &cbFadeMode, &beatControl, &OK});
   setLayout(column({fields({myName}), listLayout(),
                     fields({slSpeed, slFade, cbFadeMode, beatControl}), row({space(), OK})}));
-  slSpeed.onChange = [this] { slSpeed_Change(); };
-  slFade.onChange = [this] { effect().amount = toInt16(slFade.value()); };
+  bindSlider(slSpeed, &Effect::speed, [this] { speedChanged(); });
+  bindSlider(slFade, &Effect::amount);
   cbFadeMode.onClick = [this] { cbFadeMode_Click(); };
   beatControl.onClick = [this] { beatControl_Changed(); };
   onActivate = [this] { ColorList.unselectAll(); };
@@ -65,8 +65,7 @@ void MxColorChange::updateColorList() {
 
 // The slider also moves as the dialog of a Color Scroll opens, which holds no colour, and for a new
 // effect, which has none yet.
-void MxColorChange::slSpeed_Change() {
-  effect().speed = toInt16(slSpeed.value());
+void MxColorChange::speedChanged() {
   const int current = deck().colorIndex;
   const bool holds = effect().type == kColorChange && current >= 0 && current < effect().colorCount;
   if (holds) setStepInterval();

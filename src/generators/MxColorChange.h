@@ -24,7 +24,7 @@ class MxColorChange : public ColorListDialog {
  private:
   void cbFadeMode_Click();
   void beatControl_Changed();
-  void slSpeed_Change();
+  void speedChanged();
   void takeFadeMode();
   void setHoldInterval(int speed);
   Color currentColor();

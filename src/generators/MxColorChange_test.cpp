@@ -113,7 +113,7 @@ TEST_P(ColorChangeDialog, AChosenModeWaitsForTheEndOfARunningTransition) {
   choose(kFade);
   EXPECT_EQ(effect.fadeMode, kScrollDown);
   EXPECT_EQ(deck.savedFadeMode, kFade);
-  advance(5 * 250);
+  advance(1250);
   EXPECT_FALSE(deck.transitionRunning);
   EXPECT_EQ(effect.fadeMode, kFade);
 }

@@ -24,10 +24,7 @@ MxColorScroll::MxColorScroll(Engine& engine)
   add({&fadeMode, &beatControl, &OK});
   setLayout(column({fields({myName}), listLayout(), fields({slSpeed}), row(richtung.controls()),
                     fields({fadeMode, beatControl}), row({space(), OK})}));
-  slSpeed.onChange = [this] {
-    effect().speed = toInt16(slSpeed.value());
-    setStepInterval();
-  };
+  bindSlider(slSpeed, &Effect::speed, [this] { setStepInterval(); });
   richtung.onClick = [this](int index) { richtung_Click(index); };
   fadeMode.onClick = [this] { fadeMode_Click(); };
   beatControl.onClick = [this] { beatControl_Click(); };

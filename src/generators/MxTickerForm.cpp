@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "generators/BeatCode.h"
 #include "generators/CellWise.h"
 #include "generators/TickerCode.h"
 
@@ -11,9 +12,6 @@ namespace {
 
 // The point sizes of the entries of `myFont`.
 constexpr std::array<std::int16_t, 4> kFontSizes = {5, 7, 10, 15};
-
-// While the sequence timer runs after a beat, further beats are dropped. In milliseconds.
-constexpr std::int32_t kBeatLockOut = 200;
 
 }  // namespace
 
@@ -42,8 +40,8 @@ MxTickerForm::MxTickerForm(Engine& engine)
 }
 
 void MxTickerForm::declareLayout() {
-  setLayout(column({fields({myName, myTicker, Color1, Color2, myFont, slSpeed, slOffset}),
-                    row({directionLabel, row(richtung.controls())}),
+  setLayout(column({fields({myName, myTicker, Color1, Color2, myFont, slSpeed, slOffset,
+                            row({directionLabel, row(richtung.controls()), space()})}),
                     grid(2, {Beat, Backward, Mirror, Letter}), space(), row({space(), OK})}));
 }
 
@@ -124,15 +122,8 @@ void MxTickerForm::richtung_Click(int index) {
 }
 
 void MxTickerForm::Beat_Click() {
-  const bool on = Beat.checked();
-  deck().timer1.setEnabled(!on);
-  if (on) {
-    deck().timer2.disable();
-    deck().timer2.setInterval(kBeatLockOut);
-  }
-  effect().beatControl = on ? 1 : 0;
-  engine_.v.beatControlSeen = on;
-  deck().beatOn = on;
+  followBeat(engine_, deck(), Beat.checked());
+  if (!Beat.checked()) deck().timer1.enable();
 }
 
 void MxTickerForm::Letter_Click() {

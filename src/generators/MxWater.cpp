@@ -19,8 +19,9 @@ MxWater::MxWater(Engine& engine)
   add({&myName, &Color1, &Color2, &slIntensity, &slSpeed, &directionLabel});
   add(richtung.controls());
   add({&OK});
-  setLayout(column({fields({myName, Color1, Color2, slIntensity, slSpeed}),
-                    row({directionLabel, row(richtung.controls())}), space(), row({space(), OK})}));
+  setLayout(column({fields({myName, Color1, Color2, slIntensity, slSpeed,
+                            row({directionLabel, row(richtung.controls()), space()})}),
+                    space(), row({space(), OK})}));
   bindColor(Color1, &Effect::color1, {});
   bindColor(Color2, &Effect::color2, {});
   bindSlider(slIntensity, &Effect::amount);

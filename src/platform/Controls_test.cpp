@@ -139,12 +139,13 @@ TEST(TextBox, HandsKeysOn) {
   EXPECT_EQ(key, 27);
 }
 
-TEST(Slider, StartsAtItsLowEnd) {
+TEST(Slider, StartsAtZeroOrTheEndThatIsNearest) {
   EXPECT_EQ(Slider("slSpeed").value(), 0);
   EXPECT_EQ(Slider("slSpeed").max(), 100);
-  const Slider fader("faderM", SliderRange{-100, 100});
-  EXPECT_EQ(fader.value(), -100);
-  EXPECT_EQ(fader.min(), -100);
+  EXPECT_EQ(Slider("faderM", SliderRange{-100, 100}).value(), 0);
+  EXPECT_EQ(Slider("faderM", SliderRange{-100, 100}).min(), -100);
+  EXPECT_EQ(Slider("above", SliderRange{5, 10}).value(), 5);
+  EXPECT_EQ(Slider("below", SliderRange{-10, -5}).value(), -5);
 }
 
 TEST(Slider, TellsOnlyAChange) {

@@ -214,6 +214,16 @@ TEST_F(ListViewTest, EndingAnEditThatIsNotOpenDoesNothing) {
   EXPECT_EQ(events, Texts{});
 }
 
+TEST_F(ListViewTest, AnEditCanBeDropped) {
+  fill(1);
+  list.beginEdit(0, 1);
+  list.cancelEdit();
+  EXPECT_FALSE(list.editing());
+  list.endEdit("x");
+  EXPECT_EQ(list.cell(0, 1), "0");
+  EXPECT_EQ(events, Texts{});
+}
+
 TEST_F(ListViewTest, AFailureInAnEditKeepsTheCellAndClosesTheEditor) {
   fill(1);
   list.onValidate = [](int, const std::string&) -> std::string { throw Failure(kTypeMismatch); };

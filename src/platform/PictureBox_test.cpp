@@ -45,7 +45,7 @@ using Events = std::vector<std::string>;
 
 TEST_F(PictureBoxTest, StartsInItsBackgroundColour) {
   expectPicture(box.raster(), {"BBBB", "BBBB", "BBBB"});
-  EXPECT_EQ(box.sizing(), PictureBox::Sizing::Grow);
+  EXPECT_EQ(box.sizing(), PictureBox::Sizing::Square);
 }
 
 TEST_F(PictureBoxTest, AnotherSizeClearsAndIsAnEvent) {
@@ -84,6 +84,19 @@ TEST_F(PictureBoxTest, DrawingTellsTheViewWhichPixelsChanged) {
 TEST_F(PictureBoxTest, TheViewGetsTheUpperLeftCornerFirst) {
   box.fillRect(3, 2, 1, 0, kRed);
   EXPECT_EQ(events, Events{"pixels 1 0 3 2"});
+}
+
+TEST_F(PictureBoxTest, OverlaidLinesAreNoPixels) {
+  box.setOverlay({{3, 2, 1, 0, kRed}});
+  expectPicture(box.raster(), {"BBBB", "BBBB", "BBBB"});
+  EXPECT_EQ(events, Events{"pixels 1 0 3 2"});
+  box.setOverlay({{3, 2, 1, 0, kRed}});  // the same again
+  EXPECT_EQ(events.size(), 1U);
+  box.setOverlay({{0, 0, 0, 2, kRed}});
+  EXPECT_EQ(events, (Events{"pixels 1 0 3 2", "pixels 1 0 3 2", "pixels 0 0 0 2"}));
+  box.setOverlay({});
+  EXPECT_TRUE(box.overlay().empty());
+  EXPECT_EQ(events.back(), "pixels 0 0 0 2");
 }
 
 TEST_F(PictureBoxTest, PointerEventsCarryThePlaceAndTheButton) {

@@ -14,8 +14,7 @@ std::filesystem::path systemPath(const std::string& path) {
 
 bool fileExists(const std::string& path) {
   std::error_code error;
-  return std::filesystem::exists(systemPath(path), error) &&
-         !std::filesystem::is_directory(systemPath(path), error);
+  return std::filesystem::is_regular_file(systemPath(path), error);
 }
 
 std::string fileTitle(const std::string& path) {

@@ -10,7 +10,7 @@ namespace korvane {
 
 /// A path as the system takes it. Paths are UTF-8 everywhere else.
 std::filesystem::path systemPath(const std::string& path);
-/// True if a file (not a folder) stands at the path.
+/// True if a file (not a folder, nor a device) stands at the path.
 bool fileExists(const std::string& path);
 /// The last component of a path.
 std::string fileTitle(const std::string& path);

@@ -6,7 +6,10 @@
 
 namespace korvane {
 
-Engine::Engine(Platform& services) : platform(services), sim("surface", {640, 480, PictureBox::Sizing::Grow}) { randomize(); }
+Engine::Engine(Platform& services)
+    : platform(services), sim("surface", {640, 480, PictureBox::Sizing::Grow}) {
+  randomize();
+}
 
 Host& Engine::host() {
   if (v.host == nullptr) throw Failure(kObjectNotSet, "the desk has not called ITharnPlugin_Init");

@@ -28,7 +28,7 @@ class SlowDeck {
   /// Draws and mixes everything.
   void publishAll();
   /// Fails unless the deck, its preview, the mix and its preview look the same, and the desk was
-  /// called in the same way.
+  /// called in the same way since the last time.
   void expectSame(const Engine& engine, const Deck& deck, const std::vector<std::string>& calls);
 
   int cols, rows;

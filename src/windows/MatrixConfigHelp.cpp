@@ -42,7 +42,7 @@ void drawGrid(PictureBox& box) {
 
 MatrixConfigHelp::MatrixConfigHelp(Engine& engine)
     : Form("MatrixConfigHelp", "CCConfigHelp"),
-      Logo("Logo", kLogoSize),
+      Logo("Logo", kLogoSize, {.toolTip = "Korvane"}),
       Picture("Picture", {97, 97, PictureBox::Sizing::Fixed},
               {.toolTip = "white lamps have their channels, grey ones not yet"}),
       Text1("Text1", {.toolTip = "how to configure the matrix"}, kText,

@@ -8,7 +8,7 @@ namespace korvane {
 
 MatrixHelp::MatrixHelp(Engine& engine)
     : Form("MatrixHelp", "Korvane"),
-      Logo("Logo", kLogoSize),
+      Logo("Logo", kLogoSize, {.toolTip = "Korvane"}),
       Title("Title", {.caption = "Matrix Help File"}),
       Page("Page", {.caption = std::string("Online help: ") + kHelpPage,
                     .toolTip = "click to open the page in the browser"}),

@@ -41,24 +41,18 @@ std::string ComHost::ProjectBaseFilename() {
 
 void ComHost::UserInteraction() {
   stream_.fetch(helper_, L"MyStream");
-  record({HostCall::kUserInteraction, 0});
+  calls.add({HostCall::kUserInteraction, 0});
   stream_.call(L"UserInteraction");
 }
 
 void ComHost::SetChannel(std::int32_t channel, std::int32_t value, bool flag) {
   stream_.fetch(helper_, L"MyStream");
-  record({channel, value});
+  calls.add({channel, value});
   LONG givenChannel = channel;
   LONG givenValue = value;
   std::array<VARIANT, 3> arguments = {boolean(flag), byReference(givenValue),
                                       byReference(givenChannel)};
   stream_.call(L"SetChannel", arguments);
-}
-
-void ComHost::record(HostCall call) {
-  if (calls.size() >= 2 * kMostCalls)
-    calls.erase(calls.begin(), calls.end() - static_cast<std::ptrdiff_t>(kMostCalls));
-  calls.push_back(call);
 }
 
 }  // namespace korvane

@@ -122,7 +122,7 @@ TEST_F(TestConsole, PutStoresAColorAndNothingMore) {
            R"({"ok":false,"error":"COLOR must be six hex digits RRGGBB, not 'red'."})"},
           {"put A 0 0 -12345",
            R"({"ok":false,"error":"COLOR must be six hex digits RRGGBB, not '-12345'."})"}});
-  EXPECT_TRUE(host.calls.empty());
+  EXPECT_TRUE(host.calls.all().empty());
 }
 
 TEST_F(TestConsole, PutNeedsAFrame) {

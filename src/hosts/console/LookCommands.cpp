@@ -140,7 +140,7 @@ void snapshot(Console& console, const Arguments& arguments, Json&) {
 
 void calls(Console& console, const Arguments&, Json& reply) {
   Json all = Json::array();
-  for (const HostCall& call : console.calls) {
+  for (const HostCall& call : console.calls.all()) {
     if (call.channel == HostCall::kUserInteraction)
       all.push_back(Json::array({"UserInteraction"}));
     else

@@ -22,6 +22,12 @@ TEST_F(TestConsole, GetTellsOfAWindow) {
            R"("deep"]})"}});
 }
 
+TEST_F(TestConsole, AWindowThatIsOnePictureHasItsSize) {
+  expect({{"get Surface",
+           R"({"ok":true,"caption":"A picture","visible":true,"modal":false,"width":2,"height":1,)"
+           R"("controls":[]})"}});
+}
+
 TEST_F(TestConsole, GetTellsOfEveryKindOfControl) {
   demo.list.setIndex(1);
   demo.arrow.setPressed(true);
@@ -48,8 +54,7 @@ TEST_F(TestConsole, GetTellsOfEveryKindOfControl) {
                 R"({"text":"second","sub":["2.0"],"color":"FF0000","selected":true}],)"
                 R"("current":1})");
   EXPECT_EQ(reply("get Demo.text"), common("TextBox", "", "") + R"(,"text":"start"})");
-  EXPECT_EQ(reply("get Demo.slider"),
-            common("Slider", "", "") + R"(,"value":-5,"min":-5,"max":5})");
+  EXPECT_EQ(reply("get Demo.slider"), common("Slider", "", "") + R"(,"value":0,"min":-5,"max":5})");
   EXPECT_EQ(reply("get Demo.picture"),
             common("PictureBox", "", "") + R"(,"width":4,"height":3,"backColor":"0000FF"})");
   EXPECT_EQ(reply("get Demo.color"), common("ColorBox", "", "") + R"(,"backColor":"0102FF"})");
@@ -199,6 +204,14 @@ TEST_F(TestConsole, CallsAreToldOnceInOrder) {
       {{"calls",
         R"({"ok":true,"calls":[["UserInteraction"],["SetChannel",1,255],["SetChannel",512,0]]})"},
        {"calls", R"({"ok":true,"calls":[]})"}});
+}
+
+TEST_F(TestConsole, OfVeryManyCallsTheNewestAreKept) {
+  const auto most = static_cast<std::int32_t>(ConsoleHost::kMostCalls);
+  for (std::int32_t i = 0; i <= most; ++i) host.SetChannel(i, 0, true);
+  EXPECT_EQ(host.calls.all().size(), ConsoleHost::kMostCalls / 2 + 1);
+  EXPECT_EQ(host.calls.all().front().channel, most / 2);
+  EXPECT_EQ(host.calls.all().back().channel, most);
 }
 
 class Snapshot : public TestConsole {

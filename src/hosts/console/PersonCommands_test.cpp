@@ -25,7 +25,7 @@ TEST_F(TestConsole, SetChangesValuesAndRunsHandlersOnAChangeOnly) {
           {"set Demo.text \"new text\"", kOk, {"text new text"}},
           {"set Demo.text \"new text\"", kOk},
           {"set Demo.text \"\"", kOk, {"text "}},
-          {"set Demo.slider -5", kOk},
+          {"set Demo.slider 0", kOk},
           {"set Demo.slider 5", kOk, {"slider 5"}},
           {"set Demo.slider 5", kOk},
           {"set Demo.box 1", kOk, {"box 1"}},

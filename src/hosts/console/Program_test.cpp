@@ -97,7 +97,7 @@ TEST_F(Program, EndsWith2ForWrongUsage) {
        "korvane-console: --base needs a name at its end, not 'shows/'; "
        "--help tells the usage\n"},
       {"--output smoke:1",
-       "korvane-console: --output: unknown protocol 'smoke', expected sacn or "
+       "korvane-console: output 'smoke:1': unknown protocol 'smoke', expected sacn or "
        "artnet; --help tells the usage\n"},
       {"a b", "korvane-console: there is one script too many: b; --help tells the usage\n"},
   };
@@ -184,6 +184,14 @@ TEST_F(Program, DecimalIsTheLocales) {
   EXPECT_EQ(time(run("", look, "LC_ALL=C")), "3.00");
 }
 
+TEST_F(Program, DecimalOfAGermanEnvironmentIsAComma) {
+  const std::string make = "localedef -i de_DE -f UTF-8 " + folder + "/de_DE.UTF-8 2>/dev/null";
+  if (std::system(make.c_str()) != 0) GTEST_SKIP() << "localedef can't make a German locale here";
+  const Result result = run("", "get MatrixForm.fadeTimeText\n",
+                            "env -u LC_ALL LOCPATH=" + folder + " LC_NUMERIC=de_DE.UTF-8");
+  EXPECT_EQ(Json::parse(result.replies.at(0))["text"], "3,00");
+}
+
 TEST_F(Program, ASeedMakesARunRepeatExactly) {
   const std::string script =
       "set MatrixForm.typeA 6\nset MatrixForm.fadeType 3\nadvance 3000\n"
@@ -192,6 +200,22 @@ TEST_F(Program, ASeedMakesARunRepeatExactly) {
   EXPECT_EQ(first.status, 0);
   EXPECT_EQ(first.replies, run("--seed 7", script).replies);
   EXPECT_NE(first.replies, run("--seed 8", script).replies);
+}
+
+TEST_F(Program, TheExampleOfItsPageIsTrue) {
+  std::string commands;
+  std::vector<std::string> expected;
+  for (const std::string& line : split(bytesOf(KORVANE_SOURCE_DIR "/docs/console.md"), '\n')) {
+    if (line.starts_with("    > ")) {
+      commands += line.substr(6) + "\n";
+      expected.emplace_back();
+    } else if (!expected.empty() && expected.back().empty()) {
+      expected.back() = line.substr(4);
+    }
+  }
+  ASSERT_GT(expected.size(), 10U);
+  EXPECT_EQ(run("--seed 1", commands).replies, expected);
+  EXPECT_TRUE(std::filesystem::exists(folder + "/mix.png"));
 }
 
 TEST_F(Program, TakesGarbageAndVeryLongLines) {

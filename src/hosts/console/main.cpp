@@ -8,15 +8,18 @@
 #include <filesystem>
 #include <iostream>
 
+#include "hosts/common/WallClock.h"
 #include "hosts/console/ConsolePlatform.h"
 #include "hosts/console/ConsoleHost.h"
 #include "hosts/console/Interpreter.h"
 #include "hosts/console/LineReader.h"
 #include "hosts/console/Operations.h"
 #include "hosts/console/Options.h"
-#include "hosts/console/WallClock.h"
 #include "hosts/network/NetworkOutput.h"
 #include "platform/Events.h"
+#ifdef KORVANE_PICTURES
+#include "views/qt/pictures/PictureFile.h"
+#endif
 
 namespace korvane {
 namespace {
@@ -63,6 +66,9 @@ Desk::Desk(const Options& options, const std::optional<OutputTarget>& target)
            [this](std::int64_t time, const TimerQueue::Gate& gate) { advance(time, gate); }}) {
   platform_.format = options.format;
   platform_.clock = wallTimeOfDay;
+#ifdef KORVANE_PICTURES  // without Qt no picture can be read
+  platform_.pictures = readPicture;
+#endif
   if (options.seed) {
     plugin_.engine.random.seed(static_cast<std::uint64_t>(*options.seed));
     platform_.clock = [this, from = *options.seed % kDay] {
@@ -124,7 +130,7 @@ std::optional<OutputTarget> targetOf(const Options& options) {
   try {
     return parseOutputTarget(*options.output);
   } catch (const std::invalid_argument& error) {
-    throw UsageError(std::string("--output: ") + error.what());
+    throw UsageError(error.what());
   }
 }
 

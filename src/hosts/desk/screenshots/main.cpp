@@ -17,21 +17,38 @@ using namespace korvane;
 
 constexpr int kSettleMilliseconds = 20;
 constexpr int kSettleRounds = 5;
-constexpr int kShowMilliseconds = 3000;  // how long the show runs before its picture is taken
+constexpr int kShowMilliseconds = 300;  // how long the show runs before its picture is taken
 
+// One row for each type of effect.
 struct Row {
   const char* name;
   EffectType type;
   int direction;
+  Color color1;
+  Color color2;
 };
 
-constexpr Row kLeft[] = {{"Sunset", kGradient, 5},
-                         {"Embers", kFire, 0},
-                         {"Title", kTicker, 3},
-                         {"Amber", kColor, 0},
-                         {"Waves", kFluid, 5}};
-constexpr Row kRight[] = {
-    {"Deep sea", kGradient, 9}, {"Blue", kColor, 0}, {"Rain", kFluid, 5}, {"Logo", kPaint, 0}};
+constexpr Row kRows[] = {
+    {"Sunset", kGradient, 5, rgb(110, 0, 160), rgb(255, 110, 0)},
+    {"Amber", kColor, 0, rgb(255, 150, 0), 0},
+    {"Heart", kPaint, 0, 0, 0},
+    {"Clouds", kImage, 7, 0, 0},
+    {"Party", kColorChange, 0, 0, 0},
+    {"Rainbow", kColorScroll, 3, 0, 0},
+    {"Embers", kFire, 0, rgb(255, 220, 0), rgb(255, 0, 0)},
+    {"Waves", kFluid, 5, rgb(0, 40, 255), rgb(255, 255, 255)},
+    {"Welcome", kTicker, 3, rgb(255, 255, 255), rgb(0, 0, 60)},
+};
+constexpr Row kOtherRows[] = {
+    {"Deep sea", kGradient, 9, rgb(10, 0, 70), rgb(0, 170, 255)},
+    {"Night", kColor, 0, rgb(0, 0, 80), 0},
+    {"Rain", kFluid, 5, rgb(0, 0, 120), rgb(120, 200, 255)},
+};
+
+constexpr const char* kHeart[] = {
+    "............", "..##....##..", ".####..####.", "############", "############", "############",
+    ".##########.", "..########..", "...######...", "....####....", ".....##.....", "............",
+};
 
 // A file dialog or a message box must not stop the pictures.
 class SilentPlatform : public QtPlatform {
@@ -53,9 +70,11 @@ class Photographer {
     if (!size_.isEmpty()) view_.window(plugin_.matrixForm).resize(size_);
     wireLamps();
     makeShow();
-    save(view_.window(plugin_.matrixForm), plugin_.matrixForm.name());
-    save(desk_, "Desk");
-    for (int type = 0; type < kEffectTypes; ++type) takeDialog(type);
+    save(view_.window(plugin_.matrixForm), "main-window");
+    taken_ << text(plugin_.matrixForm.name());
+    save(desk_, "desk");
+    for (int row = 0; row < kEffectTypes; ++row) takeDialog(row);
+    mixOrange();
     for (Form* form : plugin_.engine.desktop.forms()) takeForm(*form);
     return failed_ ? 1 : 0;
   }
@@ -74,17 +93,11 @@ class Photographer {
   }
 
   void makeShow() {
-    fill(plugin_.engine.v.A, plugin_.matrixForm.panelA, kLeft);
-    fill(plugin_.engine.v.B, plugin_.matrixForm.panelB, kRight);
-    Master& master = plugin_.engine.master;
-    gate_.run([&] { plugin_.engine.v.efxB.at(0).color1 = rgb(0, 40, 120); });
-    gate_.run([&] { plugin_.engine.v.efxB.at(0).color2 = rgb(0, 220, 200); });
-    gate_.run([&] { plugin_.engine.v.efxA.at(0).color1 = rgb(255, 60, 0); });
-    for (Deck* deck : {&plugin_.engine.v.A, &plugin_.engine.v.B})
-      gate_.run([&] { deck->efxList.click(0, 0); });
-    gate_.run([&] { master.efxXList.click(0, 0); });
-    gate_.run([&] { plugin_.matrixForm.active.setValue(1); });
-    settle(kShowMilliseconds / 10);
+    fill(plugin_.engine.v.A, plugin_.matrixForm.panelA, kRows);
+    fill(plugin_.engine.v.B, plugin_.matrixForm.panelB, kOtherRows);
+    gate_.run([this] { plugin_.engine.master.efxXList.click(0, 0); });
+    gate_.run([this] { plugin_.matrixForm.active.setValue(1); });
+    settle(kShowMilliseconds);
   }
 
   template <std::size_t N>
@@ -94,23 +107,42 @@ class Photographer {
       const int row = static_cast<int>(i);
       gate_.run([&] { deck.efxList.click(row, 0); });
       gate_.run([&] { deck.type.setIndex(rows[i].type); });
-      gate_.run([&] {
-        if (rows[i].direction > 0)
-          deck.effect().direction = static_cast<std::int16_t>(rows[i].direction);
-        deck.effect().name = rows[i].name;
-        deck.efxList.setCell(row, 0, rows[i].name);
-      });
+      setEffect(deck.effect(), rows[i]);
+      deck.efxList.setCell(row, 0, rows[i].name);
+    }
+    gate_.run([&] { deck.efxList.click(0, 0); });
+  }
+
+  static void setEffect(Effect& effect, const Row& row) {
+    effect.name = row.name;
+    effect.color1 = row.color1;
+    effect.color2 = row.color2;
+    effect.direction = static_cast<std::int16_t>(row.direction);
+    effect.colors = {rgb(255, 0, 0), rgb(255, 160, 0), rgb(0, 200, 0), rgb(0, 80, 255),
+                     rgb(0, 0, 0)};
+    effect.colorCount = static_cast<std::int16_t>(effect.colors.size());
+    effect.itemTimes.assign(effect.colors.size(), 3);
+    effect.itemWidths.assign(effect.colors.size(), 2);
+    for (int y = 0; row.type == kPaint && y < 12; ++y) {
+      for (int x = 0; x < 12; ++x)
+        effect.paintPixels.at(x, y) = kHeart[y][x] == '#' ? rgb(255, 0, 60) : rgb(20, 0, 40);
     }
   }
 
-  void takeDialog(int type) {
-    EffectDialog* dialog = plugin_.dialogs.byType.at(static_cast<std::size_t>(type));
+  void takeDialog(int row) {
+    EffectDialog* dialog = plugin_.dialogs.byType.at(kRows[row].type);
     if (dialog == nullptr) return;
-    gate_.run([&] { plugin_.engine.v.A.type.setIndex(type); });
+    gate_.run([&] { plugin_.engine.v.A.efxList.click(row, 0); });
     gate_.run([&] { plugin_.matrixForm.panelA.edit.click(); });
-    settle(kSettleMilliseconds);
     save(view_.window(*dialog), dialog->name());
     gate_.run([&] { plugin_.engine.desktop.close(*dialog); });
+  }
+
+  void mixOrange() {
+    MxColorMixer& mixer = plugin_.dialogs.mixer;
+    gate_.run([&mixer] { mixer.Sred.setValue(240); });
+    gate_.run([&mixer] { mixer.Sgreen.setValue(130); });
+    gate_.run([&mixer] { mixer.Sblue.setValue(40); });
   }
 
   void takeForm(Form& form) {

@@ -48,16 +48,24 @@ void CellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
   const QString text =
       option.fontMetrics.elidedText(index.data().toString(), Qt::ElideRight, room.width());
   painter->save();
-  painter->setFont(option.font);
+  QFont font = option.font;
+  font.setBold(colored);
+  painter->setFont(font);
   painter->fillRect(option.rect, ground);
   if (contrast(ink, ground) < kLeastContrast)
-    paintPlate(*painter, option.fontMetrics.boundingRect(room, Qt::AlignVCenter, text), ink);
+    paintPlate(*painter, painter->fontMetrics().boundingRect(room, Qt::AlignVCenter, text), ink);
   painter->setPen(ink);
   painter->drawText(room, Qt::AlignVCenter, text);
   if (index.row() == list_.current() && option.rect.left() == 0)
     painter->fillRect(QRect(option.rect.topLeft(), QSize(kCurrentBar, option.rect.height())),
                       option.palette.color(QPalette::PlaceholderText));
   painter->restore();
+}
+
+// A list that changes under an open editor leaves alone what has been typed.
+void CellDelegate::setEditorData(QWidget* editor, const QModelIndex& index) const {
+  if (!static_cast<QLineEdit*>(editor)->isModified())
+    QStyledItemDelegate::setEditorData(editor, index);
 }
 
 void CellDelegate::setModelData(QWidget* editor, QAbstractItemModel*, const QModelIndex&) const {

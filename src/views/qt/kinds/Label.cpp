@@ -7,6 +7,9 @@
 namespace korvane {
 namespace {
 
+constexpr std::size_t kLongText = 80;  // characters; a longer text is broken into lines
+constexpr int kWrapWidth = 460;
+
 class ClickLabel : public QLabel {
  public:
   ClickLabel(Label& label, const Seat& seat) : QLabel(seat.parent), label_(label), seat_(seat) {}
@@ -29,7 +32,10 @@ QWidget* bindLabel(Control& control, const Seat& seat) {
   auto& label = static_cast<Label&>(control);
   auto* widget = new ClickLabel(label, seat);
   widget->setTextFormat(Qt::PlainText);
-  widget->setWordWrap(label.look().caption.find('\n') != std::string::npos);
+  if (label.look().caption.size() > kLongText) {
+    widget->setWordWrap(true);
+    widget->setMinimumWidth(kWrapWidth);
+  }
   keepShown(control, *widget, [&label, widget] { widget->setText(text(label.look().caption)); });
   return widget;
 }

@@ -10,7 +10,7 @@ void ListModel::refresh() {
     columns_ = columns;
     endResetModel();
   } else if (rows_ > 0 && columns_ > 0) {
-    emit dataChanged(index(0, 0), index(rows_ - 1, columns_ - 1));
+    Q_EMIT dataChanged(index(0, 0), index(rows_ - 1, columns_ - 1));
   }
 }
 

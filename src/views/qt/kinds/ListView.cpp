@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QTreeView>
+#include <algorithm>
 
 #include "views/qt/kinds/Binder.h"
 #include "views/qt/kinds/CellDelegate.h"
@@ -13,6 +14,7 @@ namespace korvane {
 namespace {
 
 constexpr QSize kSize{220, 160};
+constexpr int kColumnWidth = 190;  // of one among several
 constexpr QSize kLeastSize{140, 96};
 
 class RowList : public QTreeView {
@@ -21,7 +23,7 @@ class RowList : public QTreeView {
 
   void refresh();
   void reset() override;
-  QSize sizeHint() const override { return kSize; }
+  QSize sizeHint() const override;
   QSize minimumSizeHint() const override { return kLeastSize; }
 
  protected:
@@ -52,7 +54,6 @@ RowList::RowList(ListView& list, const Seat& seat)
   setItemDelegate(new CellDelegate(list, seat.gate, this));
   setRootIsDecorated(false);
   setUniformRowHeights(true);
-  setAllColumnsShowFocus(true);
   setEditTriggers(NoEditTriggers);
   setSelectionMode(SingleSelection);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -102,6 +103,11 @@ void RowList::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hi
   if (list_.editing()) act(seat_, list_, [this] { list_.cancelEdit(); });
 }
 
+QSize RowList::sizeHint() const {
+  const int shown = header()->count() - header()->hiddenSectionCount();
+  return {std::max(kSize.width(), shown < 2 ? 0 : shown * kColumnWidth), kSize.height()};
+}
+
 void RowList::shareWidth() {
   const std::vector<ListView::Column>& columns = list_.columns();
   for (int i = 0; i < header()->count(); ++i) {
@@ -133,6 +139,7 @@ void RowList::mouseDoubleClickEvent(QMouseEvent* event) {
 
 // The keys that move the focus click the row that they reach, Enter is a double click, F2 edits.
 void RowList::keyPressEvent(QKeyEvent* event) {
+  if (editorOpen_) return;  // keys that the editor leaves over
   const int row = list_.current();
   switch (event->key()) {
     case Qt::Key_F2:

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "views/qt/kinds/Painting.h"
 #include "views/qt/kinds/PictureWidget.h"
 
 namespace korvane {
@@ -106,6 +107,15 @@ void PictureWidget::paintEvent(QPaintEvent* event) {
         all;
     if (!part.isEmpty()) painter.drawImage(toWidget(part), imageOf(box_.raster(), part));
   }
+  paintOverlay(painter);
+}
+
+void PictureWidget::paintOverlay(QPainter& painter) const {
+  const auto centre = [this](int x, int y) { return toWidget(QRect(x, y, 1, 1)).center(); };
+  for (const PictureBox::Line& line : box_.overlay()) {
+    painter.setPen(QPen(toQColor(line.color), factor() / devicePixelRatioF()));
+    painter.drawLine(centre(line.x1, line.y1), centre(line.x2, line.y2));
+  }
 }
 
 void PictureWidget::resizeEvent(QResizeEvent*) { fit(); }
@@ -127,10 +137,16 @@ void PictureWidget::mouseMoveEvent(QMouseEvent* event) {
   send(Mouse::Move, at);
 }
 
-// The second press of a double click is the double click itself, and no click follows it.
+// A box that follows the pointer learns that it has gone.
+void PictureWidget::leaveEvent(QEvent*) {
+  if (!box_.buttonHeld()) send(Mouse::Move, {-1, -1});
+}
+
+// The second press of a double click is a press and the double click, and no click follows it.
 void PictureWidget::mouseDoubleClickEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton) return;
   pressed_ = false;
+  send(Mouse::Down, toBox(event->position()));
   send(Mouse::DblClick, toBox(event->position()));
 }
 

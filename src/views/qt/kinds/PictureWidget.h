@@ -19,6 +19,7 @@ class PictureWidget : public QWidget {
   void resizeEvent(QResizeEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
+  void leaveEvent(QEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
 
@@ -26,6 +27,7 @@ class PictureWidget : public QWidget {
   void send(PictureBox::Mouse event, const QPoint& at);
   void fit();
   void showPixels(int x1, int y1, int x2, int y2);
+  void paintOverlay(QPainter& painter) const;
   /// Screen pixels per pixel of the box, and the widget's own size in screen pixels.
   int factor() const;
   QSize screenSize() const;

@@ -59,8 +59,10 @@ class CaptionedSlider : public QWidget {
     number->setObjectName("number");
     number->setAlignment(upright ? Qt::AlignCenter : Qt::AlignRight | Qt::AlignVCenter);
     const QFontMetrics metrics = number->fontMetrics();
-    number->setMinimumWidth(std::max(metrics.horizontalAdvance(QString::number(control.min())),
-                                     metrics.horizontalAdvance(QString::number(control.max()))));
+    const int width = std::max(metrics.horizontalAdvance(QString::number(control.min())),
+                               metrics.horizontalAdvance(QString::number(control.max())));
+    number->setMinimumWidth(width);
+    if (control.min() < 0 && !upright) caption->setMinimumWidth(width);  // 0 is in the middle
     slider->setRange(control.min(), control.max());
     slider->setPageStep(std::max(1, (control.max() - control.min()) / kPagesOfRange));
     setFocusProxy(slider);
@@ -82,7 +84,7 @@ QWidget* bindSlider(Control& control, const Seat& seat) {
   keepShown(control, *widget, [&model, widget] {
     const QSignalBlocker quiet(widget->slider);
     widget->caption->setText(text(model.look().caption));
-    widget->caption->setVisible(!model.look().caption.empty());
+    widget->caption->setVisible(!model.look().caption.empty() || model.min() < 0);
     widget->slider->setValue(model.value());
     widget->number->setText(QString::number(model.value()));
   });

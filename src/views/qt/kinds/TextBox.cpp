@@ -2,6 +2,7 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QSignalBlocker>
+#include <algorithm>
 
 #include "platform/Controls.h"
 #include "views/qt/kinds/Binder.h"
@@ -11,6 +12,16 @@ namespace {
 
 constexpr int kEnterCode = 13;
 constexpr int kEscapeCode = 27;
+constexpr int kLeastLine = 64;
+constexpr int kLeastPage = 120;
+constexpr int kPageFrame = 44;  // of a page beyond its text: margins and scroll bar
+
+int widestLine(const QString& page, const QFontMetrics& metrics) {
+  int widest = 0;
+  for (const QString& line : page.split('\n'))
+    widest = std::max(widest, metrics.horizontalAdvance(line));
+  return widest;
+}
 
 void commit(TextBox& box, const Seat& seat, const QString& typed) {
   act(seat, box, [&box, typed] { box.setText(typed.toStdString()); });
@@ -40,6 +51,7 @@ class Line : public QLineEdit {
 QWidget* bindLine(TextBox& box, const Seat& seat) {
   auto* widget = new Line(box, seat);
   widget->setReadOnly(box.style().readOnly);
+  widget->setMinimumWidth(kLeastLine);
   const auto take = [&box, seat, widget] { commit(box, seat, widget->text()); };
   if (box.style().commit == TextBoxStyle::Commit::Live) {
     QObject::connect(widget, &QLineEdit::textEdited, take);
@@ -56,6 +68,8 @@ QWidget* bindPage(TextBox& box, const Seat& seat) {
   auto* widget = new QPlainTextEdit(seat.parent);
   widget->setReadOnly(box.style().readOnly);
   widget->setTabChangesFocus(true);
+  widget->setMinimumWidth(
+      std::max(kLeastPage, widestLine(text(box.text()), widget->fontMetrics()) + kPageFrame));
   const int lineHeight = widget->fontMetrics().lineSpacing();
   widget->setMinimumHeight(box.style().lines * lineHeight + 2 * lineHeight / 3);
   QObject::connect(widget, &QPlainTextEdit::textChanged,

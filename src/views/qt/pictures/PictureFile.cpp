@@ -1,7 +1,9 @@
 #include "views/qt/pictures/PictureFile.h"
 
+#include <QFile>
 #include <QImageReader>
-#include <algorithm>
+#include <QtEndian>
+#include <cstdlib>
 
 #include "platform/Failure.h"
 #include "platform/TextFile.h"
@@ -44,6 +46,20 @@ void goToLargest(QImageReader& reader) {
   reader.jumpToImage(best);
 }
 
+// The reader takes a bmp file whose pixels end too early for a whole one.
+void requireWholeBmp(const QString& name, const std::string& path) {
+  constexpr int kHead = 54;
+  constexpr int kUncompressed = 0;
+  QFile file(name);
+  const QByteArray head = file.open(QIODevice::ReadOnly) ? file.read(kHead) : QByteArray();
+  const auto number = [&head](int at) { return qFromLittleEndian<qint32>(head.constData() + at); };
+  if (head.size() < kHead || number(14) < kHead - 14 || number(30) != kUncompressed) return;
+  const qint64 bits = qFromLittleEndian<quint16>(head.constData() + 28);
+  const qint64 line = (qint64{number(18)} * bits + 31) / 32 * 4;
+  require(file.size() >= number(10) + line * std::abs(qint64{number(22)}), path,
+          "the file ends before its pixels do");
+}
+
 Raster toRaster(const QImage& image) {
   const QImage plain = image.convertToFormat(QImage::Format_ARGB32_Premultiplied);
   Raster raster(plain.width(), plain.height());
@@ -60,11 +76,13 @@ Raster toRaster(const QImage& image) {
 Raster readPicture(const std::string& path) {
   if (!fileExists(path)) throw Failure(kFileNotFound, path);
   QImageReader::setAllocationLimit(kMostMegabytes);
-  QImageReader reader(QString::fromStdString(path));
+  const QString name = QString::fromStdString(path);
+  QImageReader reader(name);
   reader.setDecideFormatFromContent(true);
   requireKind(reader, path);
   goToLargest(reader);
   requireSize(reader.size(), path);
+  if (reader.format() == "bmp") requireWholeBmp(name, path);
   QImage image;
   require(reader.read(&image), path, reader.errorString().toStdString());
   requireSize(image.size(), path);

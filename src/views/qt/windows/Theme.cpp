@@ -70,7 +70,7 @@ QScrollBar::handle:vertical:hover { background: {disabled}; }
 QScrollBar::add-line, QScrollBar::sub-line { height: 0; width: 0; }
 QScrollBar::add-page, QScrollBar::sub-page { background: none; }
 
-QCheckBox { spacing: 9px; padding: 4px; border: 2px solid transparent; border-radius: 5px; }
+QCheckBox { spacing: 9px; padding: 4px 4px 4px 0; border: 2px solid transparent; border-radius: 5px; }
 QCheckBox:focus { border-color: {accent}; }
 QCheckBox::indicator {
   width: 18px; height: 18px; border: 1px solid {disabled}; border-radius: 4px; background: {well};
@@ -79,7 +79,7 @@ QCheckBox::indicator:hover { border-color: {text}; }
 QCheckBox::indicator:checked { background: {live}; border: 1px solid {live}; }
 
 QSlider { min-height: 30px; min-width: 30px; }
-QSlider:horizontal { min-width: 120px; }
+QSlider:horizontal { min-width: 160px; }
 QSlider:vertical { min-height: 120px; }
 QSlider::groove { background: {line}; border-radius: 3px; }
 QSlider::groove:horizontal { height: 6px; margin: 0 2px; }
@@ -91,6 +91,9 @@ QSlider::handle:focus { background: {accent}; }
 QSlider::handle:disabled { background: {disabled}; }
 QSlider:focus { border: 1px solid {accent}; border-radius: 5px; }
 QLabel#number { color: {quiet}; }
+QLabel#qt_msgbox_label { min-width: 240px; }
+QDialogButtonBox { dialogbuttonbox-buttons-have-icons: 0; }
+QDialogButtonBox QPushButton { min-width: 64px; }
 )";
 
 QString filledIn(QString sheet) {
@@ -105,7 +108,7 @@ QString filledIn(QString sheet) {
 }
 
 QPalette palette() {
-  QPalette colors(QColor(theme::kFace), QColor(theme::kWindow));
+  QPalette colors{QColor(theme::kFace), QColor(theme::kWindow)};
   const std::pair<QPalette::ColorRole, const char*> roles[] = {
       {QPalette::WindowText, theme::kText},
       {QPalette::Base, theme::kWell},

@@ -1,0 +1,109 @@
+#include "hosts/desk/DeskHost.h"
+
+#include <arpa/inet.h>
+#include <gtest/gtest.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include <QTest>
+#include <array>
+#include <filesystem>
+
+#include "platform/Failure.h"
+
+namespace korvane {
+namespace {
+
+// A receiver of lamp values on this machine.
+class Receiver {
+ public:
+  Receiver() : socket_(socket(AF_INET, SOCK_DGRAM | SOCK_NONBLOCK, 0)) {
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    socklen_t size = sizeof address;
+    bind(socket_, reinterpret_cast<sockaddr*>(&address), size);
+    getsockname(socket_, reinterpret_cast<sockaddr*>(&address), &size);
+    port_ = ntohs(address.sin_port);
+  }
+  ~Receiver() { close(socket_); }
+  Receiver(const Receiver&) = delete;
+  Receiver& operator=(const Receiver&) = delete;
+
+  std::string target() const { return "sacn:1@127.0.0.1:" + std::to_string(port_); }
+  /// The levels of each sACN packet that has come since the last call.
+  std::vector<std::array<int, 3>> take() {
+    constexpr std::size_t kFirstLevel = 126;  // behind the start code
+    std::vector<std::array<int, 3>> frames;
+    std::array<std::uint8_t, 1024> bytes{};
+    while (recv(socket_, bytes.data(), bytes.size(), 0) > static_cast<ssize_t>(kFirstLevel + 2))
+      frames.push_back({bytes[kFirstLevel], bytes[kFirstLevel + 1], bytes[kFirstLevel + 2]});
+    return frames;
+  }
+
+ private:
+  int socket_;
+  int port_ = 0;
+};
+
+class DeskHosts : public testing::Test {
+ protected:
+  NetworkOutput output{"korvane-tests"};
+  DeskHost host{"/some/folder/summer tour", output};
+};
+
+TEST_F(DeskHosts, TheProjectIsNamedAfterTheLastPartOfItsPath) {
+  EXPECT_EQ(host.ProjectName(), "summer tour");
+  EXPECT_EQ(host.ProjectBaseFilename(), "/some/folder/summer tour");
+  DeskHost relative("show", output);
+  EXPECT_EQ(relative.ProjectName(), "show");
+  EXPECT_EQ(relative.ProjectBaseFilename(), (std::filesystem::current_path() / "show").string());
+}
+
+TEST_F(DeskHosts, KeepsTheLevelsAndTellsOfEach) {
+  std::vector<std::int32_t> told;
+  host.onLevel = [&told](std::int32_t channel) { told.push_back(channel); };
+  host.SetChannel(1, 255, true);
+  host.SetChannel(512, 7, true);
+  host.SetChannel(0, 9, true);
+  EXPECT_EQ(host.level(1), 255);
+  EXPECT_EQ(host.level(512), 7);
+  EXPECT_EQ(told, (std::vector<std::int32_t>{1, 512})) << "channel 0 is no lamp";
+}
+
+TEST_F(DeskHosts, RefusesChannelsThatItLacks) {
+  for (const std::int32_t channel : {-1, 513}) {
+    try {
+      host.SetChannel(channel, 1, true);
+      ADD_FAILURE() << channel;
+    } catch (const Failure& failure) {
+      EXPECT_EQ(failure.number, kSubscript);
+    }
+  }
+}
+
+TEST_F(DeskHosts, APassGoesOutWholeWhenItsEventIsDone) {
+  Receiver receiver;
+  output.start(parseOutputTarget(receiver.target()));
+  ASSERT_TRUE(QTest::qWaitFor([&] { return !receiver.take().empty(); }, 2000));
+  host.UserInteraction();
+  host.SetChannel(1, 10, true);
+  host.SetChannel(2, 20, true);
+  host.SetChannel(3, 30, true);
+  std::vector<std::array<int, 3>> frames;
+  ASSERT_TRUE(QTest::qWaitFor(
+      [&] {
+        for (const auto& frame : receiver.take()) frames.push_back(frame);
+        return !frames.empty() && frames.back()[0] == 10;
+      },
+      2000));
+  for (const auto& frame : frames) {
+    const bool before = frame == std::array<int, 3>{0, 0, 0};
+    const bool after = frame == std::array<int, 3>{10, 20, 30};
+    EXPECT_TRUE(before || after) << "half a pass: " << frame[0] << " " << frame[1] << " "
+                                 << frame[2];
+  }
+}
+
+}  // namespace
+}  // namespace korvane

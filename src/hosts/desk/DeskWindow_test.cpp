@@ -1,0 +1,139 @@
+#include "hosts/desk/DeskWindow.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QLabel>
+#include <QMessageBox>
+#include <QTest>
+#include <QTimer>
+
+#include "platform/HeadlessPlatform.h"
+#include "views/qt/windows/DesktopView.h"
+#include "views/qt/windows/Theme.h"
+
+namespace korvane {
+namespace {
+
+class Desk : public testing::Test {
+ protected:
+  Desk() {
+    plugin.plugIn.ITharnPlugin_Init("desk", "korvane", host);
+    desk.show();
+    desk.openTool();
+  }
+  QPushButton& button(const char* caption) {
+    for (QPushButton* found : desk.findChildren<QPushButton*>()) {
+      if (found->text() == caption) return *found;
+    }
+    throw std::runtime_error(caption);
+  }
+  void press(const char* caption) { QTest::mouseClick(&button(caption), Qt::LeftButton); }
+  QString status() {
+    for (QLabel* label : desk.outputPanel().findChildren<QLabel*>()) {
+      if (label->toolTip().startsWith("where the levels go")) return label->text();
+    }
+    return {};
+  }
+
+  HeadlessPlatform platform;
+  NetworkOutput output{"korvane-tests"};
+  DeskHost host{"/nowhere/show", output};
+  Plugin plugin{platform};
+  EventGate gate{platform, plugin.engine.timers};
+  DesktopView view{plugin.engine.desktop, gate, plugin.matrixForm};
+  DeskWindow desk{plugin, host, output, gate};
+};
+
+TEST_F(Desk, OpensTheToolAndOpensItAgainAfterItsClose) {
+  EXPECT_TRUE(plugin.matrixForm.visible());
+  gate.run([this] { plugin.matrixForm.Closeall.click(); });
+  EXPECT_FALSE(plugin.matrixForm.visible());
+  press("Matrix");
+  EXPECT_TRUE(plugin.matrixForm.visible());
+  EXPECT_TRUE(view.window(plugin.matrixForm).isVisible());
+}
+
+TEST_F(Desk, SendsBlackoutAndFreeze) {
+  press("Blackout");
+  press("Freeze");
+  EXPECT_EQ(platform.boxes, (std::vector<std::string>{"Blackout", "Freeze"}));
+}
+
+TEST_F(Desk, SendsTheViewMessages) {
+  press("Narrow view");
+  EXPECT_FALSE(plugin.matrixForm.FrameX.look().visible);
+  press("Full view");
+  EXPECT_TRUE(plugin.matrixForm.FrameX.look().visible);
+}
+
+TEST_F(Desk, ConfiguresTheGrid) {
+  press("Configure");
+  EXPECT_TRUE(plugin.matrixConf.visible());
+}
+
+TEST_F(Desk, AKeyBeatsInTheToolWindowAsWell) {
+  FormWindow& tool = view.window(plugin.matrixForm);
+  tool.activateWindow();
+  ASSERT_TRUE(QTest::qWaitFor([&] { return QApplication::activeWindow() == &tool; }, 2000));
+  platform.boxes.clear();
+  QTest::keyClick(&tool, Qt::Key_F10);
+  EXPECT_EQ(platform.boxes, (std::vector<std::string>{"Blackout"}));
+}
+
+TEST_F(Desk, LevelsOfTheMixReachTheHost) {
+  gate.run([this] { plugin.engine.v.channelMap.set(0, 0, 0, 17); });
+  gate.run([this] { plugin.matrixForm.active.setValue(1); });
+  gate.run([this] { plugin.matrixForm.fadeA.click(); });
+  EXPECT_EQ(host.level(17), 255);
+}
+
+TEST_F(Desk, TheOutputStartsTellsItsStateAndStops) {
+  EXPECT_EQ(status(), "off");
+  desk.outputPanel().use(parseOutputTarget("artnet:3@127.0.0.1"));
+  EXPECT_TRUE(status().startsWith("Art-Net universe 3 to 127.0.0.1:6454")) << qPrintable(status());
+  auto& protocol = *desk.outputPanel().findChild<QComboBox*>();
+  protocol.setFocus();
+  QTest::keyClick(&protocol, Qt::Key_Home);
+  EXPECT_EQ(status(), "off");
+}
+
+TEST_F(Desk, AWrongAddressIsToldAndMended) {
+  desk.outputPanel().use(parseOutputTarget("sacn:1@127.0.0.1"));
+  QLineEdit* address = nullptr;
+  for (QLineEdit* found : desk.outputPanel().findChildren<QLineEdit*>()) {
+    if (found->text() == "127.0.0.1") address = found;
+  }
+  ASSERT_NE(address, nullptr);
+  address->setText("127.0.0.300");
+  Q_EMIT address->editingFinished();
+  EXPECT_TRUE(status().contains("127.0.0.300")) << qPrintable(status());
+  address->setText("127.0.0.1");
+  Q_EMIT address->editingFinished();
+  EXPECT_TRUE(status().startsWith("sACN universe 1 to 127.0.0.1:5568")) << qPrintable(status());
+}
+
+TEST_F(Desk, ARunningOutputIsNotEndedByTheWay) {
+  gate.run([this] { plugin.matrixForm.active.setValue(1); });
+  QString question;
+  QTimer::singleShot(0, [&question] {
+    auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+    ASSERT_NE(box, nullptr);
+    question = box->text();
+    box->button(QMessageBox::No)->click();
+  });
+  desk.close();
+  EXPECT_TRUE(question.contains("sending to the lamps"));
+  EXPECT_TRUE(desk.isVisible());
+}
+
+}  // namespace
+}  // namespace korvane
+
+int main(int argc, char** argv) {
+  testing::InitGoogleTest(&argc, argv);
+  QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+  QApplication application(argc, argv);
+  korvane::applyTheme(application);
+  return RUN_ALL_TESTS();
+}

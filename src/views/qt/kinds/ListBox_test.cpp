@@ -1,0 +1,61 @@
+#include <QComboBox>
+#include <QListWidget>
+#include <QWheelEvent>
+
+#include "views/qt/testing/ShownForm.h"
+
+namespace korvane {
+namespace {
+
+class ListBoxes : public ShownForm {
+ protected:
+  ListBoxes() {
+    for (ListBox* list : {&closed, &open}) {
+      list->setItems({"one", "two", "three"});
+      list->onClick = [this] { ++clicks; };
+    }
+    show({&closed, &open});
+  }
+  ListBox closed{"closed", {}, ListBox::Style::DropDown};
+  ListBox open{"open", {}, ListBox::Style::Open};
+  int clicks = 0;
+};
+
+TEST_F(ListBoxes, ADropDownTakesKeysOncePerChange) {
+  QTest::keyClick(&on<QComboBox>(closed), Qt::Key_Down);
+  QTest::keyClick(&on<QComboBox>(closed), Qt::Key_Down);
+  EXPECT_EQ(closed.text(), "two");
+  EXPECT_EQ(clicks, 2);
+}
+
+TEST_F(ListBoxes, TheWheelLeavesAClosedListAlone) {
+  closed.setIndex(0);
+  QWidget& widget = on<QComboBox>(closed);
+  QWheelEvent wheel(widget.rect().center(), widget.mapToGlobal(widget.rect().center()), {},
+                    {0, -120}, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+  QApplication::sendEvent(&widget, &wheel);
+  EXPECT_EQ(closed.index(), 0);
+}
+
+TEST_F(ListBoxes, AnOpenListTakesAClickOnce) {
+  auto& list = on<QListWidget>(open);
+  const QRect third = list.visualItemRect(list.item(2));
+  QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, third.center());
+  EXPECT_EQ(open.text(), "three");
+  EXPECT_EQ(clicks, 1);
+}
+
+TEST_F(ListBoxes, FollowTheProgramWithoutAnEcho) {
+  closed.setIndex(2);
+  open.setIndex(1);
+  EXPECT_EQ(clicks, 2);
+  EXPECT_EQ(on<QComboBox>(closed).currentText(), "three");
+  EXPECT_EQ(on<QListWidget>(open).currentRow(), 1);
+  closed.setItems({"only"});
+  EXPECT_EQ(on<QComboBox>(closed).count(), 1);
+  EXPECT_EQ(on<QComboBox>(closed).currentIndex(), -1);
+  EXPECT_EQ(clicks, 2);
+}
+
+}  // namespace
+}  // namespace korvane

@@ -1,0 +1,131 @@
+#include "platform/ListView.h"
+
+#include <QLineEdit>
+#include <QTreeView>
+
+#include "views/qt/testing/ShownForm.h"
+
+namespace korvane {
+namespace {
+
+class ListViews : public ShownForm {
+ protected:
+  ListViews() {
+    list.setColumns({{.title = "Color", .width = 0.6, .colored = true},
+                     {.title = "Time(s)", .width = 0.3, .editable = true},
+                     {.title = "Slot", .width = 0}});
+    for (int i = 0; i < 3; ++i) list.add("||||", {std::to_string(i), "slot"}, rgb(255, 0, 0));
+    list.onClick = [this](int row, int col) { clicks.emplace_back(row, col); };
+    list.onDoubleClick = [this](int row) { doubleClicks.push_back(row); };
+    show({&list});
+  }
+  QTreeView& tree() { return on<QTreeView>(list); }
+  QPoint at(int row, int col) {
+    return tree().visualRect(tree().model()->index(row, col)).center();
+  }
+  void click(int row, int col) {
+    QTest::mouseClick(tree().viewport(), Qt::LeftButton, {}, at(row, col));
+  }
+  QLineEdit* editor() { return tree().viewport()->findChild<QLineEdit*>(); }
+
+  ListView list{"list"};
+  std::vector<std::pair<int, int>> clicks;
+  std::vector<int> doubleClicks;
+};
+
+TEST_F(ListViews, AClickFiresOnceWithItsCellAndMarksTheRow) {
+  click(1, 1);
+  EXPECT_EQ(clicks, (std::vector<std::pair<int, int>>{{1, 1}}));
+  EXPECT_EQ(list.selected(), 1);
+  EXPECT_TRUE(tree().selectionModel()->isRowSelected(1));
+}
+
+TEST_F(ListViews, ADoubleClickIsOneClickAndOneDoubleClick) {
+  QTest::mouseClick(tree().viewport(), Qt::LeftButton, {}, at(2, 0));
+  QTest::mouseDClick(tree().viewport(), Qt::LeftButton, {}, at(2, 0));
+  EXPECT_EQ(doubleClicks, (std::vector<int>{2}));
+}
+
+TEST_F(ListViews, TheRightButtonAndTheEmptyPlaceDoNothing) {
+  QTest::mouseClick(tree().viewport(), Qt::RightButton, {}, at(1, 0));
+  QTest::mouseClick(tree().viewport(), Qt::LeftButton, {}, {10, tree().viewport()->height() - 2});
+  EXPECT_TRUE(clicks.empty());
+}
+
+TEST_F(ListViews, TheProgramsChoiceRaisesNoEvent) {
+  list.select(2);
+  list.add("more", {"9", "slot"});
+  list.unselectAll();
+  EXPECT_TRUE(clicks.empty());
+  EXPECT_EQ(tree().model()->rowCount(), 4);
+  EXPECT_TRUE(tree().selectionModel()->selectedRows().isEmpty());
+  EXPECT_EQ(tree().currentIndex().row(), 2) << "the current row is there without the mark";
+}
+
+TEST_F(ListViews, KeysMoveAndClickAndEnterIsADoubleClick) {
+  tree().setFocus();
+  QTest::keyClick(&tree(), Qt::Key_Down);
+  EXPECT_EQ(clicks, (std::vector<std::pair<int, int>>{{1, 0}}));
+  QTest::keyClick(&tree(), Qt::Key_Return);
+  EXPECT_EQ(doubleClicks, (std::vector<int>{1}));
+}
+
+TEST_F(ListViews, AColumnOfNoWidthIsHiddenAndTheOthersShareTheRoom) {
+  EXPECT_TRUE(tree().isColumnHidden(2));
+  EXPECT_NEAR(tree().columnWidth(0), 0.6 * tree().viewport()->width(), 2);
+}
+
+TEST_F(ListViews, TheEditorThatAHandlerOpensEditsTheCell) {
+  list.onClick = [this](int row, int col) {
+    if (col == 1) list.beginEdit(row, col);
+  };
+  int edits = 0;
+  list.onEdited = [&edits](int, int) { ++edits; };
+  click(1, 1);
+  ASSERT_NE(editor(), nullptr);
+  EXPECT_EQ(editor()->text(), "1");
+  editor()->selectAll();
+  QTest::keyClicks(editor(), "2.5");
+  QTest::keyClick(editor(), Qt::Key_Return);
+  QTest::qWait(0);
+  EXPECT_EQ(list.cell(1, 1), "2.5");
+  EXPECT_EQ(edits, 1);
+  EXPECT_FALSE(list.editing());
+}
+
+TEST_F(ListViews, EscapeLeavesTheCellAsItWas) {
+  int edits = 0;
+  list.onEdited = [&edits](int, int) { ++edits; };
+  tree().setFocus();
+  QTest::keyClick(&tree(), Qt::Key_F2);
+  ASSERT_NE(editor(), nullptr);
+  QTest::keyClicks(editor(), "77");
+  QTest::keyClick(editor(), Qt::Key_Escape);
+  EXPECT_EQ(list.cell(0, 1), "0");
+  EXPECT_FALSE(list.editing());
+  EXPECT_EQ(edits, 0);
+}
+
+TEST_F(ListViews, LeavingTheEditorTakesItsText) {
+  tree().setFocus();
+  QTest::keyClick(&tree(), Qt::Key_F2);
+  ASSERT_NE(editor(), nullptr);
+  editor()->selectAll();
+  QTest::keyClicks(editor(), "8");
+  click(2, 0);
+  EXPECT_EQ(list.cell(0, 1), "8");
+}
+
+TEST_F(ListViews, ClearingTheListUnderAnOpenEditorIsHarmless) {
+  list.beginEdit(1, 1);
+  ASSERT_NE(editor(), nullptr);
+  list.clear();
+  QTest::qWait(0);
+  EXPECT_FALSE(list.editing());
+  list.add("new", {"1", "slot"});
+  list.beginEdit(0, 1);
+  EXPECT_NE(editor(), nullptr);
+}
+
+}  // namespace
+}  // namespace korvane

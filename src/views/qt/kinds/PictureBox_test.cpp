@@ -1,0 +1,159 @@
+#include "platform/PictureBox.h"
+
+#include <QPaintEvent>
+
+#include "views/qt/testing/ShownForm.h"
+
+namespace korvane {
+namespace {
+
+using Mouse = PictureBox::Mouse;
+
+// Writes down what is painted of a widget.
+class PaintLog : public QObject {
+ public:
+  bool eventFilter(QObject*, QEvent* event) override {
+    if (event->type() == QEvent::Paint) painted += static_cast<QPaintEvent*>(event)->region();
+    return false;
+  }
+  QRegion painted;
+};
+
+class PictureBoxes : public ShownForm {
+ protected:
+  PictureBoxes() {
+    for (PictureBox* box : {&square, &grown, &fixed}) {
+      const auto note = [this](const char* what) {
+        return [this, what](int x, int y) {
+          events.push_back(std::string(what) + " " + std::to_string(x) + " " + std::to_string(y));
+        };
+      };
+      box->onMouseDown = note("down");
+      box->onMouseMove = note("move");
+      box->onMouseUp = note("up");
+      box->onClick = [this] { events.emplace_back("click"); };
+      box->onDblClick = [this] { events.emplace_back("dblclick"); };
+    }
+    show({&square, &grown, &fixed});
+    view->window(*form).resize(420, 700);
+    QTest::qWait(20);
+  }
+  double scale() { return on<>(square).devicePixelRatioF(); }
+  int screen(int length) { return static_cast<int>(length * scale()); }
+
+  PictureBox square{"square", {50, 50}};
+  PictureBox grown{"grown", {50, 50, PictureBox::Sizing::Grow}};
+  PictureBox fixed{"fixed", {28, 32, PictureBox::Sizing::Fixed}};
+  std::vector<std::string> events;
+};
+
+TEST_F(PictureBoxes, GrowToTheWidgetsSizeInScreenPixels) {
+  const QSize size = on<>(grown).size();
+  EXPECT_EQ(grown.width(), screen(size.width()));
+  EXPECT_EQ(grown.height(), screen(size.height()));
+}
+
+TEST_F(PictureBoxes, TakeTheLargestSquareThatThereIs) {
+  const QSize size = on<>(square).size();
+  EXPECT_EQ(square.width(), screen(std::min(size.width(), size.height())));
+  EXPECT_EQ(square.height(), square.width());
+  EXPECT_NE(size.width(), size.height()) << "the window leaves more room on one side";
+}
+
+TEST_F(PictureBoxes, AFixedOneIsEnlargedByWholePixels) {
+  fixed.fillRect(0, 0, 0, 0, rgb(255, 0, 0));
+  QWidget& widget = on<>(fixed);
+  const QImage image = widget.grab().toImage().convertToFormat(QImage::Format_RGB32);
+  int red = 0;
+  for (int y = 0; y < image.height(); ++y) {
+    for (int x = 0; x < image.width(); ++x) red += image.pixel(x, y) == qRgb(255, 0, 0) ? 1 : 0;
+  }
+  const int factor = std::min(image.width() / 28, image.height() / 32);
+  EXPECT_GE(factor, 2);
+  EXPECT_EQ(red, factor * factor);
+  EXPECT_EQ(fixed.width(), 28) << "it keeps its own size";
+}
+
+TEST_F(PictureBoxes, ShowThePixelsAsTheyAre) {
+  grown.fillRect(0, 0, grown.width() - 1, grown.height() - 1, rgb(1, 2, 3));
+  grown.setPixel(5, 7, rgb(250, 120, 30));
+  const QImage image = on<>(grown).grab().toImage().convertToFormat(QImage::Format_RGB32);
+  ASSERT_EQ(image.size(), QSize(grown.width(), grown.height()));
+  EXPECT_EQ(image.pixel(5, 7), qRgb(250, 120, 30));
+  EXPECT_EQ(image.pixel(6, 7), qRgb(1, 2, 3));
+}
+
+TEST_F(PictureBoxes, DrawTheOverlayOverThePixelsAndTakeItAway) {
+  grown.fillRect(0, 0, grown.width() - 1, grown.height() - 1, rgb(1, 2, 3));
+  grown.setOverlay({{10, 4, 20, 4, rgb(250, 120, 30)}, {30, 25, 30, 9, rgb(0, 200, 0)}});
+  const QImage image = on<>(grown).grab().toImage().convertToFormat(QImage::Format_RGB32);
+  for (int y = 0; y < 40; ++y) {
+    for (int x = 0; x < 40; ++x) {
+      const bool level = y == 4 && x >= 10 && x <= 20;
+      const bool upright = x == 30 && y >= 9 && y <= 25;
+      const QRgb wanted = level ? qRgb(250, 120, 30) : upright ? qRgb(0, 200, 0) : qRgb(1, 2, 3);
+      ASSERT_EQ(image.pixel(x, y), wanted) << x << ", " << y;
+    }
+  }
+  EXPECT_EQ(grown.raster().pixel(10, 4), rgb(1, 2, 3));
+  grown.setOverlay({});
+  EXPECT_EQ(on<>(grown).grab().toImage().pixel(10, 4), qRgb(1, 2, 3));
+}
+
+TEST_F(PictureBoxes, RepaintOnlyWhatHasChanged) {
+  QWidget& widget = on<>(grown);
+  QTest::qWait(50);
+  PaintLog log;
+  widget.installEventFilter(&log);
+  grown.fillRect(20, 10, 29, 19, rgb(9, 9, 9));
+  QTest::qWait(50);
+  widget.removeEventFilter(&log);
+  const QRect cell(0, 0, 100, 100);
+  ASSERT_FALSE(log.painted.isEmpty());
+  EXPECT_LE(log.painted.boundingRect().width(), 10 / scale() + 2);
+  EXPECT_TRUE(cell.contains(log.painted.boundingRect()));
+}
+
+TEST_F(PictureBoxes, HandOnTheMouseInPixelsOfTheBox) {
+  QTest::mouseClick(&on<>(grown), Qt::LeftButton, {}, {20, 30});
+  const std::string at = std::to_string(screen(20)) + " " + std::to_string(screen(30));
+  EXPECT_EQ(events, (std::vector<std::string>{"down " + at, "up " + at, "click"}));
+}
+
+TEST_F(PictureBoxes, ADoubleClickEndsWithoutAThirdClick) {
+  QTest::mouseClick(&on<>(grown), Qt::LeftButton, {}, {20, 30});
+  QTest::mouseDClick(&on<>(grown), Qt::LeftButton, {}, {20, 30});
+  QTest::mouseRelease(&on<>(grown), Qt::LeftButton, {}, {20, 30});
+  EXPECT_EQ(std::count(events.begin(), events.end(), "click"), 1);
+  EXPECT_EQ(std::count(events.begin(), events.end(), "dblclick"), 1);
+  const std::string at = std::to_string(screen(20)) + " " + std::to_string(screen(30));
+  EXPECT_EQ(std::count(events.begin(), events.end(), "down " + at),
+            std::count(events.begin(), events.end(), "up " + at));
+  EXPECT_FALSE(grown.buttonHeld());
+}
+
+TEST_F(PictureBoxes, AreToldWhenThePointerLeaves) {
+  QEvent leave(QEvent::Leave);
+  QApplication::sendEvent(&on<>(grown), &leave);
+  EXPECT_EQ(events, std::vector<std::string>{"move -1 -1"});
+}
+
+TEST_F(PictureBoxes, CountFromTheCornerOfACentredSquare) {
+  const QSize size = on<>(square).size();
+  const int side = std::min(size.width(), size.height());
+  QTest::mousePress(&on<>(square), Qt::LeftButton, {},
+                    {(size.width() - side) / 2 + 1, (size.height() - side) / 2 + 1});
+  ASSERT_FALSE(events.empty());
+  EXPECT_EQ(events[0], "down " + std::to_string(screen(1)) + " " + std::to_string(screen(1)));
+}
+
+TEST_F(PictureBoxes, ALostReleaseIsMadeUpForAtTheNextMove) {
+  square.mouse(Mouse::Down, 1, 1);
+  QMouseEvent move(QEvent::MouseMove, {5, 5}, on<>(square).mapToGlobal(QPointF(5, 5)), Qt::NoButton,
+                   Qt::NoButton, Qt::NoModifier);
+  QApplication::sendEvent(&on<>(square), &move);
+  EXPECT_FALSE(square.buttonHeld());
+}
+
+}  // namespace
+}  // namespace korvane

@@ -1,0 +1,113 @@
+#include "views/qt/machine/QtPlatform.h"
+
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QLocale>
+#include <QTest>
+#include <QTimer>
+
+namespace korvane {
+namespace {
+
+template <class Widget>
+std::vector<Widget*> shown() {
+  std::vector<Widget*> found;
+  for (QWidget* widget : QApplication::topLevelWidgets()) {
+    auto* one = qobject_cast<Widget*>(widget);
+    if (one != nullptr && one->isVisible()) found.push_back(one);
+  }
+  return found;
+}
+
+TEST(NameFilter, JoinsTextsAndPatterns) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"Matrix Project (*.Korvane)|*.Korvane", "Matrix Project (*.Korvane)"},
+      {"Pictures|*.bmp;*.jpg;*.gif;*.ico", "Pictures (*.bmp *.jpg *.gif *.ico)"},
+      {"A|*.a|B (*.b)|*.b", "A (*.a);;B (*.b)"},
+      {"", ""},
+  };
+  for (const auto& [filter, expected] : cases) EXPECT_EQ(toNameFilter(filter), expected);
+}
+
+TEST(QtPlatform, AFailureShowsOneBoxAndCountsItsReturns) {
+  QtPlatform platform;
+  platform.failed(Failure(kOverflow));
+  platform.failed(Failure(kOverflow));
+  ASSERT_EQ(shown<QMessageBox>().size(), 1U);
+  QMessageBox& box = *shown<QMessageBox>()[0];
+  EXPECT_EQ(box.text().toStdString(), Failure(kOverflow).what());
+  EXPECT_EQ(box.informativeText(), "2 times so far");
+  EXPECT_FALSE(box.isModal()) << "the windows stay usable behind it";
+  box.close();
+  QTest::qWait(0);
+  platform.failed(Failure(kDivisionByZero));
+  ASSERT_EQ(shown<QMessageBox>().size(), 1U);
+}
+
+TEST(QtPlatform, ACancelledDialogIsNoMessage) {
+  QtPlatform platform;
+  platform.failed(Failure(kCancelled));
+  EXPECT_TRUE(shown<QMessageBox>().empty());
+}
+
+TEST(QtPlatform, AMessageWaitsForItsOk) {
+  QtPlatform platform;
+  QString seen;
+  QTimer::singleShot(0, [&seen] {
+    for (QMessageBox* box : shown<QMessageBox>()) {
+      seen = box->text();
+      box->button(QMessageBox::Ok)->click();
+    }
+  });
+  platform.messageBox("Blackout");
+  EXPECT_EQ(seen, "Blackout");
+}
+
+TEST(QtPlatform, AFileDialogAnswersThePathWithTheDefaultEnding) {
+  QtPlatform platform;
+  const QString folder = QDir::tempPath();
+  QTimer::singleShot(0, [&] {
+    for (QFileDialog* dialog : shown<QFileDialog>()) {
+      dialog->findChild<QLineEdit*>("fileNameEdit")->setText("korvane-no-such-show");
+      QMetaObject::invokeMethod(dialog, "accept");
+    }
+  });
+  const auto path = platform.askFile({.purpose = FileQuestion::Purpose::Save,
+                                      .title = "Save",
+                                      .filter = "Show (*.Korvane)|*.Korvane",
+                                      .initialDirectory = folder.toStdString(),
+                                      .defaultExtension = "Korvane"});
+  ASSERT_TRUE(path.has_value());
+  EXPECT_EQ(*path, QDir(folder).filePath("korvane-no-such-show.Korvane").toStdString());
+}
+
+TEST(QtPlatform, ACancelledFileDialogAnswersNothing) {
+  QtPlatform platform;
+  QTimer::singleShot(0, [] {
+    for (QFileDialog* dialog : shown<QFileDialog>()) dialog->reject();
+  });
+  EXPECT_FALSE(platform.askFile({.title = "Load"}).has_value());
+}
+
+TEST(QtPlatform, NumbersAreTheLocales) {
+  QtPlatform platform;
+  const QLocale before;
+  QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
+  const NumberFormat german = platform.numberFormat();
+  QLocale::setDefault(before);
+  EXPECT_EQ(german.decimal, ',');
+  EXPECT_EQ(german.thousands, '.');
+}
+
+TEST(QtPlatform, TheTimeOfDayIsWithinADay) {
+  QtPlatform platform;
+  EXPECT_GE(platform.timeOfDay(), 0);
+  EXPECT_LT(platform.timeOfDay(), 86'400'000);
+}
+
+}  // namespace
+}  // namespace korvane

@@ -1,0 +1,139 @@
+#include "views/qt/windows/FormWindow.h"
+
+#include "views/qt/testing/ShownForm.h"
+
+namespace korvane {
+namespace {
+
+class FormWindows : public ShownForm {
+ protected:
+  Button button{"button", {.caption = "Press"}};
+  Button inside{"inside", {.caption = "Inside"}};
+};
+
+TEST_F(FormWindows, ShowTheCaption) {
+  FormWindow& window = show({&button});
+  EXPECT_EQ(window.windowTitle(), "plain");
+  form->setCaption("other");
+  EXPECT_EQ(window.windowTitle(), "other");
+}
+
+TEST_F(FormWindows, TheFramesCloseButtonHidesTheFormAfterItsHandler) {
+  FormWindow& window = show({&button});
+  bool visibleThen = false;
+  form->onClose = [&] { visibleThen = form->visible(); };
+  window.close();
+  EXPECT_TRUE(visibleThen);
+  EXPECT_FALSE(form->visible());
+  EXPECT_FALSE(window.isVisible());
+}
+
+TEST_F(FormWindows, TheActivateHandlerRunsOncePerChange) {
+  PlainForm other("other", {&inside});
+  desktop.add(other);
+  int first = 0;
+  int second = 0;
+  other.onActivate = [&second] { ++second; };
+  show({&button});
+  form->onActivate = [&first] { ++first; };
+  gate.run([&] { desktop.show(other); });
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&view->window(other)));
+  EXPECT_EQ(first, 0);
+  EXPECT_EQ(second, 1);
+  view->window(*form).activateWindow();
+  EXPECT_TRUE(QTest::qWaitFor([&] { return desktop.active() == form.get(); }, 2000));
+  QTest::qWait(50);
+  EXPECT_EQ(first, 1);
+  view.reset();
+}
+
+TEST_F(FormWindows, TwoWindowsShownInARowDoNotFightForTheFront) {
+  PlainForm other("other", {&inside});
+  desktop.add(other);
+  int activations = 0;
+  show({&button});
+  form->onActivate = other.onActivate = [&activations] { ++activations; };
+  gate.run([&] {
+    desktop.hide(*form);
+    desktop.show(*form);
+    desktop.show(other);
+  });
+  QTest::qWait(200);
+  EXPECT_EQ(desktop.active(), &other);
+  EXPECT_LE(activations, 4);
+  view.reset();
+}
+
+TEST_F(FormWindows, AModalFormShutsTheOthersUntilItIsHidden) {
+  PlainForm modal("modal", {&inside});
+  desktop.add(modal);
+  bool closed = false;
+  FormWindow& window = show({&button});
+  gate.run([&] { desktop.showModal(modal, [&closed] { closed = true; }); });
+  EXPECT_TRUE(view->window(modal).isModal());
+  EXPECT_EQ(QApplication::activeModalWidget(), &view->window(modal));
+  EXPECT_FALSE(closed) << "showing it waits for nothing";
+  gate.run([&] { desktop.hide(modal); });
+  EXPECT_TRUE(closed);
+  EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+  EXPECT_TRUE(window.isVisible());
+  view.reset();
+}
+
+TEST_F(FormWindows, AnotherDeclaredWidthTakesTheWindowToItsControls) {
+  Group wide("wide", {.caption = "Wide"});
+  show({&button, &inside});
+  auto* plain = static_cast<PlainForm*>(form.get());
+  plain->setSize(8200, 100);
+  QTest::qWait(20);
+  view->window(*form).resize(900, 300);
+  plain->setSize(6000, 100);
+  QTest::qWait(20);
+  EXPECT_LT(view->window(*form).width(), 900);
+  plain->setSize(8200, 100);
+  QTest::qWait(20);
+  EXPECT_EQ(view->window(*form).width(), 900) << "it comes back as it was";
+}
+
+TEST_F(FormWindows, KeysThatNoControlTakesGoToTheForm) {
+  std::vector<int> keys;
+  show({});
+  form->onKeyPress = [&keys](int key) { keys.push_back(key); };
+  for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Escape, Qt::Key_Space, Qt::Key_A})
+    QTest::keyClick(&view->window(*form), key);
+  EXPECT_EQ(keys, (std::vector<int>{13, 27, 32}));
+}
+
+// A window whose whole surface is one picture.
+class Surface : public testing::Test {
+ protected:
+  HeadlessPlatform platform;
+  TimerQueue timers;
+  EventGate gate{platform, timers};
+  Desktop desktop;
+  PictureBox picture{"picture", {320, 200, PictureBox::Sizing::Grow}};
+  Form main{"main", "main"};
+  Form form{"surface", "surface"};
+};
+
+TEST_F(Surface, FillsItsWindowAndTheScreenWithoutAFrame) {
+  form.surface = &picture;
+  desktop.add(form);
+  DesktopView view(desktop, gate, main);
+  desktop.show(form);
+  FormWindow& window = view.window(form);
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
+  EXPECT_EQ(picture.width(), static_cast<int>(window.width() * window.devicePixelRatioF()));
+  EXPECT_FALSE(window.isFullScreen());
+  form.framed = false;
+  form.maximized = true;
+  form.shown();
+  EXPECT_TRUE(window.isFullScreen());
+  form.framed = true;
+  form.maximized = false;
+  form.shown();
+  EXPECT_FALSE(window.isFullScreen());
+}
+
+}  // namespace
+}  // namespace korvane

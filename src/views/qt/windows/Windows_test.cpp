@@ -1,0 +1,183 @@
+// The windows of the plug-in under real clicks and keys.
+
+#include <QApplication>
+#include <QComboBox>
+#include <QLabel>
+#include <QLayout>
+#include <QSlider>
+#include <QTest>
+#include <QTreeView>
+
+#include "testing/TestPlugin.h"
+#include "views/qt/windows/DesktopView.h"
+
+namespace korvane {
+namespace {
+
+class Windows : public TestPlugin {
+ protected:
+  Windows() {
+    gate.run([this] { engine.desktop.show(plugin.matrixForm); });
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&view.window(plugin.matrixForm)));
+  }
+  QWidget& on(Control& control) { return *view.window(*control.form).widget(control); }
+  template <class Widget>
+  Widget& inside(Control& control) {
+    return *on(control).findChild<Widget*>();
+  }
+  void press(Control& control) { QTest::mouseClick(&on(control), Qt::LeftButton); }
+
+  EventGate gate{platform, engine.timers};
+  DesktopView view{engine.desktop, gate, plugin.matrixForm};
+};
+
+TEST_F(Windows, AClickOnAddAddsARowOfEitherDeck) {
+  press(plugin.matrixForm.panelA.add);
+  press(plugin.matrixForm.panelB.add);
+  press(plugin.matrixForm.panelB.add);
+  EXPECT_EQ(v.A.efxList.count(), 2);
+  EXPECT_EQ(v.B.efxList.count(), 3);
+}
+
+TEST_F(Windows, TheFaderMixesByMouseAndByKeys) {
+  auto& slider = inside<QSlider>(master.faderM);
+  QTest::mouseClick(&slider, Qt::LeftButton, {}, {slider.width() - 2, slider.height() / 2});
+  EXPECT_EQ(rgb(v.frameM.at(0, 0)), rgb(0, 0, 255)) << "all of deck B";
+  QTest::keyClick(&slider, Qt::Key_Home);
+  EXPECT_EQ(rgb(v.frameM.at(0, 0)), rgb(255, 0, 0)) << "all of deck A";
+  QTest::keyClick(&slider, Qt::Key_PageUp);
+  EXPECT_EQ(master.faderM.value(), -80);
+  EXPECT_NE(rgb(v.frameM.at(0, 0)), rgb(255, 0, 0));
+}
+
+TEST_F(Windows, AnAutomaticFadeRunsByTheClock) {
+  gate.run([this] { v.fadeTime = 0.2; });
+  press(master.AutoFadeB);
+  EXPECT_TRUE(v.fadeRunning);
+  EXPECT_TRUE(QTest::qWaitFor([this] { return !v.fadeRunning; }, 5000));
+  EXPECT_EQ(master.faderM.value(), 100);
+  EXPECT_EQ(inside<QSlider>(master.faderM).value(), 100);
+}
+
+TEST_F(Windows, TheModalMixerReturnsAColour) {
+  press(plugin.matrixForm.panelA.edit);
+  MxColorForm& dialog = plugin.dialogs.color;
+  ASSERT_TRUE(dialog.visible());
+  press(dialog.Color);
+  MxColorMixer& mixer = plugin.dialogs.mixer;
+  ASSERT_TRUE(view.window(mixer).isModal());
+  auto& green = inside<QSlider>(mixer.Sgreen);
+  QTest::keyClick(&green, Qt::Key_End);
+  press(mixer.Bok);
+  EXPECT_FALSE(view.window(mixer).isVisible());
+  EXPECT_EQ(v.A.effect().color1, rgb(255, 255, 0));
+  EXPECT_EQ(rgb(v.frameA.at(0, 0)), rgb(255, 255, 0));
+}
+
+TEST_F(Windows, TheMixersFrameClosesItAsCancelDoes) {
+  press(plugin.matrixForm.panelA.edit);
+  press(plugin.dialogs.color.Color);
+  QTest::keyClick(&inside<QSlider>(plugin.dialogs.mixer.Sgreen), Qt::Key_End);
+  view.window(plugin.dialogs.mixer).close();
+  EXPECT_FALSE(plugin.dialogs.mixer.visible());
+  EXPECT_EQ(v.A.effect().color1, rgb(255, 0, 0));
+}
+
+TEST_F(Windows, AClickOnAStripTakesItsShare) {
+  gate.run([this] { pickColor(engine, 0, [](Color) {}); });
+  MxColorMixer& mixer = plugin.dialogs.mixer;
+  QTest::qWait(20);
+  QTest::mouseClick(&on(mixer.Pblue), Qt::LeftButton, {}, on(mixer.Pblue).rect().center());
+  EXPECT_NEAR(mixer.Sblue.value(), 127, 4);
+}
+
+TEST_F(Windows, AChosenTypeStartsTheEffect) {
+  auto& type = dynamic_cast<QComboBox&>(on(v.A.type));
+  QTest::keyClick(&type, Qt::Key_Down);
+  EXPECT_EQ(v.A.effect().type, kGradient);
+  EXPECT_NE(rgb(v.frameA.at(0, 0)), rgb(v.frameA.at(11, 0)));
+}
+
+TEST_F(Windows, ThePreviewsFillTheirBoxesOnTheScreen) {
+  QWidget& widget = on(master.picture);
+  const int side =
+      static_cast<int>(std::min(widget.width(), widget.height()) * widget.devicePixelRatioF());
+  EXPECT_EQ(master.picture.width(), side);
+  EXPECT_EQ(v.previewM.cell, side / 12);
+  EXPECT_EQ(v.A.picture.width(), v.B.picture.width()) << "the decks are alike";
+}
+
+// What the layout has left out lies at the corner of the window, over the others.
+TEST_F(Windows, EveryControlThatCanBeSeenStandsInTheLayout) {
+  for (Form* form : engine.desktop.forms()) {
+    FormWindow& window = view.window(*form);
+    window.layout()->activate();
+    for (const Control* control : form->controls()) {
+      const QWidget* widget = window.widget(*control);
+      if (widget->isHidden()) continue;
+      EXPECT_NE(widget->mapTo(&window, QPoint()), QPoint())
+          << form->name() << "." << control->name();
+    }
+  }
+}
+
+TEST_F(Windows, EveryControlHasAToolTipUnlessItIsAFrameOrAText) {
+  for (Form* form : engine.desktop.forms()) {
+    for (const Control* control : form->controls()) {
+      if (control->kind() == Kind::Group || control->kind() == Kind::Label) continue;
+      if (!control->look().visible) continue;
+      EXPECT_NE(control->look().toolTip, "") << form->name() << "." << control->name();
+    }
+  }
+}
+
+TEST_F(Windows, NoTextOfAButtonIsCutOff) {
+  for (Form* form : engine.desktop.forms()) {
+    if (form->surface != nullptr) continue;
+    FormWindow& window = view.window(*form);
+    window.layout()->activate();
+    for (const Control* control : form->controls()) {
+      const QWidget* widget = window.widget(*control);
+      if (control->kind() != Kind::Button || widget->isHidden()) continue;
+      EXPECT_GE(widget->width(), widget->fontMetrics().horizontalAdvance(
+                                     QString::fromStdString(control->look().caption)))
+          << form->name() << "." << control->name();
+    }
+  }
+}
+
+TEST_F(Windows, TheMainWindowFitsASmallScreen) {
+  const QSize least = view.window(plugin.matrixForm).minimumSizeHint();
+  const QSize room(1280 - 10, 800 - 35);  // less the frame of the system's windows
+  EXPECT_LE(least.width(), room.width());
+  EXPECT_LE(least.height(), room.height());
+}
+
+TEST_F(Windows, TheColourOfAFadeFindsItsRoomWithoutMovingAnything) {
+  const QRect before = on(plugin.matrixForm.FrameXX).geometry();
+  gate.run([this] { master.fadeType.setIndex(kColorFade); });
+  QTest::qWait(20);
+  EXPECT_TRUE(on(master.MFadeColor).isVisible());
+  EXPECT_EQ(on(plugin.matrixForm.FrameXX).geometry(), before);
+  EXPECT_LE(view.window(plugin.matrixForm).minimumSizeHint().width(), 1280 - 10);
+}
+
+TEST_F(Windows, TheNarrowViewHidesTheListsAndShrinksTheWindow) {
+  const int wide = view.window(plugin.matrixForm).width();
+  gate.run([this] { plugin.plugIn.ITharnPlugin_MessageHandle(kMessageViewChange, 1, 0); });
+  QTest::qWait(20);
+  EXPECT_FALSE(on(v.A.efxList).isVisible());
+  EXPECT_LT(view.window(plugin.matrixForm).width(), wide);
+  gate.run([this] { plugin.plugIn.ITharnPlugin_MessageHandle(kMessageViewChange, 0, 0); });
+  QTest::qWait(20);
+  EXPECT_TRUE(on(v.A.efxList).isVisible());
+  EXPECT_EQ(view.window(plugin.matrixForm).width(), wide);
+}
+
+TEST_F(Windows, CloseallHidesTheWindow) {
+  press(plugin.matrixForm.Closeall);
+  EXPECT_FALSE(view.window(plugin.matrixForm).isVisible());
+}
+
+}  // namespace
+}  // namespace korvane
