@@ -138,7 +138,8 @@ class Operations : public testing::Test {
   ConsolePlatform platform;
   ConsoleHost host{{"show", "/shows/show"}, 300};
   Plugin plugin{platform};
-  Interpreter interpreter{{plugin.engine, platform, host.calls, operationsOf(plugin, host), nullptr}};
+  Interpreter interpreter{
+      {plugin.engine, platform, host.calls, operationsOf(plugin, host), nullptr}};
 };
 
 TEST_F(Operations, OfThePlugInClass) {

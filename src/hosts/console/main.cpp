@@ -9,8 +9,8 @@
 #include <iostream>
 
 #include "hosts/common/WallClock.h"
-#include "hosts/console/ConsolePlatform.h"
 #include "hosts/console/ConsoleHost.h"
+#include "hosts/console/ConsolePlatform.h"
 #include "hosts/console/Interpreter.h"
 #include "hosts/console/LineReader.h"
 #include "hosts/console/Operations.h"
