@@ -34,6 +34,21 @@ class LoadedComponent {
     return entryPoint<HRESULT(WINAPI*)(REFCLSID, REFIID, void**)>("DllGetClassObject")(clsid, iid,
                                                                                        object);
   }
+  /// Names of all that it exports, sorted.
+  std::vector<std::string> exports() {
+    const auto* base = reinterpret_cast<const char*>(module_);
+    const auto* dos = reinterpret_cast<const IMAGE_DOS_HEADER*>(base);
+    const auto* head = reinterpret_cast<const IMAGE_NT_HEADERS*>(base + dos->e_lfanew);
+    const auto& place = head->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_EXPORT];
+    const auto* table =
+        reinterpret_cast<const IMAGE_EXPORT_DIRECTORY*>(base + place.VirtualAddress);
+    EXPECT_EQ(table->NumberOfFunctions, table->NumberOfNames);
+    const auto* names = reinterpret_cast<const DWORD*>(base + table->AddressOfNames);
+    std::vector<std::string> found;
+    for (DWORD index = 0; index < table->NumberOfNames; ++index)
+      found.emplace_back(base + names[index]);
+    return found;
+  }
 
  private:
   template <class Entry>

@@ -25,6 +25,12 @@ TEST_F(Component, OffersNoOtherClassAndNoOtherInterface) {
             E_POINTER);
 }
 
+TEST_F(Component, ExportsItsFourEntryPointsAlone) {
+  EXPECT_EQ(component.exports(),
+            (std::vector<std::string>{"DllCanUnloadNow", "DllGetClassObject", "DllRegisterServer",
+                                      "DllUnregisterServer"}));
+}
+
 TEST_F(Component, RefusesAggregation) {
   FakeObject outer;
   ComPtr<IUnknown> inner;

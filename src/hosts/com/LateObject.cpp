@@ -21,7 +21,7 @@ class Exception {
     SysFreeString(info_.bstrDescription);
     SysFreeString(info_.bstrHelpFile);
   }
-  EXCEPINFO* operator&() { return &info_; }
+  EXCEPINFO* out() { return &info_; }
 
   std::string text(HRESULT result) {
     if (result != DISP_E_EXCEPTION) return systemText(result);
@@ -110,7 +110,7 @@ void LateObject::invoke(const wchar_t* member, WORD flags, std::span<VARIANT> ar
   DISPPARAMS parameters{arguments.data(), nullptr, static_cast<UINT>(arguments.size()), 0};
   Exception exception;
   const HRESULT called = object->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, flags, &parameters,
-                                        result, &exception, nullptr);
+                                        result, exception.out(), nullptr);
   if (FAILED(called)) throw Failure(kAutomation, nameOf(member) + ": " + exception.text(called));
 }
 

@@ -17,13 +17,14 @@ class ModuleInfoObject : public DualObject<IModuleInfo> {
 
   HRESULT STDMETHODCALLTYPE get_Item(long index, VARIANT* result) override {
     if (result == nullptr) return E_POINTER;
-    return call([&] {
+    const HRESULT found = call([&] {
       if (index < 1 || index > kFields)
         throw Failure(kSubscript, "field " + std::to_string(index) + " of the module information");
-      DISPPARAMS none{};
-      Invoke(index, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_PROPERTYGET, &none, result, nullptr,
-             nullptr);
     });
+    DISPPARAMS none{};
+    return FAILED(found) ? found
+                         : Invoke(index, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_PROPERTYGET, &none,
+                                  result, nullptr, nullptr);
   }
   HRESULT STDMETHODCALLTYPE get_Identity(BSTR* out) override { return field(out, info_.identity); }
   HRESULT STDMETHODCALLTYPE get_Name(BSTR* out) override { return field(out, info_.name); }

@@ -12,17 +12,21 @@ namespace {
 
 using Microsoft::WRL::ComPtr;
 
-/// What the component keeps for each thread that uses it.
+/// What the component keeps of each thread that uses it.
 struct Threads {
-  template <class T>
-  struct Of {
+  struct Living {
     DWORD thread;
-    T value;
+    std::weak_ptr<Session> session;
+  };
+  struct Ending {
+    DWORD thread;
+    UINT_PTR timer;
+    Session* session;
   };
 
   std::mutex mutex;
-  std::vector<Of<std::weak_ptr<Session>>> living;
-  std::vector<Of<Session*>> ending;
+  std::vector<Living> living;
+  std::vector<Ending> ending;
 };
 
 Threads threads;
@@ -38,9 +42,9 @@ ComPtr<ITypeLib> loadTypes() {
 
 std::shared_ptr<Session> Session::ofThisThread() {
   const std::lock_guard lock(threads.mutex);
-  std::erase_if(threads.living, [](const auto& entry) { return entry.value.expired(); });
+  std::erase_if(threads.living, [](const auto& entry) { return entry.session.expired(); });
   for (const auto& entry : threads.living) {
-    if (entry.thread == GetCurrentThreadId()) return entry.value.lock();
+    if (entry.thread == GetCurrentThreadId()) return entry.session.lock();
   }
   std::shared_ptr<Session> made(new Session, end);
   threads.living.push_back({GetCurrentThreadId(), made});
@@ -70,23 +74,24 @@ void Session::end(Session* session) {
     return;
   }
   const std::lock_guard lock(threads.mutex);
-  threads.ending.push_back({GetCurrentThreadId(), session});
-  SetTimer(nullptr, 0, USER_TIMER_MINIMUM, endLater);
+  threads.ending.push_back(
+      {GetCurrentThreadId(), SetTimer(nullptr, 0, USER_TIMER_MINIMUM, endLater), session});
 }
 
 void CALLBACK Session::endLater(HWND, UINT, UINT_PTR timer, DWORD) {
-  std::vector<Session*> ended;
+  Session* ended = nullptr;
   {
     const std::lock_guard lock(threads.mutex);
-    std::erase_if(threads.ending, [&](const auto& entry) {
-      const bool now = entry.thread == GetCurrentThreadId() && entry.value->turn_.waysOut == 0;
-      if (now) ended.push_back(entry.value);
-      return now;
+    std::erase_if(threads.ending, [&](const Threads::Ending& entry) {
+      if (entry.thread != GetCurrentThreadId() || entry.timer != timer) return false;
+      if (entry.session->turn_.waysOut > 0) return false;
+      ended = entry.session;
+      return true;
     });
   }
-  if (ended.empty()) return;
+  if (ended == nullptr) return;
   KillTimer(nullptr, timer);
-  for (Session* session : ended) delete session;
+  delete ended;
 }
 
 }  // namespace korvane
