@@ -3,8 +3,8 @@
 #include <cstdint>
 #include <functional>
 #include <string>
-#include <vector>
 
+#include "hosts/console/HostCalls.h"
 #include "state/Host.h"
 
 namespace korvane {
@@ -16,12 +16,6 @@ class ConsoleHost : public Host {
     std::string name;
     std::string baseFilename;
   };
-  struct Call {
-    std::int32_t channel;  ///< kUserInteraction for that call
-    std::int32_t value;
-  };
-  static constexpr std::int32_t kUserInteraction = -1;
-  /// So many calls are kept at most; then the older half goes, and a console can run for days.
   static constexpr std::size_t kMostCalls = 8'000'000;
 
   ConsoleHost(Project project, std::int32_t channels)
@@ -30,21 +24,16 @@ class ConsoleHost : public Host {
   std::int32_t ChannelMAXCHANNELS() override { return channels_; }
   std::string ProjectName() override { return project_.name; }
   std::string ProjectBaseFilename() override { return project_.baseFilename; }
-  void UserInteraction() override { keep({kUserInteraction, 0}); }
+  void UserInteraction() override { calls.add({HostCall::kUserInteraction, 0}); }
   void SetChannel(std::int32_t channel, std::int32_t value, bool) override {
-    keep({channel, value});
+    calls.add({channel, value});
     if (onChannel) onChannel(channel, value);
   }
 
-  std::vector<Call> calls;  ///< in order, until someone clears them
+  HostCalls calls{kMostCalls};  ///< until someone clears them
   std::function<void(std::int32_t channel, std::int32_t value)> onChannel;
 
  private:
-  void keep(const Call& call) {
-    if (calls.size() == kMostCalls) calls.erase(calls.begin(), calls.begin() + kMostCalls / 2);
-    calls.push_back(call);
-  }
-
   Project project_;
   std::int32_t channels_;
 };

@@ -209,9 +209,9 @@ TEST_F(TestConsole, CallsAreToldOnceInOrder) {
 TEST_F(TestConsole, OfVeryManyCallsTheNewestAreKept) {
   const auto most = static_cast<std::int32_t>(ConsoleHost::kMostCalls);
   for (std::int32_t i = 0; i <= most; ++i) host.SetChannel(i, 0, true);
-  EXPECT_EQ(host.calls.size(), ConsoleHost::kMostCalls / 2 + 1);
-  EXPECT_EQ(host.calls.front().channel, most / 2);
-  EXPECT_EQ(host.calls.back().channel, most);
+  EXPECT_EQ(host.calls.all().size(), ConsoleHost::kMostCalls / 2 + 1);
+  EXPECT_EQ(host.calls.all().front().channel, most / 2);
+  EXPECT_EQ(host.calls.all().back().channel, most);
 }
 
 class Snapshot : public TestConsole {
