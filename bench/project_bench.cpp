@@ -75,21 +75,21 @@ void countBytes(benchmark::State& state, const LargestProject& project) {
 
 void saveLargest(benchmark::State& state) {
   LargestProject project;
-  for (auto _ : state) project.save();
+  for ([[maybe_unused]] auto turn : state) project.save();
   countBytes(state, project);
 }
 BENCHMARK(saveLargest)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 void loadLargest(benchmark::State& state) {
   LargestProject project;
-  for (auto _ : state) project.load();
+  for ([[maybe_unused]] auto turn : state) project.load();
   countBytes(state, project);
 }
 BENCHMARK(loadLargest)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 void copyFile(benchmark::State& state) {
   LargestProject project;
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto turn : state) {
     std::filesystem::copy_file(project.path, project.path + ".copy",
                                std::filesystem::copy_options::overwrite_existing);
   }

@@ -222,11 +222,14 @@ TEST_F(Sending, AGridLeftBehindBySizeIsASubscriptFailure) {
 }
 
 TEST_F(Sending, ACellOutsideTheGridIsASubscriptFailure) {
-  for (const auto& [col, row] :
-       {std::pair<std::int16_t, std::int16_t>(-1, 0), {0, -1}, {3, 0}, {0, 3}}) {
+  const auto expectRefused = [this](std::int16_t col, std::int16_t row) {
     EXPECT_EQ(failureOf([&] { mixCell(engine, 0.3, col, row); }), kSubscript);
     EXPECT_EQ(failureOf([&] { sendCell(engine, col, row); }), kSubscript);
-  }
+  };
+  expectRefused(-1, 0);
+  expectRefused(0, -1);
+  expectRefused(3, 0);
+  expectRefused(0, 3);
 }
 
 TEST_F(Sending, APositionThatNoFaderReachesIsAnOverflowAndLeavesThePicture) {

@@ -61,10 +61,9 @@ void Desktop::activate(Form& form) {
 }
 
 Form* Desktop::modal() const {
-  for (auto form = stack_.rbegin(); form != stack_.rend(); ++form) {
-    if ((*form)->modal_) return *form;
-  }
-  return nullptr;
+  const auto top = std::find_if(stack_.rbegin(), stack_.rend(),
+                                [](const Form* form) { return form->modal_; });
+  return top == stack_.rend() ? nullptr : *top;
 }
 
 }  // namespace korvane

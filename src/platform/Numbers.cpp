@@ -27,7 +27,8 @@ std::int16_t floorToInt16(double value) { return checked<std::int16_t>(std::floo
 
 std::int32_t divTrunc(std::int32_t dividend, std::int32_t divisor) {
   if (divisor == 0) throw Failure(kDivisionByZero);
-  return checked<std::int32_t>(static_cast<double>(std::int64_t{dividend} / divisor));
+  const std::int64_t quotient = std::int64_t{dividend} / divisor;
+  return checked<std::int32_t>(static_cast<double>(quotient));
 }
 
 std::int32_t modTrunc(std::int32_t dividend, std::int32_t divisor) {

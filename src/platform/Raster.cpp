@@ -53,7 +53,7 @@ void Raster::fillRect(int x1, int y1, int x2, int y2, Color color) {
   const int bottom = std::min(std::max(y1, y2), height_ - 1);
   if (left > right || top > bottom) return;
   Color* line = pixels_.data() + index(left, top);
-  const auto count = static_cast<std::size_t>(right - left + 1);
+  const auto count = static_cast<std::size_t>(right - left) + 1;
   for (int y = top; y <= bottom; ++y, line += width_) fillLine(line, count, color);
 }
 

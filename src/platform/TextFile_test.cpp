@@ -93,6 +93,17 @@ TEST_F(TextFileTest, AFolderIsNoFile) {
   EXPECT_EQ(failureOf([&] { TextWriter writer(folder); }), kPathAccess);
 }
 
+TEST_F(TextFileTest, ADeviceIsNoFile) {
+  EXPECT_FALSE(fileExists("/dev/zero"));
+  EXPECT_EQ(failureOf([&] { TextReader reader("/dev/zero"); }), kFileNotFound);
+}
+
+TEST_F(TextFileTest, TheTitleIsTheLastComponent) {
+  EXPECT_EQ(fileTitle(in("show.Korvane")), "show.Korvane");
+  EXPECT_EQ(fileTitle("show"), "show");
+  EXPECT_EQ(fileTitle("a/Gr\u00FCn.bmp"), "Gr\u00FCn.bmp");
+}
+
 TEST_F(TextFileTest, AFileThatMayNotBeMadeIsAnAccessError) {
   EXPECT_EQ(failureOf([&] { TextWriter writer(in("none/file")); }), kPathAccess);
 }
