@@ -26,6 +26,7 @@ std::string wholeShow(unsigned turn = 0) {
       {"True", "8", "ticker", "16777215", "0", "100", "0", "Hello", "5", "3", "0", "0", "0", "0"},
       {"False"}};
   std::vector<ProjectText::Lines> fades;
+  fades.reserve(kFadeTypes);
   for (int type = 0; type < kFadeTypes; ++type) {
     fades.push_back({std::to_string(type), "fade", "0.4", "255"});
   }
