@@ -1,3 +1,4 @@
+#include <ole2.h>
 #include <sddl.h>
 
 #include <algorithm>
