@@ -94,15 +94,24 @@ HRESULT enterClass(HKEY root, const Types& types) {
   return S_OK;
 }
 
-HRESULT removeTypes(const Users& users, const Types& types) {
-  const TLIBATTR& id = *types.id;
+bool registered(const TLIBATTR& id) {
+  BSTR path = nullptr;
+  const HRESULT found =
+      QueryPathOfRegTypeLib(id.guid, id.wMajorVerNum, id.wMinorVerNum, id.lcid, &path);
+  SysFreeString(path);
+  return SUCCEEDED(found);
+}
+
+// It may be registered for others than these users, which is told as a lack of rights.
+HRESULT removeTypes(const Users& users, const TLIBATTR& id) {
+  if (!registered(id)) return S_OK;
   const HRESULT result =
       users.removeTypes(id.guid, id.wMajorVerNum, id.wMinorVerNum, id.lcid, id.syskind);
-  return result == TYPE_E_REGISTRYACCESS || result == TYPE_E_LIBNOTREGISTERED ? S_OK : result;
+  return result == TYPE_E_REGISTRYACCESS ? S_OK : result;
 }
 
 HRESULT remove(const Users& users, const Types& types) {
-  const HRESULT results[] = {removeTypes(users, types), removeKey(users.root, progIdKey()),
+  const HRESULT results[] = {removeTypes(users, *types.id), removeKey(users.root, progIdKey()),
                              removeKey(users.root, classKey())};
   for (const HRESULT result : results) {
     if (FAILED(result)) return result;

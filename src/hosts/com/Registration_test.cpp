@@ -1,3 +1,6 @@
+#include <ole2.h>
+#include <sddl.h>
+
 #include <algorithm>
 
 #include "hosts/com/ComTest.h"
@@ -110,6 +113,30 @@ TEST_F(Registration, LeavesWhatBelongsToOthers) {
   EXPECT_EQ(component.call("DllUnregisterServer"), S_OK);
   EXPECT_EQ(value(HKEY_LOCAL_MACHINE, other, nullptr), L"other");
   RegDeleteTreeW(HKEY_LOCAL_MACHINE, other.data());
+}
+
+/// Keeps everyone from writing to a key.
+void protect(const std::wstring& key, const wchar_t* rights) {
+  HKEY open = nullptr;
+  PSECURITY_DESCRIPTOR descriptor = nullptr;
+  ASSERT_EQ(RegCreateKeyExW(HKEY_LOCAL_MACHINE, key.data(), 0, nullptr, 0, WRITE_DAC, nullptr,
+                            &open, nullptr),
+            ERROR_SUCCESS);
+  ASSERT_TRUE(ConvertStringSecurityDescriptorToSecurityDescriptorW(rights, SDDL_REVISION_1,
+                                                                   &descriptor, nullptr));
+  EXPECT_EQ(RegSetKeySecurity(open, DACL_SECURITY_INFORMATION, descriptor), ERROR_SUCCESS);
+  LocalFree(descriptor);
+  RegCloseKey(open);
+}
+
+TEST_F(Registration, IsForTheUserAloneWithoutTheRightToDoMore) {
+  const std::wstring classKey = kServer.substr(0, kServer.rfind(L'\\'));
+  protect(classKey, L"D:(D;;0x6;;;WD)(A;;GA;;;WD)");
+  EXPECT_EQ(component.call("DllRegisterServer"), S_OK);
+  EXPECT_EQ(std::filesystem::path(value(HKEY_CURRENT_USER, kServer, nullptr)), componentFile());
+  EXPECT_EQ(value(HKEY_LOCAL_MACHINE, kServer, nullptr), L"");
+  EXPECT_EQ(value(HKEY_LOCAL_MACHINE, kClasses + L"\\Korvane.clsTharnPlugIn", nullptr), L"");
+  protect(classKey, L"D:(A;;GA;;;WD)");
 }
 
 TEST_F(Registration, WorksFromAPlaceWithBlanksAndUmlauts) {

@@ -81,13 +81,13 @@ Class Show
   Public Name
   Public BaseFilename
 End Class
-Class Desk
+Class Helper
   Public ChannelMAXCHANNELS
   Public MyStream
   Public Project
 End Class
 Dim desk, plugIn, info, tool
-Set desk = New Desk
+Set desk = New Helper
 desk.ChannelMAXCHANNELS = 512
 Set desk.MyStream = New Lamps
 Set desk.Project = New Show
