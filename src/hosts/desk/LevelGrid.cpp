@@ -39,10 +39,11 @@ void LevelGrid::mark(std::int32_t channel) {
 }
 
 QRectF LevelGrid::cell(std::int32_t channel) const {
-  const int at = channel - 1;
+  const int col = (channel - 1) % kCols;
+  const int row = (channel - 1) / kCols;
   const double w = (width() - kNumbers) / static_cast<double>(kCols);
   const double h = height() / static_cast<double>(kRows);
-  return {kNumbers + w * (at % kCols), h * (at / kCols), w - kGap, h - kGap};
+  return {kNumbers + w * col, h * row, w - kGap, h - kGap};
 }
 
 double LevelGrid::freshness(std::int32_t channel) const {
