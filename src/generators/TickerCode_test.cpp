@@ -1,7 +1,7 @@
 #include "generators/TickerCode.h"
 
-#include "testing/CellEffects.h"
 #include "testing/Drawing.h"
+#include "testing/TickerEffect.h"
 
 namespace korvane {
 namespace {
@@ -9,34 +9,7 @@ namespace {
 constexpr Color kWhite = rgb(255, 255, 255);
 constexpr Color kBlue = rgb(0, 0, 255);
 
-class Ticker : public CellEffects {
- protected:
-  void SetUp() override {
-    CellEffects::SetUp();
-    effect().type = kTicker;
-    effect().color1 = kWhite;
-    effect().color2 = kBlue;
-    effect().tickerFont = 5;
-  }
-  bool build(const std::string& text, int direction) {
-    effect().tickerText = text;
-    effect().direction = static_cast<std::int16_t>(direction);
-    return event([this] { tickerBuild(engine, deck); });
-  }
-  bool tick(int times = 1) {
-    bool well = true;
-    for (int i = 0; i < times && well; ++i) well = event([this] { tickerTick(engine, deck); });
-    return well;
-  }
-  bool offset(int amount) {
-    effect().amount = static_cast<std::int16_t>(amount);
-    return event([this] { tickerOffset(engine, deck); });
-  }
-  void place(int x, int y) {
-    deck.imagePosX = static_cast<std::int16_t>(x);
-    deck.imagePosY = static_cast<std::int16_t>(y);
-  }
-};
+class Ticker : public TickerEffect {};
 KORVANE_BOTH_DECKS(Ticker);
 
 TEST_P(Ticker, RunsLeftAndRepeatsWithoutAPause) {
@@ -321,94 +294,6 @@ TEST_P(Ticker, CellsThatEqualWhatWasNotedAreNotToldAgain) {
   EXPECT_TRUE(takeCalls().empty());
   EXPECT_EQ(deck.frame.at(0, 2), (Rgb{255, 255, 255}));
   EXPECT_EQ(v.frameM.at(0, 2), (Rgb{0, 0, 255}));
-}
-
-class TickerLetters : public Ticker {
- protected:
-  void SetUp() override {
-    Ticker::SetUp();
-    effect().tickerLetter = 1;
-  }
-};
-KORVANE_BOTH_DECKS(TickerLetters);
-
-TEST_P(TickerLetters, ShowOneLetterAtATime) {
-  dimension(7, 8);
-  ASSERT_TRUE(build("MW", 1) && offset(50) && tick());
-  expectPicture(deck.frame, {"BBBBBBB",  //
-                             "BWBBBWB",  //
-                             "BWWBWWB",  //
-                             "BWBWBWB",  //
-                             "BWBBBWB",  //
-                             "BWBBBWB",  //
-                             "BBBBBBB",  //
-                             "BBBBBBB"});
-  ASSERT_TRUE(tick());
-  expectPicture(deck.frame, {"BBBBBBB",  //
-                             "BWBBBWB",  //
-                             "BWBWBWB",  //
-                             "BWBWBWB",  //
-                             "BWBWBWB",  //
-                             "BBWBWBB",  //
-                             "BBBBBBB",  //
-                             "BBBBBBB"});
-  EXPECT_EQ(deck.step, 0) << "and from the start";
-}
-
-TEST_P(TickerLetters, DriftOverTheBoundariesOfNarrowLettersAndFailPastTheEndOfTheStrip) {
-  dimension(4, 6);
-  ASSERT_TRUE(build("AB", 1) && tick(2));
-  expectPicture(deck.frame, {"BBBB",  // the spacing row of the A
-                             "WWWB",  //
-                             "WBBW",  //
-                             "WWWB",  //
-                             "WBBW",  //
-                             "WWWB"});
-  EXPECT_EQ(deck.step, 10);
-  EXPECT_FALSE(tick());
-  EXPECT_EQ(takeFailure(), kSubscript);
-  EXPECT_EQ(deck.step, 10);
-}
-
-TEST_P(TickerLetters, FailOnThreeRowsOrFewer) {
-  for (const int rows : {1, 2, 3, 4}) {
-    dimension(12, rows);
-    ASSERT_TRUE(build("M", 1) && offset(0));
-    EXPECT_EQ(tick(), rows > 3) << rows << " rows";
-    EXPECT_EQ(takeFailure(), rows > 3 ? 0 : kSubscript);
-  }
-}
-
-TEST_P(TickerLetters, FailOnAHorizontalStrip) {
-  for (const int direction : {3, 7}) {
-    dimension(12, 12);
-    ASSERT_TRUE(build("MW", direction) && offset(0) && tick());
-    EXPECT_FALSE(tick());
-    EXPECT_EQ(takeFailure(), kSubscript);
-  }
-}
-
-TEST_P(TickerLetters, ThatFailStopTheirOwnTimerOnly) {
-  dimension(12, 3);
-  other.effect().type = kFluid;
-  other.effect().direction = 5;
-  for (Deck* each : {&deck, &other}) each->timer1.setInterval(50);
-  ASSERT_TRUE(build("M", 1) && offset(0));
-  other.timer1.enable();
-  advance(1000);
-  EXPECT_EQ(platform.failures.size(), 1U);
-  EXPECT_FALSE(deck.timer1.enabled());
-  EXPECT_TRUE(other.timer1.enabled());
-}
-
-TEST_P(TickerLetters, WrapFromBelowToTheLastLetter) {
-  ASSERT_TRUE(build("MW", 1) && offset(0));
-  deck.step = -7;
-  EXPECT_FALSE(tick()) << "row -7 of the strip";
-  takeFailure();
-  effect().tickerFont = -1;  // no row is read then
-  ASSERT_TRUE(tick());
-  EXPECT_EQ(deck.step, 6);
 }
 
 }  // namespace

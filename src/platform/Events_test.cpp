@@ -76,7 +76,7 @@ TEST_F(EventsTest, AnErrorOfTheFileSystemIsAnAccessFailureWithItsText) {
 TEST(Failure, HasTheStandardTextAndTheDetail) {
   EXPECT_STREQ(Failure(kSubscript).what(), "Subscript out of range");
   EXPECT_STREQ(Failure(kFileNotFound, "x.bmp").what(), "File not found: x.bmp");
-  EXPECT_STREQ(Failure(440).what(), "Run-time failure 440");
+  EXPECT_STREQ(Failure(441).what(), "Run-time failure 441");
 }
 
 TEST(Failure, EveryNumberHasItsText) {

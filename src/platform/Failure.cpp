@@ -25,6 +25,10 @@ std::string standardText(int number) {
       return "Object variable not set";
     case kInvalidPropertyValue:
       return "Invalid property value";
+    case kNoSuchMember:
+      return "Object doesn't support this property or method";
+    case kAutomation:
+      return "Automation error";
     case kInvalidPicture:
       return "Invalid picture";
     case kCancelled:

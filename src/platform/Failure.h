@@ -24,6 +24,8 @@ inline constexpr int kPastEndOfFile = 62;
 inline constexpr int kPathAccess = 75;
 inline constexpr int kObjectNotSet = 91;
 inline constexpr int kInvalidPropertyValue = 380;
+inline constexpr int kNoSuchMember = 438;
+inline constexpr int kAutomation = 440;  ///< an object of another program failed
 inline constexpr int kInvalidPicture = 481;
 inline constexpr int kCancelled = 32755;
 

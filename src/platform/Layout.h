@@ -28,10 +28,8 @@ struct Layout {
   int columns = 0;  ///< of Grid
 
   Layout() = default;
-  Layout(Control& item, int share = 0)
-      : kind(Kind::Item),
-        control(&item),
-        stretch(share) {}  // NOLINT(google-explicit-constructor): a control is a layout
+  // NOLINTNEXTLINE(google-explicit-constructor): a control is a layout
+  Layout(Control& item, int share = 0) : kind(Kind::Item), control(&item), stretch(share) {}
   Layout(Kind what, std::vector<Layout> parts, int share)
       : kind(what), children(std::move(parts)), stretch(share) {}
 };

@@ -15,16 +15,44 @@ struct Example {
 };
 
 constexpr std::array kExamples = {
-    Example{"1-club-night", 12, 12, 0},      Example{"2-ticker-wall", 48, 8, 0},
-    Example{"3-fire-wall", 24, 16, 0},       Example{"4-slide-show", 20, 15, 0},
-    Example{"5-paint-animation", 16, 16, 0}, Example{"6-beat-show", 12, 12, 0},
+    Example{"1-club-night", 12, 12, 0x30D10819CCB18B20},
+    Example{"2-ticker-wall", 48, 8, 0x5ED37D07C9951D1F},
+    Example{"3-fire-wall", 24, 16, 0xADDF238DAEA8977D},
+    Example{"4-slide-show", 20, 15, 0x8D1FDBF29DEEA3A6},
+    Example{"5-paint-animation", 16, 16, 0x3628EBD369CE648F},
+    Example{"6-beat-show", 12, 12, 0x9C21D8B2BB99A1B3},
 };
+
+// The pictures of the shows are bmp files of 24 bits, at most 255 pixels a side.
+Raster readBmp(const std::string& path) {
+  std::ifstream stream(path, std::ios::binary);
+  const std::string bytes((std::istreambuf_iterator<char>(stream)),
+                          std::istreambuf_iterator<char>());
+  const auto byte = [&](int at) {
+    return static_cast<unsigned char>(bytes.at(static_cast<std::size_t>(at)));
+  };
+  const int width = byte(18);
+  const int height = byte(22);
+  const int line = (3 * width + 3) / 4 * 4;
+  Raster picture(width, height);
+  for (int y = 0; y < height; ++y) {
+    for (int x = 0; x < width; ++x) {
+      const int at = byte(10) + (height - 1 - y) * line + 3 * x;
+      picture.setPixel(x, y, rgb(byte(at + 2), byte(at + 1), byte(at)));
+    }
+  }
+  return picture;
+}
 
 class Examples : public TestPlugin, public testing::WithParamInterface<Example> {
  protected:
   void SetUp() override {
     host.baseFilename = kFolder + std::string(GetParam().stem);
     host.name = GetParam().stem;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(kFolder)) {
+      const std::string path = entry.path().string();
+      if (entry.path().extension() == ".bmp") platform.pictures[path] = readBmp(path);
+    }
     ASSERT_TRUE(open());
     loadProject();
     event([&] { plugin.matrixForm.active.setValue(1); });
@@ -44,11 +72,11 @@ class Examples : public TestPlugin, public testing::WithParamInterface<Example> 
     return readFile(path);
   }
 
-  // What a person does in the minute: every five seconds the next row of the hidden deck, then a
+  // What a person does in the minute: every four seconds the next row of the hidden deck, then a
   // fade towards it.
   void act(int second) {
-    if (second % 5 != 0) return;
-    const int turn = second / 5;
+    if (second % 4 != 0) return;
+    const int turn = second / 4;
     Deck& next = turn % 2 == 0 ? v.B : v.A;
     pick(next.efxList, (turn + 1) / 2 % next.efxList.count());
     pick(master.efxXList, turn % master.efxXList.count());
@@ -67,6 +95,18 @@ class Examples : public TestPlugin, public testing::WithParamInterface<Example> 
         advance(10);
       }
       digestFrame();
+      if (tenth % 40 == 15 || tenth % 40 == 38) {
+        int k = 0;
+        for (const Frame* f : {&v.frameA, &v.frameM, &v.frameB}) {
+          std::ofstream o("/tmp/ex/" + std::string(GetParam().stem) + "-" +
+                              std::to_string(1000 + tenth) + "-" + std::to_string(k++) + ".ppm",
+                          std::ios::binary);
+          o << "P6 " << v.matrixCols << " " << v.matrixRows << " 255\n";
+          for (int r = 0; r < v.matrixRows; ++r)
+            for (int c = 0; c < v.matrixCols; ++c)
+              for (auto b : f->at(c, r)) o.put(char(b));
+        }
+      }
     }
     return digest;
   }

@@ -8,9 +8,8 @@ namespace korvane {
 class Boolean {
  public:
   constexpr Boolean() = default;
-  constexpr Boolean(bool value)
-      : raw_(value ? std::int16_t{-1} : std::int16_t{0}) {
-  }  // NOLINT(google-explicit-constructor): a bool by another width
+  // NOLINTNEXTLINE(google-explicit-constructor): a bool by another width
+  constexpr Boolean(bool value) : raw_(value ? std::int16_t{-1} : std::int16_t{0}) {}
 
   constexpr operator bool() const { return raw_ != 0; }  // NOLINT(google-explicit-constructor)
   constexpr std::int16_t raw() const { return raw_; }

@@ -8,6 +8,14 @@
 
 namespace {
 
+std::size_t sizeOf(void* block) {
+#ifdef _WIN32
+  return ::_msize(block);
+#else
+  return ::malloc_usable_size(block);
+#endif
+}
+
 std::size_t live = 0;
 std::size_t peak = 0;
 std::size_t marked = 0;
@@ -18,13 +26,13 @@ std::size_t marked = 0;
 void* operator new(std::size_t size) {
   void* block = std::malloc(size);
   if (block == nullptr) throw std::bad_alloc();
-  live += ::malloc_usable_size(block);
+  live += sizeOf(block);
   peak = std::max(peak, live);
   return block;
 }
 
 void operator delete(void* block) noexcept {
-  if (block != nullptr) live -= ::malloc_usable_size(block);
+  if (block != nullptr) live -= sizeOf(block);
   std::free(block);
 }
 

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "hosts/console/Arguments.h"
-#include "hosts/console/ConsoleHost.h"
+#include "hosts/console/HostCalls.h"
 #include "hosts/console/Json.h"
 #include "platform/HeadlessPlatform.h"
 #include "state/Engine.h"
@@ -28,7 +28,7 @@ struct Operation {
 struct Console {
   Engine& engine;
   HeadlessPlatform& platform;
-  ConsoleHost& host;
+  HostCalls& calls;
   std::vector<Operation> operations;
   /// Lets milliseconds pass; every tick runs through the gate.
   std::function<void(std::int64_t milliseconds, const TimerQueue::Gate&)> advance;

@@ -3,8 +3,8 @@
 #include <cstdint>
 #include <functional>
 #include <string>
-#include <vector>
 
+#include "hosts/console/HostCalls.h"
 #include "state/Host.h"
 
 namespace korvane {
@@ -16,11 +16,7 @@ class ConsoleHost : public Host {
     std::string name;
     std::string baseFilename;
   };
-  struct Call {
-    std::int32_t channel;  ///< kUserInteraction for that call
-    std::int32_t value;
-  };
-  static constexpr std::int32_t kUserInteraction = -1;
+  static constexpr std::size_t kMostCalls = 8'000'000;
 
   ConsoleHost(Project project, std::int32_t channels)
       : project_(std::move(project)), channels_(channels) {}
@@ -28,13 +24,13 @@ class ConsoleHost : public Host {
   std::int32_t ChannelMAXCHANNELS() override { return channels_; }
   std::string ProjectName() override { return project_.name; }
   std::string ProjectBaseFilename() override { return project_.baseFilename; }
-  void UserInteraction() override { calls.push_back({kUserInteraction, 0}); }
+  void UserInteraction() override { calls.add({HostCall::kUserInteraction, 0}); }
   void SetChannel(std::int32_t channel, std::int32_t value, bool) override {
-    calls.push_back({channel, value});
+    calls.add({channel, value});
     if (onChannel) onChannel(channel, value);
   }
 
-  std::vector<Call> calls;  ///< in order, kept until someone clears them
+  HostCalls calls{kMostCalls};  ///< until someone clears them
   std::function<void(std::int32_t channel, std::int32_t value)> onChannel;
 
  private:

@@ -65,8 +65,13 @@ Json ownFields(const Control& control) {
 Json describe(const Form& form) {
   Json controls = Json::array();
   for (const Control* control : form.controls()) controls.push_back(control->name());
-  return {{"caption", form.caption()}, {"visible", form.visible()}, {"modal", form.modal()},
-          {"width", form.width()},     {"height", form.height()},   {"controls", controls}};
+  const PictureBox* surface = form.surface;  // its pixels are such a window's size
+  return {{"caption", form.caption()},
+          {"visible", form.visible()},
+          {"modal", form.modal()},
+          {"width", surface != nullptr ? surface->width() : form.width()},
+          {"height", surface != nullptr ? surface->height() : form.height()},
+          {"controls", controls}};
 }
 
 Json describe(const Control& control) {

@@ -122,7 +122,7 @@ TEST_F(TestConsole, PutStoresAColorAndNothingMore) {
            R"({"ok":false,"error":"COLOR must be six hex digits RRGGBB, not 'red'."})"},
           {"put A 0 0 -12345",
            R"({"ok":false,"error":"COLOR must be six hex digits RRGGBB, not '-12345'."})"}});
-  EXPECT_TRUE(host.calls.empty());
+  EXPECT_TRUE(host.calls.all().empty());
 }
 
 TEST_F(TestConsole, PutNeedsAFrame) {
@@ -138,7 +138,8 @@ class Operations : public testing::Test {
   ConsolePlatform platform;
   ConsoleHost host{{"show", "/shows/show"}, 300};
   Plugin plugin{platform};
-  Interpreter interpreter{{plugin.engine, platform, host, operationsOf(plugin, host), nullptr}};
+  Interpreter interpreter{
+      {plugin.engine, platform, host.calls, operationsOf(plugin, host), nullptr}};
 };
 
 TEST_F(Operations, OfThePlugInClass) {

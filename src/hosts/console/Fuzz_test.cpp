@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <random>
 
+#include "hosts/console/ConsoleHost.h"
 #include "hosts/console/ConsolePlatform.h"
 #include "hosts/console/Interpreter.h"
 #include "hosts/console/Operations.h"
@@ -125,10 +126,10 @@ TEST(Fuzz, RandomCommandsNeverBreakThePlugIn) {
   Engine& engine = plugin.engine;
   plugin.plugIn.ITharnPlugin_Init("", "", host);
   const std::vector<Operation> operations = operationsOf(plugin, host);
-  Interpreter interpreter(
-      {engine, platform, host, operations, [&](std::int64_t time, const TimerQueue::Gate& gate) {
-         engine.timers.advanceTo(engine.timers.now() + time, gate);
-       }});
+  Interpreter interpreter({engine, platform, host.calls, operations,
+                           [&](std::int64_t time, const TimerQueue::Gate& gate) {
+                             engine.timers.advanceTo(engine.timers.now() + time, gate);
+                           }});
   RandomCommands commands(engine.desktop, operations, folder);
   interpreter.answer("open");
   int good = 0;

@@ -140,13 +140,13 @@ void snapshot(Console& console, const Arguments& arguments, Json&) {
 
 void calls(Console& console, const Arguments&, Json& reply) {
   Json all = Json::array();
-  for (const ConsoleHost::Call& call : console.host.calls) {
-    if (call.channel == ConsoleHost::kUserInteraction)
+  for (const HostCall& call : console.calls.all()) {
+    if (call.channel == HostCall::kUserInteraction)
       all.push_back(Json::array({"UserInteraction"}));
     else
       all.push_back(Json::array({"SetChannel", call.channel, call.value}));
   }
-  console.host.calls.clear();
+  console.calls.clear();
   reply["calls"] = std::move(all);
 }
 

@@ -22,6 +22,12 @@ TEST_F(TestConsole, GetTellsOfAWindow) {
            R"("deep"]})"}});
 }
 
+TEST_F(TestConsole, AWindowThatIsOnePictureHasItsSize) {
+  expect({{"get Surface",
+           R"({"ok":true,"caption":"A picture","visible":true,"modal":false,"width":2,"height":1,)"
+           R"("controls":[]})"}});
+}
+
 TEST_F(TestConsole, GetTellsOfEveryKindOfControl) {
   demo.list.setIndex(1);
   demo.arrow.setPressed(true);
@@ -198,6 +204,14 @@ TEST_F(TestConsole, CallsAreToldOnceInOrder) {
       {{"calls",
         R"({"ok":true,"calls":[["UserInteraction"],["SetChannel",1,255],["SetChannel",512,0]]})"},
        {"calls", R"({"ok":true,"calls":[]})"}});
+}
+
+TEST_F(TestConsole, OfVeryManyCallsTheNewestAreKept) {
+  const auto most = static_cast<std::int32_t>(ConsoleHost::kMostCalls);
+  for (std::int32_t i = 0; i <= most; ++i) host.SetChannel(i, 0, true);
+  EXPECT_EQ(host.calls.all().size(), ConsoleHost::kMostCalls / 2 + 1);
+  EXPECT_EQ(host.calls.all().front().channel, most / 2);
+  EXPECT_EQ(host.calls.all().back().channel, most);
 }
 
 class Snapshot : public TestConsole {

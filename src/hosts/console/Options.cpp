@@ -2,9 +2,9 @@
 
 #include <getopt.h>
 
-#include <clocale>
 #include <filesystem>
 
+#include "hosts/common/LocaleFormat.h"
 #include "hosts/console/Arguments.h"
 
 namespace korvane {
@@ -61,13 +61,6 @@ std::int64_t number(const std::string& name, const std::string& word, Range rang
 
 NumberFormat formatOf(bool comma) {
   return comma ? NumberFormat{',', '.'} : NumberFormat{'.', ','};
-}
-
-NumberFormat localeFormat() {
-  std::setlocale(LC_NUMERIC, "");
-  const bool comma = std::localeconv()->decimal_point[0] == ',';
-  std::setlocale(LC_NUMERIC, "C");  // nothing else in the program depends on the environment
-  return formatOf(comma);
 }
 
 std::string stem(const std::string& word) {

@@ -184,6 +184,14 @@ TEST_F(Program, DecimalIsTheLocales) {
   EXPECT_EQ(time(run("", look, "LC_ALL=C")), "3.00");
 }
 
+TEST_F(Program, DecimalOfAGermanEnvironmentIsAComma) {
+  const std::string make = "localedef -i de_DE -f UTF-8 " + folder + "/de_DE.UTF-8 2>/dev/null";
+  if (std::system(make.c_str()) != 0) GTEST_SKIP() << "localedef can't make a German locale here";
+  const Result result = run("", "get MatrixForm.fadeTimeText\n",
+                            "env -u LC_ALL LOCPATH=" + folder + " LC_NUMERIC=de_DE.UTF-8");
+  EXPECT_EQ(Json::parse(result.replies.at(0))["text"], "3,00");
+}
+
 TEST_F(Program, ASeedMakesARunRepeatExactly) {
   const std::string script =
       "set MatrixForm.typeA 6\nset MatrixForm.fadeType 3\nadvance 3000\n"

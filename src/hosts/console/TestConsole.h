@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "hosts/console/ConsoleHost.h"
 #include "hosts/console/Interpreter.h"
 #include "platform/Controls.h"
 #include "platform/ListView.h"

@@ -64,7 +64,7 @@ AskForm::AskForm(Engine& engine, Log& handlers) : Form("Ask", "Question") {
 }
 
 TestConsole::TestConsole()
-    : interpreter({engine, platform, host, {}, [this](std::int64_t time, const auto& gate) {
+    : interpreter({engine, platform, host.calls, {}, [this](std::int64_t time, const auto& gate) {
                      engine.timers.advanceTo(engine.timers.now() + time, gate);
                    }}) {
   engine.mainWindow = &demo;

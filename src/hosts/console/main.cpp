@@ -8,12 +8,13 @@
 #include <filesystem>
 #include <iostream>
 
+#include "hosts/common/WallClock.h"
+#include "hosts/console/ConsoleHost.h"
 #include "hosts/console/ConsolePlatform.h"
 #include "hosts/console/Interpreter.h"
 #include "hosts/console/LineReader.h"
 #include "hosts/console/Operations.h"
 #include "hosts/console/Options.h"
-#include "hosts/console/WallClock.h"
 #include "hosts/network/NetworkOutput.h"
 #include "platform/Events.h"
 #ifdef KORVANE_PICTURES
@@ -61,7 +62,7 @@ Desk::Desk(const Options& options, const std::optional<OutputTarget>& target)
     : realClock_(options.realClock),
       host_(projectOf(options.base), options.channels),
       interpreter_(
-          {plugin_.engine, platform_, host_, operationsOf(plugin_, host_),
+          {plugin_.engine, platform_, host_.calls, operationsOf(plugin_, host_),
            [this](std::int64_t time, const TimerQueue::Gate& gate) { advance(time, gate); }}) {
   platform_.format = options.format;
   platform_.clock = wallTimeOfDay;

@@ -72,11 +72,23 @@ TEST_F(Desk, ConfiguresTheGrid) {
   EXPECT_TRUE(plugin.matrixConf.visible());
 }
 
-TEST_F(Desk, AKeyBeatsInTheToolWindowAsWell) {
+TEST_F(Desk, TheBeatStepsAnEffectThatFollowsIt) {
+  Deck& deck = plugin.engine.v.A;
+  gate.run([&deck] {
+    deck.effect().type = kColorChange;
+    deck.effect().colors = {rgb(255, 0, 0), rgb(0, 255, 0)};
+    deck.effect().colorCount = 2;
+    deck.colorIndex = 0;
+    deck.beatOn = true;
+  });
+  press("Beat");
+  EXPECT_EQ(rgb(deck.frame.at(0, 0)), rgb(0, 255, 0));
+}
+
+TEST_F(Desk, AShortcutWorksInTheToolWindowAsWell) {
   FormWindow& tool = view.window(plugin.matrixForm);
   tool.activateWindow();
   ASSERT_TRUE(QTest::qWaitFor([&] { return QApplication::activeWindow() == &tool; }, 2000));
-  platform.boxes.clear();
   QTest::keyClick(&tool, Qt::Key_F10);
   EXPECT_EQ(platform.boxes, (std::vector<std::string>{"Blackout"}));
 }
@@ -133,6 +145,8 @@ TEST_F(Desk, ARunningOutputIsNotEndedByTheWay) {
 int main(int argc, char** argv) {
   testing::InitGoogleTest(&argc, argv);
   QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+  // A screen in memory, unless the caller asks for another one.
+  if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
   QApplication application(argc, argv);
   korvane::applyTheme(application);
   return RUN_ALL_TESTS();

@@ -4,6 +4,7 @@
 
 #include "hosts/desk/DeskWindow.h"
 #include "hosts/desk/Options.h"
+#include "hosts/desk/QuitOnSignal.h"
 #include "views/qt/machine/QtPlatform.h"
 #include "views/qt/windows/DesktopView.h"
 #include "views/qt/windows/Theme.h"
@@ -39,7 +40,9 @@ void takePicture(QWidget* window, const Options& options) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  QuitOnSignal quitOnSignal;
   QApplication application(argc, argv);
+  quitOnSignal.listen();
   QApplication::setApplicationName("korvane");
   QApplication::setApplicationVersion(KORVANE_VERSION);
   QApplication::setQuitOnLastWindowClosed(false);

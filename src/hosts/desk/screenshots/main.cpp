@@ -70,9 +70,11 @@ class Photographer {
     if (!size_.isEmpty()) view_.window(plugin_.matrixForm).resize(size_);
     wireLamps();
     makeShow();
-    save(view_.window(plugin_.matrixForm), plugin_.matrixForm.name());
-    save(desk_, "Desk");
+    save(view_.window(plugin_.matrixForm), "main-window");
+    taken_ << text(plugin_.matrixForm.name());
+    save(desk_, "desk");
     for (int row = 0; row < kEffectTypes; ++row) takeDialog(row);
+    mixOrange();
     for (Form* form : plugin_.engine.desktop.forms()) takeForm(*form);
     return failed_ ? 1 : 0;
   }
@@ -134,6 +136,13 @@ class Photographer {
     gate_.run([&] { plugin_.matrixForm.panelA.edit.click(); });
     save(view_.window(*dialog), dialog->name());
     gate_.run([&] { plugin_.engine.desktop.close(*dialog); });
+  }
+
+  void mixOrange() {
+    MxColorMixer& mixer = plugin_.dialogs.mixer;
+    gate_.run([&mixer] { mixer.Sred.setValue(240); });
+    gate_.run([&mixer] { mixer.Sgreen.setValue(130); });
+    gate_.run([&mixer] { mixer.Sblue.setValue(40); });
   }
 
   void takeForm(Form& form) {

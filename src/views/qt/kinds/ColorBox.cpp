@@ -1,4 +1,5 @@
 #include <QAbstractButton>
+#include <algorithm>
 
 #include "platform/Controls.h"
 #include "views/qt/kinds/Binder.h"
@@ -9,6 +10,7 @@ namespace {
 
 constexpr QSize kSize{56, 32};
 constexpr int kLeastWidth = 36;
+constexpr int kRoomBeside = 64;  // beside a caption: the colour must be seen
 constexpr int kCorner = 4;
 
 class Swatch : public QAbstractButton {
@@ -22,8 +24,13 @@ class Swatch : public QAbstractButton {
     color_ = color;
     update();
   }
-  QSize sizeHint() const override { return kSize; }
-  QSize minimumSizeHint() const override { return {kLeastWidth, kSize.height()}; }
+  QSize sizeHint() const override {
+    const int words = text().isEmpty() ? 0 : fontMetrics().horizontalAdvance(text()) + kRoomBeside;
+    return {std::max(kSize.width(), words), kSize.height()};
+  }
+  QSize minimumSizeHint() const override {
+    return text().isEmpty() ? QSize(kLeastWidth, kSize.height()) : sizeHint();
+  }
 
  protected:
   void paintEvent(QPaintEvent*) override {
@@ -51,6 +58,7 @@ QWidget* bindColorBox(Control& control, const Seat& seat) {
                    [&box, seat] { act(seat, box, [&box] { box.click(); }); });
   keepShown(control, *widget, [&box, widget] {
     widget->setText(text(box.look().caption));
+    widget->updateGeometry();
     widget->setColor(toQColor(box.backColor()));
   });
   return widget;

@@ -12,7 +12,8 @@ namespace {
 
 constexpr int kEnterCode = 13;
 constexpr int kEscapeCode = 27;
-constexpr int kLeastWidth = 120;
+constexpr int kLeastLine = 64;
+constexpr int kLeastPage = 120;
 constexpr int kPageFrame = 44;  // of a page beyond its text: margins and scroll bar
 
 int widestLine(const QString& page, const QFontMetrics& metrics) {
@@ -50,7 +51,7 @@ class Line : public QLineEdit {
 QWidget* bindLine(TextBox& box, const Seat& seat) {
   auto* widget = new Line(box, seat);
   widget->setReadOnly(box.style().readOnly);
-  widget->setMinimumWidth(kLeastWidth);
+  widget->setMinimumWidth(kLeastLine);
   const auto take = [&box, seat, widget] { commit(box, seat, widget->text()); };
   if (box.style().commit == TextBoxStyle::Commit::Live) {
     QObject::connect(widget, &QLineEdit::textEdited, take);
@@ -68,7 +69,7 @@ QWidget* bindPage(TextBox& box, const Seat& seat) {
   widget->setReadOnly(box.style().readOnly);
   widget->setTabChangesFocus(true);
   widget->setMinimumWidth(
-      std::max(kLeastWidth, widestLine(text(box.text()), widget->fontMetrics()) + kPageFrame));
+      std::max(kLeastPage, widestLine(text(box.text()), widget->fontMetrics()) + kPageFrame));
   const int lineHeight = widget->fontMetrics().lineSpacing();
   widget->setMinimumHeight(box.style().lines * lineHeight + 2 * lineHeight / 3);
   QObject::connect(widget, &QPlainTextEdit::textChanged,

@@ -115,7 +115,8 @@ class BrokenPictures : public testing::Test {
     std::ofstream(path_, std::ios::binary) << bytes;
     return failureOf([this] { readPicture(path_); });
   }
-  const std::string path_ = testing::TempDir() + "korvane-broken-picture";
+  const std::string path_ = testing::TempDir() + "korvane-broken-picture-" +
+                            testing::UnitTest::GetInstance()->current_test_info()->name();
 };
 
 TEST_F(BrokenPictures, AFolderIsNoPicture) {

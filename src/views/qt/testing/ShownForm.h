@@ -18,9 +18,10 @@ namespace korvane {
 /// A form made of a few controls, one below the other.
 class PlainForm : public Form {
  public:
-  PlainForm(std::string name, const std::vector<Control*>& controls) : Form(name, name) {
+  PlainForm(const std::string& name, const std::vector<Control*>& controls) : Form(name, name) {
     add(controls);
     std::vector<Layout> parts;
+    parts.reserve(controls.size());
     for (Control* control : controls) parts.emplace_back(*control);
     setLayout(column(std::move(parts)));
   }

@@ -12,6 +12,7 @@ namespace korvane {
 namespace {
 
 constexpr int kMargin = 12;
+constexpr QSize kFrame{10, 40};  // room for the frame that the window system adds
 
 struct Key {
   int key;
@@ -32,7 +33,7 @@ FormWindow::FormWindow(Form& form, Desktop& desktop, EventGate& gate, QWidget* o
   form.surface != nullptr ? makeSurface() : makeControls();
   form.onShown = [this] { refresh(); };
   refresh();
-  resize(sizeHint().boundedTo(screen()->availableSize()));
+  resize(sizeHint().boundedTo(screen()->availableSize() - kFrame));
 }
 
 FormWindow::~FormWindow() { form_.onShown = nullptr; }

@@ -31,11 +31,22 @@ bool beginsWithLabel(const Layout& part) {
          part.children.front().control->kind() == Kind::Label;
 }
 
+// A control that comes and goes has its place kept, so that nothing around it moves; a group gives
+// its place up.
+void keepPlace(QWidget& widget, Kind kind) {
+  QSizePolicy policy = widget.sizePolicy();
+  policy.setRetainSizeWhenHidden(kind != Kind::Group);
+  widget.setSizePolicy(policy);
+}
+
 }  // namespace
 
 LayoutBuilder::LayoutBuilder(const Form& form, const Seat& seat) : form_(form), seat_(seat) {
-  for (Control* control : form.controls())
-    widgets_[control] = binderOf(control->kind())(*control, seat_);
+  for (Control* control : form.controls()) {
+    QWidget* widget = binderOf(control->kind())(*control, seat_);
+    keepPlace(*widget, control->kind());
+    widgets_[control] = widget;
+  }
   setTabOrder();
 }
 

@@ -91,6 +91,9 @@ QSlider::handle:focus { background: {accent}; }
 QSlider::handle:disabled { background: {disabled}; }
 QSlider:focus { border: 1px solid {accent}; border-radius: 5px; }
 QLabel#number { color: {quiet}; }
+QLabel#qt_msgbox_label { min-width: 240px; }
+QDialogButtonBox { dialogbuttonbox-buttons-have-icons: 0; }
+QDialogButtonBox QPushButton { min-width: 64px; }
 )";
 
 QString filledIn(QString sheet) {
@@ -105,7 +108,7 @@ QString filledIn(QString sheet) {
 }
 
 QPalette palette() {
-  QPalette colors(QColor(theme::kFace), QColor(theme::kWindow));
+  QPalette colors{QColor(theme::kFace), QColor(theme::kWindow)};
   const std::pair<QPalette::ColorRole, const char*> roles[] = {
       {QPalette::WindowText, theme::kText},
       {QPalette::Base, theme::kWell},

@@ -153,6 +153,15 @@ TEST_F(Windows, TheMainWindowFitsASmallScreen) {
   EXPECT_LE(least.height(), room.height());
 }
 
+TEST_F(Windows, TheColourOfAFadeFindsItsRoomWithoutMovingAnything) {
+  const QRect before = on(plugin.matrixForm.FrameXX).geometry();
+  gate.run([this] { master.fadeType.setIndex(kColorFade); });
+  QTest::qWait(20);
+  EXPECT_TRUE(on(master.MFadeColor).isVisible());
+  EXPECT_EQ(on(plugin.matrixForm.FrameXX).geometry(), before);
+  EXPECT_LE(view.window(plugin.matrixForm).minimumSizeHint().width(), 1280 - 10);
+}
+
 TEST_F(Windows, TheNarrowViewHidesTheListsAndShrinksTheWindow) {
   const int wide = view.window(plugin.matrixForm).width();
   gate.run([this] { plugin.plugIn.ITharnPlugin_MessageHandle(kMessageViewChange, 1, 0); });

@@ -1,4 +1,4 @@
-#include "hosts/console/WallClock.h"
+#include "hosts/common/WallClock.h"
 
 #include <algorithm>
 #include <ctime>

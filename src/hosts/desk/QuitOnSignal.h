@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QSocketNotifier>
+#include <memory>
+
+namespace korvane {
+
+/// Ends the event loop when the system asks the program to end (SIGTERM, SIGINT), so that the
+/// output is closed in good order. Made before any thread.
+class QuitOnSignal {
+ public:
+  QuitOnSignal();
+
+  /// Begins to listen; the application must exist.
+  void listen();
+
+ private:
+  int signals_;
+  std::unique_ptr<QSocketNotifier> notifier_;
+};
+
+}  // namespace korvane

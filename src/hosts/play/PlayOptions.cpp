@@ -1,0 +1,67 @@
+#include "hosts/play/PlayOptions.h"
+
+#include <getopt.h>
+
+#include <optional>
+
+#include "platform/Text.h"
+
+namespace korvane {
+
+const char* const kPlayUsage =
+    R"(usage: korvane-play [options] [SHOW.Korvane]
+
+Plays a saved show in the terminal, and to the lamps. The grid is taken from the file
+SHOW.korvaneconf beside it.
+
+  --output TARGET    send the lamps their values, as in sacn:1 or artnet:0@192.168.1.20
+  --seconds N        end after N seconds (default: play on)
+  --help             print this text
+
+Keys: a, b fade to the left or right deck; space is a beat; q or Ctrl-C ends.
+)";
+
+namespace {
+
+constexpr char kOutput = 'o', kSeconds = 's', kHelp = 'h';
+
+constexpr option kOptions[] = {{"output", required_argument, nullptr, kOutput},
+                               {"seconds", required_argument, nullptr, kSeconds},
+                               {"help", no_argument, nullptr, kHelp},
+                               {nullptr, 0, nullptr, 0}};
+
+double seconds(const std::string& word) {
+  const std::optional<double> value = parseEitherDecimal(word);
+  if (value && *value > 0 && *value <= 1e9) return *value;
+  throw PlayUsageError("--seconds must be a number above 0, not '" + word + "'");
+}
+
+}  // namespace
+
+PlayOptions parsePlayOptions(int count, char** words) {
+  PlayOptions options;
+  opterr = 0;
+  for (int which = 0; (which = getopt_long(count, words, ":", kOptions, nullptr)) != -1;) {
+    switch (which) {
+      case kOutput:
+        options.output = optarg;
+        break;
+      case kSeconds:
+        options.seconds = seconds(optarg);
+        break;
+      case kHelp:
+        options.help = true;
+        break;
+      case ':':
+        throw PlayUsageError(std::string(words[optind - 1]) + " needs a value");
+      default:
+        throw PlayUsageError("there is no option " + std::string(words[optind - 1]));
+    }
+  }
+  if (optind < count) options.show = words[optind++];
+  if (optind < count)
+    throw PlayUsageError("one show at a time, not also " + std::string(words[optind]));
+  return options;
+}
+
+}  // namespace korvane

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <stdexcept>
+#include <string>
+
+namespace korvane {
+
+/// The command line of the player.
+struct PlayOptions {
+  std::string show;    ///< project file; empty plays the two plain decks of a new show
+  std::string output;  ///< network target as parseOutputTarget reads it; empty for none
+  double seconds = 0;  ///< length of the play, 0 plays until it is ended
+  bool help = false;
+};
+
+/// A wrong command line; the text says what is wrong with it.
+struct PlayUsageError : std::runtime_error {
+  using std::runtime_error::runtime_error;
+};
+
+extern const char* const kPlayUsage;
+
+/// Reads the command line; throws PlayUsageError.
+PlayOptions parsePlayOptions(int count, char** words);
+
+}  // namespace korvane
