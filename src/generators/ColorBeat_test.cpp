@@ -5,8 +5,6 @@
 namespace korvane {
 namespace {
 
-constexpr std::int16_t kScrollDown = 6;
-
 // Color Change on the beat, switched on in its dialog.
 class ColorChangeOnBeat : public ColorEffectsOnDecks<kColorChange> {
  protected:
@@ -24,7 +22,7 @@ KORVANE_BOTH_DECKS(ColorChangeOnBeat);
 
 TEST_P(ColorChangeOnBeat, EachBeatCutsToTheNextColour) {
   resize(2, 1);
-  play({kRed, kGreen, kBlue}, kScrollDown);
+  play({kRed, kGreen, kBlue}, kFadeScrollDown);
   switchBeat();
   for (const char* picture : {"GG", "BB", "RR"}) {
     beat();
@@ -86,7 +84,7 @@ TEST_P(ColorChangeOnBeat, WithOneColourABeatChangesNothingNotEvenTheLockOut) {
 }
 
 TEST_P(ColorChangeOnBeat, ABeatGoesOnWithTheTransitionInWhichTheBeatWasSwitchedOn) {
-  play({kRed, kGreen, kBlue}, kScrollDown);
+  play({kRed, kGreen, kBlue}, kFadeScrollDown);
   advance(1000 + 2 * 250);  // two of four rows are green
   expectPicture(deck.frame, {"GGGG", "GGGG", "RRRR", "RRRR"});
   switchBeat();
@@ -114,7 +112,7 @@ TEST_P(ColorChangeOnBeat, ABeatGoesOnWithTheTransitionInWhichTheBeatWasSwitchedO
 }
 
 TEST_P(ColorChangeOnBeat, SwitchedOffInMidTransitionTheNextStepBeginsANewOne) {
-  play({kRed, kGreen}, kScrollDown);
+  play({kRed, kGreen}, kFadeScrollDown);
   advance(1000 + 250);
   switchBeat();
   switchBeat();

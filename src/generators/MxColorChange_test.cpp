@@ -9,9 +9,6 @@
 namespace korvane {
 namespace {
 
-constexpr std::int16_t kFade = 1;
-constexpr std::int16_t kScrollDown = 6;
-
 class ColorChangeDialog : public ColorEffectsOnDecks<kColorChange> {
  protected:
   void open(const std::vector<Color>& colors, const std::vector<double>& times) {
@@ -106,26 +103,26 @@ TEST_P(ColorChangeDialog, RemovingTheCurrentLastColourTakesTheSpareSlot) {
 TEST_P(ColorChangeDialog, AChosenModeWaitsForTheEndOfARunningTransition) {
   effect.amount = 100;
   open({kRed, kGreen}, {1, 1});
-  choose(kScrollDown);
-  EXPECT_EQ(effect.fadeMode, kScrollDown);
+  choose(kFadeScrollDown);
+  EXPECT_EQ(effect.fadeMode, kFadeScrollDown);
   advance(1000);
   ASSERT_TRUE(deck.transitionRunning);
-  choose(kFade);
-  EXPECT_EQ(effect.fadeMode, kScrollDown);
-  EXPECT_EQ(deck.savedFadeMode, kFade);
+  choose(kFadeBlend);
+  EXPECT_EQ(effect.fadeMode, kFadeScrollDown);
+  EXPECT_EQ(deck.savedFadeMode, kFadeBlend);
   advance(1250);
   EXPECT_FALSE(deck.transitionRunning);
-  EXPECT_EQ(effect.fadeMode, kFade);
+  EXPECT_EQ(effect.fadeMode, kFadeBlend);
 }
 
 TEST_P(ColorChangeDialog, BeatControlForcesTheModeToNone) {
   open({kRed, kGreen}, {1, 1});
-  choose(kFade);
+  choose(kFadeBlend);
   toggle(dialog.beatControl);
   EXPECT_EQ(dialog.cbFadeMode.index(), 0);
   EXPECT_EQ(effect.fadeMode, 0);
   EXPECT_EQ(deck.savedFadeMode, 0);
-  choose(kScrollDown);
+  choose(kFadeScrollDown);
   EXPECT_EQ(dialog.cbFadeMode.index(), 0);
   EXPECT_EQ(effect.fadeMode, 0);
 }
@@ -133,14 +130,14 @@ TEST_P(ColorChangeDialog, BeatControlForcesTheModeToNone) {
 TEST_P(ColorChangeDialog, BeatControlDuringATransitionKeepsItsModeAndItsStep) {
   effect.amount = 100;
   open({kRed, kGreen}, {1, 1});
-  choose(kScrollDown);
+  choose(kFadeScrollDown);
   advance(1000 + 2 * 250);
   ASSERT_EQ(deck.step, 2);
   toggle(dialog.beatControl);
   EXPECT_FALSE(deck.timer1.enabled());
   EXPECT_FALSE(deck.timer2.enabled());
   EXPECT_EQ(deck.step, 2);
-  EXPECT_EQ(effect.fadeMode, kScrollDown);
+  EXPECT_EQ(effect.fadeMode, kFadeScrollDown);
   EXPECT_EQ(deck.savedFadeMode, 0);
 }
 
@@ -149,11 +146,11 @@ TEST_P(ColorChangeDialog, AModeIsShownThoughTheBoxWasCheckedForTheEffectBefore) 
   toggle(dialog.beatControl);
   click(dialog.OK);
   effect.beatControl = 0;
-  effect.fadeMode = kFade;
+  effect.fadeMode = kFadeBlend;
   edit();
   EXPECT_FALSE(dialog.beatControl.checked());
-  EXPECT_EQ(dialog.cbFadeMode.index(), kFade);
-  EXPECT_EQ(effect.fadeMode, kFade);
+  EXPECT_EQ(dialog.cbFadeMode.index(), kFadeBlend);
+  EXPECT_EQ(effect.fadeMode, kFadeBlend);
 }
 
 TEST_P(ColorChangeDialog, OKStoresNameAndSpeedAndGoesOnWithTheCurrentColour) {

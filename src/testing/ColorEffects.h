@@ -69,4 +69,38 @@ class ColorEffectsOnDecks : public ColorEffects, public testing::WithParamInterf
   ColorEffectsOnDecks() : ColorEffects(kType, GetParam()) {}
 };
 
+/// The fade modes of Color Change.
+enum ColorFadeMode : std::int16_t {
+  kFadeNone,
+  kFadeBlend,
+  kFadeRandom,
+  kFadeFillDown,
+  kFadeFillUp,
+  kFadeScrollUp,
+  kFadeScrollDown,
+  kFadeScrollLeft,
+  kFadeScrollRight
+};
+
+/// A colour change to play, over both decks.
+class ColorChanges : public ColorEffectsOnDecks<kColorChange> {
+ protected:
+  void play(const std::vector<Color>& colors, const std::vector<double>& times,
+            std::int16_t mode = kFadeNone) {
+    setColors(colors, times, {});
+    effect.fadeMode = mode;
+    deck.savedFadeMode = mode;
+    start();
+  }
+  /// A step from red to green whose transition takes one second, on a grid, and nothing of it yet.
+  void startTransition(std::int16_t mode, int cols = 4, int rows = 3) {
+    resize(cols, rows);
+    effect.amount = 100;
+    play({kRed, kGreen}, {1, 1}, mode);
+    advance(1000);
+  }
+  /// Ticks of the transition.
+  void ticks(int count) { advance(std::int64_t{count} * deck.timer2.interval()); }
+};
+
 }  // namespace korvane
