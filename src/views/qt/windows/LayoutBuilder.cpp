@@ -103,7 +103,7 @@ void LayoutBuilder::place(const Layout& part, QBoxLayout& line) {
   } else if (bare) {
     line.addWidget(widgets_.at(part.control), part.stretch);
   } else if (part.kind == Layout::Kind::Boxed) {
-    makeBoxed(part);
+    fillBox(part);
     line.addWidget(widgets_.at(part.control), part.stretch);
   } else {
     line.addLayout(make(part), part.stretch);
@@ -168,13 +168,14 @@ QLayout* LayoutBuilder::makeGrid(const Layout& part) {
   return grid;
 }
 
-// The group takes its content; the line that is returned holds the group.
+void LayoutBuilder::fillBox(const Layout& part) {
+  widgets_.at(part.control)->setLayout(make(part.children.front()));
+}
+
 QLayout* LayoutBuilder::makeBoxed(const Layout& part) {
-  QWidget* group = widgets_.at(part.control);
-  QLayout* content = make(part.children.front());
-  group->setLayout(content);
+  fillBox(part);
   auto* line = new QHBoxLayout;
-  line->addWidget(group);
+  line->addWidget(widgets_.at(part.control));
   return line;
 }
 

@@ -25,6 +25,7 @@ class LayoutBuilder {
   QLayout* makeLine(const Layout& part);
   QLayout* makeFields(const Layout& part);
   QLayout* makeGrid(const Layout& part);
+  void fillBox(const Layout& part);
   QLayout* makeBoxed(const Layout& part);
   /// Puts a part into a line, without a layout of its own where one widget will do.
   void place(const Layout& part, QBoxLayout& line);
