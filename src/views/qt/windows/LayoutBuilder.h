@@ -30,6 +30,7 @@ class LayoutBuilder {
   /// Puts a part into a line, without a layout of its own where one widget will do.
   void place(const Layout& part, QBoxLayout& line);
   void placeField(const Layout& part, QGridLayout& grid, int row);
+  void alignCaptions(const Layout& part);
   QWidget* labelOf(const Control& control);
   void setTabOrder();
 
