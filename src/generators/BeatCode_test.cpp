@@ -200,7 +200,7 @@ TEST_P(Beats, WakeATransitionThatBeatControlStopped) {
   expectPicture(deck.frame, {"BBBB", "BBBB", "BBBB", "BBBB"});
   EXPECT_EQ(deck.step, 2);
   EXPECT_TRUE(deck.timer2.enabled());
-  advance(2 * kLockOut);
+  advance(2L * kLockOut);
   EXPECT_EQ(deck.step, 4);
   EXPECT_TRUE(deck.transitionRunning);
   beat();

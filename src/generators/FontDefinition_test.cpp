@@ -91,7 +91,7 @@ TEST(FontDefinition, EveryGlyphLooksAsDrawnAndIsFoundByItsCharacter) {
 TEST(FontDefinition, UnusedSlotsAndTheLastRowStayEmpty) {
   static_assert(std::tuple_size_v<FontTable> == 101);
   static_assert(std::tuple_size_v<FontTable::value_type> == 7);
-  for (const std::size_t slot : {98, 99, 100}) {
+  for (const std::size_t slot : {98U, 99U, 100U}) {
     for (std::size_t row = 0; row < 7; ++row) EXPECT_EQ(fontTable.at(slot).at(row), 0);
   }
   for (const auto& glyph : fontTable) EXPECT_EQ(glyph[6], 0);

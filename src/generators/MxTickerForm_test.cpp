@@ -24,7 +24,7 @@ class TickerDialog : public CellEffects {
   /// Lets the text run, and tells whether an action starts it anew with a clean picture.
   template <class Action>
   bool restarts(Action action) {
-    advance(3 * deck.timer1.interval());
+    advance(3L * deck.timer1.interval());
     EXPECT_GT(deck.step, 0);
     action();
     if (deck.step != 0) return false;

@@ -14,7 +14,7 @@ namespace {
 
 struct Place {
   int x, y;
-  auto operator<=>(const Place&) const = default;
+  auto operator<=>(const Place&) const = default;  // NOLINT(modernize-use-nullptr): no pointer
 };
 
 // What the text looks like, cell by cell: painted cells by place, background elsewhere inside.

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
 #include <cstdio>
 #include <optional>
 #include <stdexcept>
@@ -119,14 +120,15 @@ Picture::Picture(const Grid<Color>& grid) : Picture(grid.cols(), grid.rows(), {}
 
 Picture::Picture(const Raster& raster)
     : Picture(raster.width(), raster.height(),
-              {raster.data(), raster.data() + raster.width() * raster.height()}) {}
+              {raster.data(), raster.data() + raster.height() * std::ptrdiff_t{raster.width()}}) {}
 
 Picture::Picture(const std::vector<Rgb>& oneRow) : Picture(static_cast<int>(oneRow.size()), 1, {}) {
   for (const Rgb& cell : oneRow) cells_.push_back(rgb(cell));
 }
 
 Color Picture::at(int x, int y) const {
-  return cells_.at(static_cast<std::size_t>(y * width_ + x));
+  return cells_.at(static_cast<std::size_t>(y) * static_cast<std::size_t>(width_) +
+                   static_cast<std::size_t>(x));
 }
 
 Picture Picture::cut(int x, int y, int width, int height) const {

@@ -28,7 +28,7 @@ class ImageTest : public TestDecks {
     return picture(name, rasterOf(drawing));
   }
   std::string picture(const std::string& name, const Raster& raster) {
-    const std::string path = folder + "/" + name;
+    std::string path = folder + "/" + name;
     writeFile(path, "a picture");
     platform.pictures[path] = raster;
     return path;
