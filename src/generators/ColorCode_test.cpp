@@ -207,6 +207,24 @@ TEST_P(ColorEffect, CancelPutsTheRightDeckBackAndTurnsTheLeftOneBlack) {
   EXPECT_FALSE(plugin.dialogs.color.visible());
 }
 
+class ColorDialogs : public TestPlugin {};
+
+TEST_F(ColorDialogs, HaveTheirTexts) {
+  const MxColorForm& color = plugin.dialogs.color;
+  EXPECT_EQ(color.caption(), "Color");
+  EXPECT_EQ(color.myName.text(), "Blue");
+  EXPECT_EQ(color.myName.look().label, "Name : ");
+  EXPECT_EQ(color.Color.look().label, "Color : ");
+  EXPECT_EQ(color.Cancel.look().caption, "Cancel");
+  const MxGradientForm& gradient = plugin.dialogs.gradient;
+  EXPECT_EQ(gradient.caption(), "Gradient");
+  EXPECT_EQ(gradient.myName.text(), "Blue-Red");
+  EXPECT_EQ(gradient.Color1.look().label, "Color1 : ");
+  EXPECT_EQ(gradient.Color2.look().label, "Color2 : ");
+  EXPECT_EQ(gradient.richtung.controls().size(), 11U);
+  EXPECT_EQ(gradient.Cancel.look().caption, "Cancel");
+}
+
 TEST_P(ColorEffect, GradientButtonsAct) {
   choose(deck.type, kGradient);
   click(panel.edit);
