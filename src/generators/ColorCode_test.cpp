@@ -193,6 +193,14 @@ TEST_P(ColorEffect, OKTakesTheNameToTheRowAndTheRecord) {
   EXPECT_TRUE(deck.efxEdited[0]);
 }
 
+TEST_P(ColorEffect, AnEmptyNameIsStoredAsItIs) {
+  click(panel.edit);
+  type(plugin.dialogs.color.myName, "");
+  click(plugin.dialogs.color.OK);
+  EXPECT_EQ(texts(deck.efxList), std::vector<std::string>{""});
+  EXPECT_EQ(deck.effect().name, "");
+}
+
 // The left deck's backup is never filled: Cancel there empties the name and turns the effect black.
 TEST_P(ColorEffect, CancelPutsTheRightDeckBackAndTurnsTheLeftOneBlack) {
   click(panel.edit);

@@ -227,6 +227,18 @@ TEST_F(MasterFade, RandomTowardsBFromBEndsAtTheFirstTick) {
   EXPECT_FALSE(v.fadeRunning);
 }
 
+TEST_F(MasterFade, FromTheExactMiddleACellWiseFadeHasItsWayToEitherSide) {
+  for (std::int16_t type = kRandom; type <= kScrollRight; ++type) {
+    for (Button* button : {&master.AutoFadeA, &master.AutoFadeB}) {
+      move(master.faderM, 0);
+      selectFade(type, 3);
+      click(*button);
+      EXPECT_TRUE(v.fadeRunning);
+      EXPECT_EQ(v.fadeStep, 0) << kFadeTypeNames[static_cast<std::size_t>(type)];
+    }
+  }
+}
+
 TEST_F(MasterFade, RandomBringsEveryCellOnce) {
   size(4, 3);
   selectFade(kRandom, 1.2);

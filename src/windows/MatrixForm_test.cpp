@@ -64,6 +64,14 @@ TEST_F(MainWindow, CheckingDMXSendsTheWholeFrameOnceAndUncheckingNothing) {
   EXPECT_EQ(takeCalls(), Texts{"UserInteraction"});
 }
 
+TEST_F(MainWindow, CheckingDMXSendsWithoutAMix) {
+  ASSERT_TRUE(open());
+  v.frameA.fill({0, 0, 0});
+  event([&] { form.active.setValue(1); });
+  EXPECT_EQ(v.frameM.at(0, 0), (Rgb{127, 0, 127}));
+  EXPECT_EQ(v.frameSent.at(0, 0), (Rgb{127, 0, 127}));
+}
+
 TEST_F(MainWindow, ActivatingMixesOnce) {
   ASSERT_TRUE(open());
   event([&] { form.active.setValue(1); });
@@ -149,12 +157,15 @@ TEST_F(MainWindow, AskToSaveIsAlwaysYesWithoutAQuestion) {
   EXPECT_EQ(takeBoxes(), Texts{});
 }
 
-TEST_F(MainWindow, ViewModeTwoIsWide) {
-  form.ITharnTool_ViewMode(2);
-  EXPECT_EQ(form.width(), 8200);
-  EXPECT_EQ(v.viewMode, 2);
-  form.ITharnTool_ViewMode(1);
-  EXPECT_EQ(form.width(), 6550);
+TEST_F(MainWindow, OnlyViewModeTwoIsWide) {
+  for (const std::int32_t mode : {1, 0, 3, -2}) {
+    form.ITharnTool_ViewMode(2);
+    EXPECT_EQ(form.width(), 8200);
+    EXPECT_EQ(v.viewMode, 2);
+    form.ITharnTool_ViewMode(mode);
+    EXPECT_EQ(form.width(), 6550) << mode;
+    EXPECT_EQ(v.viewMode, mode);
+  }
 }
 
 // Each control with its kind and the text that it is known by: its caption or, where it shows a
