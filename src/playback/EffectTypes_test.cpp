@@ -1,5 +1,4 @@
 #include "playback/EffectStart.h"
-
 #include "testing/TestPlugin.h"
 
 namespace korvane {
@@ -7,14 +6,14 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-class EffectStart : public TestDecks {
+class EffectTypes : public TestDecks {
  protected:
   void SetUp() override { ASSERT_TRUE(open()); }
 };
-KORVANE_BOTH_DECKS(EffectStart);
+KORVANE_BOTH_DECKS(EffectTypes);
 
 // What a record that held something else in every field has after it became of another type.
-TEST_P(EffectStart, ATypeSetsItsDefaultsAndNoOtherField) {
+TEST_P(EffectTypes, ATypeSetsItsDefaultsAndNoOtherField) {
   struct Defaults {
     EffectType type;
     Color color1, color2;
@@ -55,7 +54,7 @@ TEST_P(EffectStart, ATypeSetsItsDefaultsAndNoOtherField) {
   EXPECT_EQ(deck.effect().tickerFont, 5);
 }
 
-TEST_P(EffectStart, ATypeThatTheRecordHasAlreadyKeepsItsFields) {
+TEST_P(EffectTypes, ATypeThatTheRecordHasAlreadyKeepsItsFields) {
   click(panel.add);
   deck.efx[1].type = kFire;
   deck.efx[1].speed = 11;
@@ -66,34 +65,34 @@ TEST_P(EffectStart, ATypeThatTheRecordHasAlreadyKeepsItsFields) {
   EXPECT_EQ(deck.efx[1].color1, rgb(1, 2, 3));
 }
 
-TEST_P(EffectStart, ColorChangeGetsSpeedThirtyAndKeepsItsAmount) {
+TEST_P(EffectTypes, ColorChangeGetsSpeedThirtyAndKeepsItsAmount) {
   deck.efx[0].amount = 77;
   choose(deck.type, kColorChange);
   EXPECT_EQ(deck.efx[0].speed, 30);
   EXPECT_EQ(deck.efx[0].amount, 77);
 }
 
-TEST_P(EffectStart, ChoosingPaintKeepsAStillOfWhatTheDeckShowed) {
+TEST_P(EffectTypes, ChoosingPaintKeepsAStillOfWhatTheDeckShowed) {
   deck.frame.at(3, 4) = {10, 20, 30};
   choose(deck.type, kPaint);
   EXPECT_EQ(deck.efx[0].paintPixels.at(3, 4), rgb(10, 20, 30));
   EXPECT_EQ(deck.frame.at(3, 4), (Rgb{10, 20, 30}));
 }
 
-TEST_P(EffectStart, ATypeThatDoesNotExistIsReportedInWords) {
+TEST_P(EffectTypes, ATypeThatDoesNotExistIsReportedInWords) {
   deck.efx[0].type = 9;
   EXPECT_TRUE(pick(deck.efxList, 0));
   EXPECT_EQ(takeBoxes(), Texts{"Wert nicht erlaubt"});
 }
 
-TEST_P(EffectStart, ChoosingTheSameTypeAgainIsNoEvent) {
+TEST_P(EffectTypes, ChoosingTheSameTypeAgainIsNoEvent) {
   takeCalls();
   deck.timer1.enable();
   choose(deck.type, kColor);
   EXPECT_TRUE(deck.timer1.enabled());
 }
 
-TEST_P(EffectStart, OnlyTheLeftTypeListClearsTheBeatOfAnUnconfiguredScroll) {
+TEST_P(EffectTypes, OnlyTheLeftTypeListClearsTheBeatOfAnUnconfiguredScroll) {
   deck.beatOn = true;
   choose(deck.type, kColorScroll);
   EXPECT_EQ(takeBoxes(), Texts{"ColorScroll not configured ! Please edit effect !"});
@@ -101,7 +100,7 @@ TEST_P(EffectStart, OnlyTheLeftTypeListClearsTheBeatOfAnUnconfiguredScroll) {
   EXPECT_FALSE(deck.timer1.enabled());
 }
 
-TEST_P(EffectStart, OnlyTheLeftTypeListClearsTheBeatOfAScrollWithoutBeat) {
+TEST_P(EffectTypes, OnlyTheLeftTypeListClearsTheBeatOfAScrollWithoutBeat) {
   deck.efx[0].colorCount = 2;
   deck.efx[0].colors = {1, 2, 0};
   deck.efx[0].itemWidths = {1, 1, 0};
@@ -113,7 +112,7 @@ TEST_P(EffectStart, OnlyTheLeftTypeListClearsTheBeatOfAScrollWithoutBeat) {
   EXPECT_FALSE(deck.beatOn);
 }
 
-TEST_P(EffectStart, OnlyTheRightTypeListMakesRoomForAllWidths) {
+TEST_P(EffectTypes, OnlyTheRightTypeListMakesRoomForAllWidths) {
   deck.efx[0].colorCount = 2;
   deck.efx[0].colors = {1, 2, 0};
   deck.efx[0].itemWidths = {1, 1};
@@ -121,7 +120,7 @@ TEST_P(EffectStart, OnlyTheRightTypeListMakesRoomForAllWidths) {
   EXPECT_EQ(deck.efx[0].itemWidths.size(), deck.isB() ? 3U : 2U);
 }
 
-TEST_P(EffectStart, OnlyTheLeftListSetsTheStepIntervalOfAnImageFirst) {
+TEST_P(EffectTypes, OnlyTheLeftListSetsTheStepIntervalOfAnImageFirst) {
   choose(deck.type, kImage);
   deck.efx[0].speed = 100;
   deck.timer1.setInterval(777);
@@ -129,7 +128,7 @@ TEST_P(EffectStart, OnlyTheLeftListSetsTheStepIntervalOfAnImageFirst) {
   EXPECT_EQ(deck.timer1.interval(), deck.isB() ? 777 : 50);
 }
 
-TEST_P(EffectStart, OnlyTheLeftTypeListLeavesLetterMode) {
+TEST_P(EffectTypes, OnlyTheLeftTypeListLeavesLetterMode) {
   deck.efx[0].tickerLetter = 1;
   choose(deck.type, kTicker);
   EXPECT_EQ(deck.efx[0].tickerLetter, deck.isB() ? 1 : 0);
