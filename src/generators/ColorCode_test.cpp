@@ -193,6 +193,14 @@ TEST_P(ColorEffect, OKTakesTheNameToTheRowAndTheRecord) {
   EXPECT_TRUE(deck.efxEdited[0]);
 }
 
+TEST_P(ColorEffect, AnEmptyNameIsStoredAsItIs) {
+  click(panel.edit);
+  type(plugin.dialogs.color.myName, "");
+  click(plugin.dialogs.color.OK);
+  EXPECT_EQ(texts(deck.efxList), std::vector<std::string>{""});
+  EXPECT_EQ(deck.effect().name, "");
+}
+
 // The left deck's backup is never filled: Cancel there empties the name and turns the effect black.
 TEST_P(ColorEffect, CancelPutsTheRightDeckBackAndTurnsTheLeftOneBlack) {
   click(panel.edit);
@@ -205,6 +213,24 @@ TEST_P(ColorEffect, CancelPutsTheRightDeckBackAndTurnsTheLeftOneBlack) {
   EXPECT_EQ(texts(deck.efxList), std::vector<std::string>{"new effect"});
   EXPECT_FALSE(deck.efxEdited[0]);
   EXPECT_FALSE(plugin.dialogs.color.visible());
+}
+
+class ColorDialogs : public TestPlugin {};
+
+TEST_F(ColorDialogs, HaveTheirTexts) {
+  const MxColorForm& color = plugin.dialogs.color;
+  EXPECT_EQ(color.caption(), "Color");
+  EXPECT_EQ(color.myName.text(), "Blue");
+  EXPECT_EQ(color.myName.look().label, "Name : ");
+  EXPECT_EQ(color.Color.look().label, "Color : ");
+  EXPECT_EQ(color.Cancel.look().caption, "Cancel");
+  const MxGradientForm& gradient = plugin.dialogs.gradient;
+  EXPECT_EQ(gradient.caption(), "Gradient");
+  EXPECT_EQ(gradient.myName.text(), "Blue-Red");
+  EXPECT_EQ(gradient.Color1.look().label, "Color1 : ");
+  EXPECT_EQ(gradient.Color2.look().label, "Color2 : ");
+  EXPECT_EQ(gradient.richtung.controls().size(), 11U);
+  EXPECT_EQ(gradient.Cancel.look().caption, "Cancel");
 }
 
 TEST_P(ColorEffect, GradientButtonsAct) {

@@ -23,6 +23,23 @@ class ColorMixer : public TestPlugin {
   Color picked = -1;
 };
 
+TEST_F(ColorMixer, HasItsTextsRangesAndStrips) {
+  EXPECT_EQ(mixer.caption(), "ColorMixer");
+  const std::pair<const Slider*, const char*> sliders[] = {
+      {&mixer.Sred, "Red"}, {&mixer.Sgreen, "Green"}, {&mixer.Sblue, "Blue"}};
+  for (const auto& [slider, caption] : sliders) {
+    EXPECT_EQ(slider->look().caption, caption);
+    EXPECT_EQ(slider->min(), 0);
+    EXPECT_EQ(slider->max(), 255);
+  }
+  for (const PictureBox* strip : {&mixer.Pred, &mixer.Pgreen, &mixer.Pblue}) {
+    EXPECT_EQ(strip->width(), 28);
+    EXPECT_EQ(strip->height(), 128);
+  }
+  EXPECT_EQ(mixer.Presult.look().caption, "Result");
+  EXPECT_EQ(mixer.Bcancel.look().caption, "Cancel");
+}
+
 TEST_F(ColorMixer, OpensAtTheCallersColourAndReturnsTheMixedOne) {
   openAt(rgb(10, 20, 30));
   EXPECT_EQ(mixer.Sred.value(), 10);

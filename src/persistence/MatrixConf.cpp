@@ -91,8 +91,11 @@ void MatrixConf::takeDefinition() {
     showSize();
     return makeDefaultDefinition(engine_);
   }
-  TextReader file(path);
-  MName.setText(readDefinitionHead(engine_, file));
+  LineReader file(path, {});
+  std::string name;
+  file.take(name);
+  MName.setText(name);
+  readDefinitionSize(engine_, file);
   dimensionMatrix(engine_);
   resizePaintPictures(engine_);
   showSize();
@@ -210,13 +213,14 @@ void MatrixConf::save_Click() {
 void MatrixConf::loadFile() {
   Form::load();
   readProjectNames(engine_);
-  TextReader file(chosenFile(engine_.platform, {.purpose = FileQuestion::Purpose::Open,
+  LineReader file(chosenFile(engine_.platform, {.purpose = FileQuestion::Purpose::Open,
                                                 .title = "Load Configuration ...",
                                                 .filter = kFilter,
-                                                .initialDirectory = engine_.v.projectDirectory}));
-  const std::string name = readDefinitionHead(engine_, file);
-  MName.setText(name);
-  engine_.v.matrixName = name;
+                                                .initialDirectory = engine_.v.projectDirectory}),
+                  {});
+  file.take(engine_.v.matrixName);
+  MName.setText(engine_.v.matrixName);
+  readDefinitionSize(engine_, file);
   dimensionMatrix(engine_);
   resizePaintPictures(engine_);
   showSize();

@@ -12,11 +12,17 @@ namespace {
 
 constexpr std::int16_t kDefaultSide = 12;
 
-// A field of a comma-separated line; kSubscript if the line has fewer.
+std::vector<std::string> nextFields(LineReader& file) {
+  std::string line;
+  file.take(line);
+  return split(line, ',');
+}
+
+// A field of the line read last; kSubscript if the line has fewer.
 const std::string& field(const std::vector<std::string>& fields, std::size_t index,
-                         const TextReader& file) {
+                         const LineReader& file) {
   if (index < fields.size()) return fields[index];
-  throw Failure(kSubscript, "line " + std::to_string(file.lineNumber()) + " has too few fields");
+  file.fail(kSubscript, "the line has too few fields");
 }
 
 void resizePaintPictures(const Variablen& v, Deck& deck) {
@@ -81,22 +87,20 @@ void makeDefaultDefinition(Engine& engine) {
   v.matrixConfigured = true;
 }
 
-std::string readDefinitionHead(Engine& engine, TextReader& file) {
-  std::string name = file.readLine();
-  const std::vector<std::string> size = split(file.readLine(), ',');
-  engine.v.matrixCols = toInteger16(field(size, 0, file));
-  engine.v.matrixRows = toInteger16(field(size, 1, file));
-  return name;
+void readDefinitionSize(Engine& engine, LineReader& file) {
+  const std::vector<std::string> size = nextFields(file);
+  engine.v.matrixCols = file.integer16(field(size, 0, file));
+  engine.v.matrixRows = file.integer16(field(size, 1, file));
 }
 
-void readDefinitionCells(Engine& engine, TextReader& file) {
+void readDefinitionCells(Engine& engine, LineReader& file) {
   Variablen& v = engine.v;
   for (int col = 0; col < v.matrixCols; ++col) {
     for (int row = 0; row < v.matrixRows; ++row) {
-      const std::vector<std::string> codes = split(file.readLine(), ',');
+      const std::vector<std::string> codes = nextFields(file);
       for (int component = 0; component < 3; ++component) {
         v.channelMap.set(col, row, component,
-                         toInteger32(field(codes, static_cast<std::size_t>(component), file)));
+                         file.integer32(field(codes, static_cast<std::size_t>(component), file)));
       }
       v.cellConfigured.at(col, row) = true;
     }
@@ -120,8 +124,9 @@ void loadDefinitionAtStart(Engine& engine) {
   readProjectNames(engine);
   const std::string path = definitionFile(engine);
   if (!fileExists(path)) return makeDefaultDefinition(engine);
-  TextReader file(path);
-  engine.v.matrixName = readDefinitionHead(engine, file);
+  LineReader file(path, {});
+  file.take(engine.v.matrixName);
+  readDefinitionSize(engine, file);
   dimensionMatrix(engine);
   resizePaintPictures(engine);
   readDefinitionCells(engine, file);

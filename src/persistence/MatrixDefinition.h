@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "platform/TextFile.h"
+#include "persistence/RecordLines.h"
 #include "state/Engine.h"
 
 namespace korvane {
@@ -26,11 +26,11 @@ void resizePaintPictures(Engine& engine);
 /// The grid of a project without a definition: 12 by 12, channels counted up column by column.
 void makeDefaultDefinition(Engine& engine);
 
-/// The two head lines of a definition file: the name, and the size, which goes to `matrixCols` and
+/// The second line of a definition file, behind the name: the size, which goes to `matrixCols` and
 /// `matrixRows` as it stands.
-std::string readDefinitionHead(Engine& engine, TextReader& file);
+void readDefinitionSize(Engine& engine, LineReader& file);
 /// The lines of the cells, column by column; each cell read is marked as configured.
-void readDefinitionCells(Engine& engine, TextReader& file);
+void readDefinitionCells(Engine& engine, LineReader& file);
 /// Writes a whole definition file; one that it replaces is kept as NAME.bak.
 void writeDefinition(Engine& engine, const std::string& path, const std::string& name);
 

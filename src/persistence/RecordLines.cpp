@@ -126,7 +126,7 @@ void LineReader::fail(int number, const std::string& what) const {
 
 void LineReader::take(std::int16_t& value) { value = integer16(file_.readLine()); }
 
-void LineReader::take(std::int32_t& value) { value = converted(file_.readLine(), toInteger32); }
+void LineReader::take(std::int32_t& value) { value = integer32(file_.readLine()); }
 
 void LineReader::take(double& value) { value = converted(file_.readLine(), toReal); }
 
@@ -134,6 +134,10 @@ void LineReader::take(Boolean& value) { value = converted(file_.readLine(), toBo
 
 std::int16_t LineReader::integer16(const std::string& text) const {
   return converted(text, toInteger16);
+}
+
+std::int32_t LineReader::integer32(const std::string& text) const {
+  return converted(text, toInteger32);
 }
 
 void writeEffect(LineWriter& out, const Effect& effect, std::int16_t cols, std::int16_t rows) {

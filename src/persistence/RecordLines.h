@@ -27,9 +27,9 @@ class LineWriter {
   NumberFormat format_;
 };
 
-/// Takes the lines of a project file as values. kTypeMismatch for a line that does not convert,
-/// kOverflow for a number that the field can't hold, kPastEndOfFile for a missing line; each with
-/// the file and the line.
+/// Takes the lines of a project or definition file as values. kTypeMismatch for a line that does
+/// not convert, kOverflow for a number that the field can't hold, kPastEndOfFile for a missing
+/// line; each with the file and the line.
 class LineReader {
  public:
   /// As TextReader.
@@ -43,6 +43,7 @@ class LineReader {
   void take(Boolean& value);
   /// A part of the line read last, as a number.
   std::int16_t integer16(const std::string& text) const;
+  std::int32_t integer32(const std::string& text) const;
   /// Takes a line that nobody reads.
   void skip() { file_.readLine(); }
 

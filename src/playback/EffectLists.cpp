@@ -79,9 +79,12 @@ void clear_Click(Engine& engine, Deck& deck) {
 
 void copyMem_Click(Engine& engine, Deck& deck) {
   const Effect& effect = deck.effect();
-  engine.v.efxClipboard.name = effect.name;
-  engine.v.efxClipboard.type = effect.type;
-  copyEffectFields(effect, engine.v.efxClipboard);
+  Variablen& v = engine.v;
+  v.efxClipboard.name = effect.name;
+  v.efxClipboard.type = effect.type;
+  copyEffectFields(effect, v.efxClipboard);
+  // A picture that missed a change of the grid is copied in the size of the grid.
+  if (effect.type == kPaint) v.efxClipboard.paintPixels.resizeKeeping(v.matrixCols, v.matrixRows);
   // Copying on the right deck marks the source as edited, on the left it doesn't. Meant.
   if (deck.isB()) editedFlag(deck) = true;
 }

@@ -16,7 +16,7 @@ class EffectLists : public TestDecks {
 };
 KORVANE_BOTH_DECKS(EffectLists);
 
-class FadeLists : public TestPlugin {
+class AllLists : public TestPlugin {
  protected:
   void SetUp() override { ASSERT_TRUE(open()); }
 };
@@ -69,6 +69,15 @@ TEST_P(EffectLists, TheLastRowCanNotBeRemovedButTheWarningStillComes) {
             Texts{"more then 30 deleted effects in memory\nplease Save and Reload effects !"});
 }
 
+TEST_P(EffectLists, AfterAFirstWarningEveryPressOfARemoveButtonWarns) {
+  engine.v.efxXDeleted = 31;
+  for (int press = 0; press < 2; ++press) {
+    click(panel.remove);
+    click(plugin.matrixForm.removeX);
+    EXPECT_EQ(takeBoxes().size(), 2U);
+  }
+}
+
 TEST_P(EffectLists, RemovingNeedsTheMarkOfSelection) {
   add(2);
   pick(deck.efxList, 1);
@@ -111,7 +120,7 @@ TEST_P(EffectLists, RemovingStartsTheNextEffectOnlyIfItsTypeDiffers) {
   EXPECT_EQ(deck.frame.at(0, 0), (Rgb{9, 9, 9}));
 }
 
-TEST_F(FadeLists, ThirtyOneRemovalsOverAllListsBringTheWarningOnThe31st) {
+TEST_F(AllLists, ThirtyOneRemovalsOverAllListsBringTheWarningOnThe31st) {
   for (int i = 0; i < 31; ++i) {
     click(plugin.matrixForm.panelA.add);
     click(plugin.matrixForm.panelB.add);
@@ -223,6 +232,18 @@ TEST_P(EffectLists, APictureCopiedBeforeTheGridChangedKeepsItsOldBounds) {
   EXPECT_EQ(deck.efx[0].paintPixels.rows(), 12);
 }
 
+TEST_P(EffectLists, APictureThatMissedAChangeOfTheGridIsCopiedInTheGridsSize) {
+  choose(deck.type, kPaint);
+  const Color corner = deck.effect().paintPixels.at(11, 11);
+  v.matrixCols = 14;
+  v.matrixRows = 13;
+  EXPECT_TRUE(click(panel.copyMem));
+  EXPECT_EQ(v.efxClipboard.paintPixels.cols(), 14);
+  EXPECT_EQ(v.efxClipboard.paintPixels.rows(), 13);
+  EXPECT_EQ(v.efxClipboard.paintPixels.at(11, 11), corner);
+  EXPECT_EQ(deck.effect().paintPixels.cols(), 12);
+}
+
 TEST_P(EffectLists, OnlyTheRightDeckMarksTheSourceOfACopyAsEdited) {
   click(panel.copyMem);
   EXPECT_EQ(static_cast<bool>(deck.efxEdited[0]), deck.isB());
@@ -245,29 +266,28 @@ TEST_P(EffectLists, EditingCommitsOpenDialogsAndOpensTheOneOfTheType) {
   EXPECT_EQ(v.editDeck, deck.isB() ? 1 : 0);
 }
 
+TEST_P(EffectLists, TheBackupForCancelIsTakenBeforeOpenDialogsAreCommitted) {
+  click(panel.edit);
+  type(plugin.dialogs.color.myName, "typed");
+  click(panel.edit);
+  EXPECT_EQ(deck.effect().name, "typed");
+  EXPECT_EQ(deck.efxBackup.name, deck.isB() ? "new effect" : "");
+}
+
+TEST_P(EffectLists, AnOpenPaintDialogIsNotCommitted) {
+  choose(deck.type, kPaint);
+  click(panel.edit);
+  type(plugin.dialogs.paint.myName, "typed");
+  choose(deck.type, kColor);
+  click(panel.edit);
+  EXPECT_TRUE(plugin.dialogs.paint.visible());
+  EXPECT_EQ(deck.effect().name, "new effect");
+  EXPECT_FALSE(deck.efxEdited[0]);
+}
+
 TEST_P(EffectLists, ADoubleClickEdits) {
   event([&] { deck.efxList.doubleClick(0); });
   EXPECT_TRUE(plugin.dialogs.color.visible());
-}
-
-TEST_P(EffectLists, ColorChangeGetsSpeedThirtyAndKeepsItsAmount) {
-  deck.efx[0].amount = 77;
-  choose(deck.type, kColorChange);
-  EXPECT_EQ(deck.efx[0].speed, 30);
-  EXPECT_EQ(deck.efx[0].amount, 77);
-}
-
-TEST_P(EffectLists, ChoosingPaintKeepsAStillOfWhatTheDeckShowed) {
-  deck.frame.at(3, 4) = {10, 20, 30};
-  choose(deck.type, kPaint);
-  EXPECT_EQ(deck.efx[0].paintPixels.at(3, 4), rgb(10, 20, 30));
-  EXPECT_EQ(deck.frame.at(3, 4), (Rgb{10, 20, 30}));
-}
-
-TEST_P(EffectLists, ATypeThatDoesNotExistIsReportedInWords) {
-  deck.efx[0].type = 9;
-  EXPECT_TRUE(pick(deck.efxList, 0));
-  EXPECT_EQ(takeBoxes(), Texts{"Wert nicht erlaubt"});
 }
 
 TEST_P(EffectLists, SelectingStopsBothTimersAndReadsTheSlotOfTheRow) {
@@ -293,41 +313,6 @@ TEST_P(EffectLists, SelectingARowOfAnotherTypeRunsTheTypeHandlerToo) {
   EXPECT_EQ(takeCalls(), Texts{"UserInteraction"});
 }
 
-TEST_P(EffectLists, ChoosingTheSameTypeAgainIsNoEvent) {
-  takeCalls();
-  deck.timer1.enable();
-  choose(deck.type, kColor);
-  EXPECT_TRUE(deck.timer1.enabled());
-}
-
-TEST_P(EffectLists, OnlyTheLeftTypeListClearsTheBeatOfAnUnconfiguredScroll) {
-  deck.beatOn = true;
-  choose(deck.type, kColorScroll);
-  EXPECT_EQ(takeBoxes(), Texts{"ColorScroll not configured ! Please edit effect !"});
-  EXPECT_EQ(static_cast<bool>(deck.beatOn), deck.isB());
-  EXPECT_FALSE(deck.timer1.enabled());
-}
-
-TEST_P(EffectLists, OnlyTheLeftTypeListClearsTheBeatOfAScrollWithoutBeat) {
-  deck.efx[0].colorCount = 2;
-  deck.efx[0].colors = {1, 2, 0};
-  deck.efx[0].itemWidths = {1, 1, 0};
-  deck.beatOn = true;
-  choose(deck.type, kColorScroll);
-  EXPECT_EQ(static_cast<bool>(deck.beatOn), deck.isB());
-  EXPECT_TRUE(deck.timer1.enabled());
-  pick(deck.efxList, 0);
-  EXPECT_FALSE(deck.beatOn);
-}
-
-TEST_P(EffectLists, OnlyTheRightTypeListMakesRoomForAllWidths) {
-  deck.efx[0].colorCount = 2;
-  deck.efx[0].colors = {1, 2, 0};
-  deck.efx[0].itemWidths = {1, 1};
-  choose(deck.type, kColorScroll);
-  EXPECT_EQ(deck.efx[0].itemWidths.size(), deck.isB() ? 3U : 2U);
-}
-
 TEST_P(EffectLists, OnlyTheLeftEditMakesRoomForAllTimes) {
   choose(deck.type, kColorChange);
   deck.efx[0].colorCount = 3;
@@ -335,49 +320,6 @@ TEST_P(EffectLists, OnlyTheLeftEditMakesRoomForAllTimes) {
   deck.efx[0].itemTimes = {1.0, 2.0, 3.0};
   click(panel.edit);
   EXPECT_EQ(deck.efx[0].itemTimes.size(), deck.isB() ? 3U : 4U);
-}
-
-TEST_P(EffectLists, OnlyTheLeftListSetsTheStepIntervalOfAnImageFirst) {
-  choose(deck.type, kImage);
-  deck.efx[0].speed = 100;
-  deck.timer1.setInterval(777);
-  pick(deck.efxList, 0);
-  EXPECT_EQ(deck.timer1.interval(), deck.isB() ? 777 : 50);
-}
-
-TEST_P(EffectLists, OnlyTheLeftTypeListLeavesLetterMode) {
-  deck.efx[0].tickerLetter = 1;
-  choose(deck.type, kTicker);
-  EXPECT_EQ(deck.efx[0].tickerLetter, deck.isB() ? 1 : 0);
-}
-
-TEST_F(FadeLists, HaveTheSameLimitWithTheSameWords) {
-  for (int i = 0; i < 256; ++i) click(plugin.matrixForm.addX);
-  EXPECT_EQ(v.efxXCount, 256);
-  EXPECT_EQ(takeBoxes(), Texts{"more then 256 effects are not allowed !"});
-}
-
-TEST_F(FadeLists, RemovingShowsTheNewlySelectedFade) {
-  click(plugin.matrixForm.addX);
-  v.efxX[0] = {kAdd, "first", 5, 0};
-  pick(master.efxXList, 1);
-  type(master.fadeName, "second");
-  click(plugin.matrixForm.removeX);
-  EXPECT_EQ(v.selX, 0);
-  EXPECT_EQ(master.fadeType.index(), kAdd);
-  EXPECT_EQ(master.fadeName.text(), "first");
-  EXPECT_EQ(master.fadeTimeText.text(), "5.00");
-  EXPECT_EQ(v.fadeTime, 5);
-  EXPECT_EQ(v.efxXCount, 1);
-  EXPECT_EQ(v.efxXDeleted, 1);
-}
-
-TEST_F(FadeLists, MoveRowsWithoutTheirRecords) {
-  click(plugin.matrixForm.addX);
-  pick(master.efxXList, 1);
-  click(plugin.matrixForm.upX);
-  EXPECT_EQ(slots(master.efxXList), (Texts{"1", "0"}));
-  EXPECT_EQ(v.selX, 1);
 }
 
 }  // namespace

@@ -1,6 +1,5 @@
 #include "playback/MasterFade.h"
 
-#include "playback/FadeList.h"
 #include "testing/TestPlugin.h"
 
 namespace korvane {
@@ -11,6 +10,12 @@ using Texts = std::vector<std::string>;
 class MasterFade : public TestPlugin {
  protected:
   void SetUp() override { ASSERT_TRUE(open()); }
+
+  /// Number of output passes since the last time.
+  std::int64_t passes() {
+    const Texts calls = takeCalls();
+    return std::count(calls.begin(), calls.end(), "UserInteraction");
+  }
 
   void selectFade(std::int16_t fadeType, double seconds) {
     v.efxX[0] = {fadeType, "fade", seconds, rgb(10, 20, 30)};
@@ -65,10 +70,6 @@ TEST_F(MasterFade, TheCutButtonsSetTheSliderToItsEnds) {
 TEST_F(MasterFade, AMovedSliderMixesOncePerChangeAndACutOnceMore) {
   plugin.matrixForm.active.setValue(1);
   takeCalls();
-  const auto passes = [this] {
-    const Texts calls = takeCalls();
-    return std::count(calls.begin(), calls.end(), "UserInteraction");
-  };
   move(master.faderM, 10);
   EXPECT_EQ(passes(), 1);
   move(master.faderM, 10);
@@ -175,8 +176,7 @@ TEST_F(MasterFade, OnlyTheRefreshTimerMixesDuringAFadeOfShortSteps) {
   click(master.AutoFadeB);
   takeCalls();
   advance(1000);
-  const Texts calls = takeCalls();
-  EXPECT_EQ(std::count(calls.begin(), calls.end(), "UserInteraction"), 20);
+  EXPECT_EQ(passes(), 20);
 }
 
 TEST_F(MasterFade, AFadeOfLongStepsMixesAtItsStepsToo) {
@@ -186,8 +186,35 @@ TEST_F(MasterFade, AFadeOfLongStepsMixesAtItsStepsToo) {
   click(master.AutoFadeB);
   takeCalls();
   advance(1000);
-  const Texts calls = takeCalls();
-  EXPECT_EQ(std::count(calls.begin(), calls.end(), "UserInteraction"), 21);
+  EXPECT_EQ(passes(), 21);
+}
+
+TEST_F(MasterFade, TheEndOfAFadeMixesOnceMoreAndThenAllIsStill) {
+  move(master.faderM, -100);
+  selectFade(kCrossFade, 3);
+  plugin.matrixForm.active.setValue(1);
+  click(master.AutoFadeB);
+  advance(3050);
+  takeCalls();
+  advance(50);
+  EXPECT_EQ(passes(), 2);  // the last refresh, and the end
+  advance(1000);
+  EXPECT_EQ(passes(), 0);
+}
+
+TEST_F(MasterFade, AStartBeyondTheStepsOfTheNewFadeEndsAtTheFirstTick) {
+  selectFade(kCrossFade, 4);
+  click(master.AutoFadeA);
+  advance(10000);
+  EXPECT_EQ(v.fadeSteps, 50);
+  move(master.faderM, 0);
+  selectFade(kCrossFade, 1);
+  click(master.AutoFadeB);
+  EXPECT_EQ(v.fadeStep, 25);  // of 10
+  advance(100);
+  EXPECT_FALSE(v.fadeRunning);
+  EXPECT_EQ(v.masterValue, 1);
+  EXPECT_EQ(takeFailure(), 0);
 }
 
 TEST_F(MasterFade, RandomTowardsBFromBEndsAtTheFirstTick) {
@@ -198,6 +225,18 @@ TEST_F(MasterFade, RandomTowardsBFromBEndsAtTheFirstTick) {
   EXPECT_EQ(v.fadeSteps, 144);
   advance(20);
   EXPECT_FALSE(v.fadeRunning);
+}
+
+TEST_F(MasterFade, FromTheExactMiddleACellWiseFadeHasItsWayToEitherSide) {
+  for (std::int16_t type = kRandom; type <= kScrollRight; ++type) {
+    for (Button* button : {&master.AutoFadeA, &master.AutoFadeB}) {
+      move(master.faderM, 0);
+      selectFade(type, 3);
+      click(*button);
+      EXPECT_TRUE(v.fadeRunning);
+      EXPECT_EQ(v.fadeStep, 0) << kFadeTypeNames[static_cast<std::size_t>(type)];
+    }
+  }
 }
 
 TEST_F(MasterFade, RandomBringsEveryCellOnce) {
@@ -344,89 +383,11 @@ TEST_F(MasterFade, ChoosingATypeBreaksOffARunningFade) {
   EXPECT_EQ(v.fadeTypeNow, kAdd);
 }
 
-TEST_F(MasterFade, OnlyColorFadeShowsItsColour) {
-  selectFade(kColorFade, 3);
-  EXPECT_TRUE(master.MFadeColor.look().visible);
-  EXPECT_TRUE(master.FadeColorText.look().visible);
-  EXPECT_EQ(master.MFadeColor.backColor(), rgb(10, 20, 30));
-  choose(master.fadeType, kCrossFade);
-  EXPECT_FALSE(master.MFadeColor.look().visible);
-  EXPECT_EQ(master.MFadeColor.backColor(), rgb(0, 0, 0));
-}
-
-TEST_F(MasterFade, TheColourOfAColorFadeIsPickedInTheMixer) {
-  selectFade(kColorFade, 3);
-  event([&] { master.MFadeColor.click(); });
-  EXPECT_EQ(v.pickedColorBefore, rgb(10, 20, 30));
-  EXPECT_EQ(plugin.dialogs.mixer.Sgreen.value(), 20);
-  move(plugin.dialogs.mixer.Sred, 200);
-  click(plugin.dialogs.mixer.Bok);
-  EXPECT_EQ(master.MFadeColor.backColor(), rgb(200, 20, 30));
-  EXPECT_EQ(v.efxX[0].color, rgb(200, 20, 30));
-}
-
 TEST_F(MasterFade, AStartedFadeOverridesTheChosenFrameRate) {
   choose(master.fps, 5);
   EXPECT_EQ(master.timerM2.interval(), 33);
   click(master.AutoFadeB);
   EXPECT_EQ(master.timerM2.interval(), 50);
-}
-
-class FadeTime : public MasterFade {};
-
-TEST_F(FadeTime, TakesZeroToEightHundredAndRewritesTheBox) {
-  for (const auto& [typed, shown] : {std::pair("0", "0.00"), std::pair("800", "800.00"),
-                                     std::pair("0.2", "0.20"), std::pair(" 4 ", "4.00")}) {
-    type(master.fadeTimeText, typed);
-    EXPECT_EQ(master.fadeTimeText.text(), shown);
-    EXPECT_EQ(v.efxX[0].time, v.fadeTime);
-  }
-  EXPECT_EQ(v.fadeTime, 4);
-  EXPECT_EQ(takeBoxes(), Texts{});
-}
-
-TEST_F(FadeTime, ATimeOfTwoTenthsPassesWithoutAWord) {
-  type(master.fadeTimeText, "0.2");
-  EXPECT_EQ(v.fadeTime, 0.2);
-  EXPECT_EQ(takeBoxes(), Texts{});
-}
-
-TEST_F(FadeTime, RefusesWhatIsNoNumber) {
-  type(master.fadeTimeText, "soon");
-  EXPECT_EQ(takeBoxes(), Texts{"Fade time must be numeric"});
-  EXPECT_EQ(master.fadeTimeText.text(), "3.00");
-  EXPECT_EQ(v.fadeTime, 3);
-}
-
-TEST_F(FadeTime, RefusesWhatIsOutsideItsRange) {
-  for (const char* typed : {"801", "-1", "1e9"}) {
-    type(master.fadeTimeText, "5");
-    type(master.fadeTimeText, typed);
-    EXPECT_EQ(takeBoxes(), Texts{"Fade time must be between 0.5 and 800 seconds"});
-    EXPECT_EQ(master.fadeTimeText.text(), "3.00");
-    EXPECT_EQ(v.efxX[0].time, 3);
-  }
-}
-
-TEST_F(FadeTime, UsesTheLocalesSeparators) {
-  platform.format = {',', '.'};
-  type(master.fadeTimeText, "2,5");
-  EXPECT_EQ(master.fadeTimeText.text(), "2,50");
-  EXPECT_EQ(v.fadeTime, 2.5);
-}
-
-TEST_F(FadeTime, AFadeOfNoTimeNeverTicks) {
-  type(master.fadeTimeText, "0");
-  click(master.AutoFadeB);
-  EXPECT_EQ(master.timerM.interval(), 0);
-  advance(1000);
-  EXPECT_TRUE(v.fadeRunning);
-}
-
-TEST_F(MasterFade, TheNameGoesToTheRecordAndTheRow) {
-  type(master.fadeName, "slow");
-  EXPECT_EQ(v.efxX[0].name, "slow");
-  EXPECT_EQ(texts(master.efxXList), Texts{"slow"});
 }
 
 }  // namespace

@@ -64,6 +64,14 @@ TEST_F(MainWindow, CheckingDMXSendsTheWholeFrameOnceAndUncheckingNothing) {
   EXPECT_EQ(takeCalls(), Texts{"UserInteraction"});
 }
 
+TEST_F(MainWindow, CheckingDMXSendsWithoutAMix) {
+  ASSERT_TRUE(open());
+  v.frameA.fill({0, 0, 0});
+  event([&] { form.active.setValue(1); });
+  EXPECT_EQ(v.frameM.at(0, 0), (Rgb{127, 0, 127}));
+  EXPECT_EQ(v.frameSent.at(0, 0), (Rgb{127, 0, 127}));
+}
+
 TEST_F(MainWindow, ActivatingMixesOnce) {
   ASSERT_TRUE(open());
   event([&] { form.active.setValue(1); });
@@ -104,6 +112,23 @@ TEST_F(MainWindow, CloseallStopsDecksAndOutputAndKeepsTheData) {
   EXPECT_FALSE(v.simActive);
 }
 
+TEST_F(MainWindow, CloseallHidesSomeDialogsAndLeavesTheOthers) {
+  ASSERT_TRUE(open());
+  for (Form* window : engine.desktop.forms()) {
+    if (window != engine.desktop.find("MatrixConfDetail")) {
+      event([&] { engine.desktop.show(*window); });
+    }
+  }
+  event([&] { engine.desktop.show(form); });
+  click(form.Closeall);
+  Texts left;
+  for (const Form* window : engine.desktop.forms()) {
+    if (window->visible()) left.push_back(window->name());
+  }
+  EXPECT_EQ(left, (Texts{"MxPaintForm", "MxWater", "MxTickerForm", "MxImageList", "MatrixConf",
+                         "quickConf", "MxSimForm", "MatrixHelp", "MatrixConfigHelp"}));
+}
+
 TEST_F(MainWindow, ReopeningAfterCloseallShowsTheSamePictureAndSendsNothing) {
   ASSERT_TRUE(open());
   choose(v.A.type, kGradient);
@@ -132,12 +157,111 @@ TEST_F(MainWindow, AskToSaveIsAlwaysYesWithoutAQuestion) {
   EXPECT_EQ(takeBoxes(), Texts{});
 }
 
-TEST_F(MainWindow, ViewModeTwoIsWide) {
-  form.ITharnTool_ViewMode(2);
-  EXPECT_EQ(form.width(), 8200);
-  EXPECT_EQ(v.viewMode, 2);
-  form.ITharnTool_ViewMode(1);
-  EXPECT_EQ(form.width(), 6550);
+TEST_F(MainWindow, OnlyViewModeTwoIsWide) {
+  for (const std::int32_t mode : {1, 0, 3, -2}) {
+    form.ITharnTool_ViewMode(2);
+    EXPECT_EQ(form.width(), 8200);
+    EXPECT_EQ(v.viewMode, 2);
+    form.ITharnTool_ViewMode(mode);
+    EXPECT_EQ(form.width(), 6550) << mode;
+    EXPECT_EQ(v.viewMode, mode);
+  }
+}
+
+// Each control with its kind and the text that it is known by: its caption or, where it shows a
+// picture or a value, its tool tip. Texts that are ours to choose are left out.
+TEST_F(MainWindow, ControlsHaveTheirKindsAndTexts) {
+  struct Row {
+    const char* name;
+    Kind kind;
+    const char* caption;
+    const char* toolTip;
+  };
+  const char* const free = nullptr;
+  const char* const copy = "Copy selected memory effect to clipboard";
+  const char* const paste = "Paste effect from clipboard on selected memory";
+  const std::vector<Row> rows = {{"FrameA", Kind::Group, "Left Effect", free},
+                                 {"FrameB", Kind::Group, "Right Effect", free},
+                                 {"efxAList", Kind::ListView, free, free},
+                                 {"efxBList", Kind::ListView, free, free},
+                                 {"typeA", Kind::ListBox, free, free},
+                                 {"typeB", Kind::ListBox, free, free},
+                                 {"addA", Kind::PictureButton, free, free},
+                                 {"addB", Kind::PictureButton, free, free},
+                                 {"removeA", Kind::PictureButton, free, free},
+                                 {"removeB", Kind::PictureButton, free, free},
+                                 {"upA", Kind::PictureButton, free, free},
+                                 {"upB", Kind::PictureButton, free, free},
+                                 {"downA", Kind::PictureButton, free, free},
+                                 {"downB", Kind::PictureButton, free, free},
+                                 {"editA", Kind::Button, "Edit", free},
+                                 {"editB", Kind::Button, "Edit ...", free},
+                                 {"clearA", Kind::Button, "Clear", free},
+                                 {"clearB", Kind::Button, "Clear", free},
+                                 {"copyMemA", Kind::PictureButton, free, copy},
+                                 {"copyMemB", Kind::PictureButton, free, copy},
+                                 {"pasteMemA", Kind::PictureButton, free, paste},
+                                 {"pasteMemB", Kind::PictureButton, free, paste},
+                                 {"PB_A", Kind::PictureBox, free, free},
+                                 {"PB_B", Kind::PictureBox, free, free},
+                                 {"PB_M", Kind::PictureBox, free, free},
+                                 {"miniA", Kind::PictureBox, free, free},
+                                 {"imageB", Kind::PictureBox, free, free},
+                                 {"FrameM", Kind::Group, "Main Matrix - Output Matrix", free},
+                                 {"faderM", Kind::Slider, free, free},
+                                 {"fadeA", Kind::Button, free, "sets left effect active"},
+                                 {"fadeB", Kind::Button, free, "sets right effect active"},
+                                 {"AutoFadeA", Kind::Button, free, "fade to the left"},
+                                 {"AutoFadeB", Kind::Button, free, "fade to the right"},
+                                 {"FrameX", Kind::Group, "Fade Effect List", free},
+                                 {"efxXList", Kind::ListView, free, free},
+                                 {"addX", Kind::PictureButton, free, free},
+                                 {"FrameXX", Kind::Group, "Fade Effect", free},
+                                 {"fadeName", Kind::TextBox, free, free},
+                                 {"fadeType", Kind::ListBox, free, free},
+                                 {"Label1", Kind::Label, "Time : ", free},
+                                 {"fadeTimeText", Kind::TextBox, free, "fade time in seconds"},
+                                 {"FadeColorText", Kind::Label, "Color : ", free},
+                                 {"MFadeColor", Kind::ColorBox, free, "edits color for color fade"},
+                                 {"FrameG", Kind::Group, "Main Functions", free},
+                                 {"Label2", Kind::Label, "FPS:", free},
+                                 {"fps", Kind::ListBox, free, free},
+                                 {"active", Kind::CheckBox, "DMX", free},
+                                 {"mxsim_active", Kind::CheckBox, "MxSim", free},
+                                 {"save", Kind::PictureButton, free, "Save Effects"},
+                                 {"load", Kind::PictureButton, free, "Load Effects"},
+                                 {"help", Kind::PictureButton, free, "Help"},
+                                 {"Closeall", Kind::PictureButton, free, free}};
+  EXPECT_EQ(form.caption(), "Korvane");
+  for (const Row& row : rows) {
+    const Control* control = form.find(row.name);
+    ASSERT_NE(control, nullptr) << row.name;
+    EXPECT_EQ(control->kind(), row.kind) << row.name;
+    EXPECT_TRUE(row.caption == free || control->look().caption == row.caption) << row.name;
+    EXPECT_TRUE(row.toolTip == free || control->look().toolTip == row.toolTip) << row.name;
+  }
+  EXPECT_EQ(master.faderM.min(), -100);
+  EXPECT_EQ(master.faderM.max(), 100);
+}
+
+TEST_F(MainWindow, ListsHaveTheirColumnsAndEntries) {
+  ASSERT_TRUE(open());
+  const Texts types = {"Color",        "Gradient", "Paint", "Image", "Color Change",
+                       "Color Scroll", "Fire",     "Fluid", "Ticker"};
+  EXPECT_EQ(v.A.type.items(), types);
+  EXPECT_EQ(v.B.type.items(), types);
+  EXPECT_EQ(master.fadeType.items(),
+            (Texts{"CrossFade", "BlackFade", "ColorFade", "Random", "Flow Down", "Fill up",
+                   "Scroll Up", "Scroll Down", "Scroll Left", "Scroll Right", "Add"}));
+  EXPECT_EQ(master.fps.items(), (Texts{"5", "10", "15", "20", "25", "30"}));
+  const std::pair<const ListView*, const char*> lists[] = {
+      {&v.A.efxList, "efxA"}, {&v.B.efxList, "efxB"}, {&master.efxXList, "efxX"}};
+  for (const auto& [list, slots] : lists) {
+    ASSERT_EQ(list->columns().size(), 2U);
+    EXPECT_EQ(list->columns()[0].title, "Name");
+    EXPECT_EQ(list->columns()[0].width, 5.0 / 6);
+    EXPECT_EQ(list->columns()[1].title, slots);
+  }
 }
 
 TEST_F(MainWindow, EveryControlHasItsOwnNameAndAToolTipUnlessItIsATitle) {

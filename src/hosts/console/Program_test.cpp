@@ -233,6 +233,21 @@ TEST_F(Program, TakesGarbageAndVeryLongLines) {
   EXPECT_EQ(result.replies[4], R"({"ok":true,"now":0})");
 }
 
+TEST_F(Program, LoadsTheProjectThatItSaved) {
+  const Result result =
+      run("--decimal point",
+          "set MatrixForm.typeA 1\nclick MatrixForm.editA\nset MxGradientForm.myName ramp\n"
+          "click MxGradientForm.OK\npick MatrixForm.efxAList 0\npick MatrixForm.efxBList 0\n"
+          "pick MatrixForm.efxXList 0\nanswer show.Korvane\n"
+          "click MatrixForm.save\nset MatrixForm.typeA 0\nanswer show.Korvane\n"
+          "click MatrixForm.load\nboxes\nget MatrixForm.typeA\n");
+  EXPECT_EQ(result.status, 0) << result.complaint;
+  ASSERT_EQ(result.replies.size(), 14U);
+  EXPECT_EQ(result.replies[12],
+            R"({"ok":true,"boxes":["Matrix Project saved","Matrix Project loaded"]})");
+  EXPECT_THAT(result.replies[13], HasSubstr(R"("text":"Gradient")"));
+}
+
 /// A receiver on this machine.
 class Receiver {
  public:

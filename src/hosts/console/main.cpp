@@ -11,8 +11,8 @@
 #include "hosts/common/WallClock.h"
 #include "hosts/console/ConsoleHost.h"
 #include "hosts/console/ConsolePlatform.h"
+#include "hosts/console/InputLines.h"
 #include "hosts/console/Interpreter.h"
-#include "hosts/console/LineReader.h"
 #include "hosts/console/Operations.h"
 #include "hosts/console/Options.h"
 #include "hosts/network/NetworkOutput.h"
@@ -109,18 +109,18 @@ bool Desk::perform(const std::string& line) {
 }
 
 ExitStatus Desk::run(int descriptor) {
-  LineReader reader(descriptor);
+  InputLines lines(descriptor);
   const TimerQueue::Gate gate = [this](const std::function<void()>& tick) { background(tick); };
   std::string line;
   for (bool more = true; more;) {
-    const LineReader::Found found = reader.next(line, realClock_ ? clock_.untilNext() : -1);
-    if (found == LineReader::Found::Error) {
+    const InputLines::Found found = lines.next(line, realClock_ ? clock_.untilNext() : -1);
+    if (found == InputLines::Found::Error) {
       complain(std::string("the commands can't be read: ") + std::strerror(errno));
       return kUnreadableScript;
     }
     if (realClock_) clock_.pass(gate);
-    if (found == LineReader::Found::Line) more = perform(line);
-    if (found == LineReader::Found::End) more = false;
+    if (found == InputLines::Found::Line) more = perform(line);
+    if (found == InputLines::Found::End) more = false;
   }
   return interpreter_.allOk() && std::cout.good() ? kAllOk : kNotAllOk;
 }

@@ -4,7 +4,7 @@
 #include <cerrno>
 #include <utility>
 
-#include "hosts/console/LineReader.h"
+#include "hosts/console/InputLines.h"
 
 namespace korvane {
 namespace {
@@ -13,7 +13,7 @@ constexpr std::size_t kPiece = 65536;
 
 }  // namespace
 
-bool LineReader::take(std::string& line) {
+bool InputLines::take(std::string& line) {
   const std::size_t end = buffer_.find('\n', searched_);
   if (end == std::string::npos) {
     buffer_.erase(0, begin_);
@@ -26,7 +26,7 @@ bool LineReader::take(std::string& line) {
   return true;
 }
 
-LineReader::Found LineReader::next(std::string& line, int timeout) {
+InputLines::Found InputLines::next(std::string& line, int timeout) {
   if (take(line)) return Found::Line;
   if (ended_) {
     line = std::exchange(buffer_, {});

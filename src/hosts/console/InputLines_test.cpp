@@ -1,4 +1,4 @@
-#include "hosts/console/LineReader.h"
+#include "hosts/console/InputLines.h"
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
@@ -10,7 +10,7 @@
 namespace korvane {
 namespace {
 
-using Found = LineReader::Found;
+using Found = InputLines::Found;
 
 class Lines : public testing::Test {
  protected:
@@ -40,7 +40,7 @@ class Lines : public testing::Test {
   }
 
   std::array<int, 2> ends = makePipe();
-  LineReader reader{ends[0]};
+  InputLines reader{ends[0]};
 };
 
 TEST_F(Lines, ComeOneByOne) {
@@ -92,7 +92,7 @@ TEST_F(Lines, MayBeVeryLong) {
 
 TEST_F(Lines, WhatCanNotBeReadIsAnError) {
   const int folder = open(".", O_RDONLY | O_CLOEXEC);
-  LineReader ofFolder(folder);
+  InputLines ofFolder(folder);
   std::string line;
   EXPECT_EQ(ofFolder.next(line, 0), Found::Error);
   close(folder);

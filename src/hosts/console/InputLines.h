@@ -5,11 +5,11 @@
 namespace korvane {
 
 /// Lines from a file descriptor, whole however they arrive; the last one may lack its line end.
-class LineReader {
+class InputLines {
  public:
   enum class Found { Line, Nothing, End, Error };
 
-  explicit LineReader(int descriptor) : descriptor_(descriptor) {}
+  explicit InputLines(int descriptor) : descriptor_(descriptor) {}
 
   /// The next line. If none is complete, waits at most so many milliseconds (-1: for ever) for more
   /// of it; nothing if that is still no whole line.
