@@ -9,7 +9,6 @@
 #include <QTimer>
 
 #include "platform/HeadlessPlatform.h"
-#include "views/qt/windows/DesktopView.h"
 #include "views/qt/windows/Theme.h"
 
 namespace korvane {
@@ -18,7 +17,6 @@ namespace {
 class Desk : public testing::Test {
  protected:
   Desk() {
-    plugin.plugIn.ITharnPlugin_Init("desk", "korvane", host);
     desk.show();
     desk.openTool();
   }
@@ -38,11 +36,11 @@ class Desk : public testing::Test {
 
   HeadlessPlatform platform;
   NetworkOutput output{"korvane-tests"};
-  DeskHost host{"/nowhere/show", output};
-  Plugin plugin{platform};
-  EventGate gate{platform, plugin.engine.timers};
-  DesktopView view{plugin.engine.desktop, gate, plugin.matrixForm};
-  DeskWindow desk{plugin, host, output, gate};
+  DeskWindow desk{platform, output, "/nowhere/show", {}};
+  DeskHost& host = desk.session().host;
+  Plugin& plugin = desk.session().plugin;
+  EventGate& gate = desk.session().gate;
+  DesktopView& view = desk.session().view;
 };
 
 TEST_F(Desk, OpensTheToolAndOpensItAgainAfterItsClose) {
@@ -90,6 +88,7 @@ TEST_F(Desk, AShortcutWorksInTheToolWindowAsWell) {
   tool.activateWindow();
   ASSERT_TRUE(QTest::qWaitFor([&] { return QApplication::activeWindow() == &tool; }, 2000));
   QTest::keyClick(&tool, Qt::Key_F10);
+  QTest::qWait(0);
   EXPECT_EQ(platform.boxes, (std::vector<std::string>{"Blackout"}));
 }
 
