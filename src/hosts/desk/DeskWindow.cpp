@@ -36,6 +36,10 @@ DeskWindow::DeskWindow(Platform& platform, NetworkOutput& output, const std::str
   layout->addWidget(makeCommands());
   layout->addWidget(outputPanel_);
   layout->addWidget(makeMonitor(), 1);
+  bindKey("F4", [this] {
+    raise();
+    activateWindow();
+  });
   showProject();
 }
 
@@ -92,11 +96,15 @@ QPushButton* DeskWindow::makeButton(const Command& command) {
   button->setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Fixed);
   button->setToolTip(QString("%1 (%2)").arg(command.toolTip, command.key));
   connect(button, &QPushButton::clicked, this, command.run);
-  auto* shortcut = new QShortcut(QKeySequence(command.key), this);
-  shortcut->setContext(Qt::ApplicationShortcut);
-  // The key's own event is done first: its window may go with the show.
-  connect(shortcut, &QShortcut::activated, this, command.run, Qt::QueuedConnection);
+  bindKey(command.key, command.run);
   return button;
+}
+
+// The key's own event is done first: its window may go with the show.
+void DeskWindow::bindKey(const char* key, const std::function<void()>& run) {
+  auto* shortcut = new QShortcut(QKeySequence(key), this);
+  shortcut->setContext(Qt::ApplicationShortcut);
+  connect(shortcut, &QShortcut::activated, this, run, Qt::QueuedConnection);
 }
 
 QWidget* DeskWindow::makeShows(const QList<Example>& examples) {

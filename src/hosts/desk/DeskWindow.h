@@ -37,10 +37,12 @@ class DeskWindow : public QWidget {
   struct Command {
     const char* caption;
     const char* toolTip;
-    const char* key;  // shortcut in all windows of the program
+    const char* key;
     std::function<void()> run;
   };
 
+  /// In all windows of the program.
+  void bindKey(const char* key, const std::function<void()>& run);
   QPushButton* makeButton(const Command& command);
   QWidget* makeShows(const QList<Example>& examples);
   QWidget* makeCommands();

@@ -92,6 +92,14 @@ TEST_F(Desk, AShortcutWorksInTheToolWindowAsWell) {
   EXPECT_EQ(platform.boxes, (std::vector<std::string>{"Blackout"}));
 }
 
+TEST_F(Desk, AKeyBringsItToTheFrontOfTheToolWindow) {
+  FormWindow& tool = view.window(plugin.matrixForm);
+  tool.activateWindow();
+  ASSERT_TRUE(QTest::qWaitFor([&] { return QApplication::activeWindow() == &tool; }, 2000));
+  QTest::keyClick(&tool, Qt::Key_F4);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return QApplication::activeWindow() == &desk; }, 2000));
+}
+
 TEST_F(Desk, LevelsOfTheMixReachTheHost) {
   gate.run([this] { plugin.engine.v.channelMap.set(0, 0, 0, 17); });
   gate.run([this] { plugin.matrixForm.active.setValue(1); });

@@ -2,6 +2,7 @@
 
 #include <QHBoxLayout>
 #include <QSignalBlocker>
+#include <QVBoxLayout>
 #include <stdexcept>
 
 namespace korvane {
@@ -44,8 +45,12 @@ void OutputPanel::declareFields() {
   address_->setToolTip("address of one receiver, such as 192.168.1.20; empty: all receivers");
   status_->setToolTip("where the levels go, and the last error of the network");
   status_->setTextFormat(Qt::PlainText);
-  status_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-  auto* line = new QHBoxLayout(this);
+  status_->setWordWrap(true);
+  status_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  auto* layout = new QVBoxLayout(this);
+  auto* line = new QHBoxLayout;
+  layout->addLayout(line);
+  layout->addWidget(status_);
   line->addWidget(protocol_);
   line->addSpacing(8);
   line->addWidget(new QLabel("Universe", this));
@@ -53,8 +58,7 @@ void OutputPanel::declareFields() {
   line->addSpacing(8);
   line->addWidget(new QLabel("Address", this));
   line->addWidget(address_);
-  line->addSpacing(16);
-  line->addWidget(status_, 1);
+  line->addStretch(1);
 }
 
 const Protocol* OutputPanel::chosen() const {
