@@ -149,7 +149,7 @@ QWidget* DeskWindow::makeMonitor() {
 
 // The lamps would lose their light with the desk, so a running output is not ended by the way.
 void DeskWindow::closeEvent(QCloseEvent* event) {
-  if (session_->plugin.engine.v.outputActive) {
+  if (session_->plugin.engine.v.outputActive && outputPanel_->sending()) {
     const auto answer = QMessageBox::question(
         this, "Korvane", "The matrix is sending to the lamps. Close the desk all the same?");
     if (answer != QMessageBox::Yes) return event->ignore();

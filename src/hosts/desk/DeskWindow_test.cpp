@@ -108,13 +108,13 @@ TEST_F(Desk, LevelsOfTheMixReachTheHost) {
 }
 
 TEST_F(Desk, TheOutputStartsTellsItsStateAndStops) {
-  EXPECT_EQ(status(), "off");
+  EXPECT_EQ(status(), "Nothing is sent.");
   desk.outputPanel().use(parseOutputTarget("artnet:3@127.0.0.1"));
   EXPECT_TRUE(status().startsWith("Art-Net universe 3 to 127.0.0.1:6454")) << qPrintable(status());
   auto& protocol = *desk.outputPanel().findChild<QComboBox*>();
   protocol.setFocus();
   QTest::keyClick(&protocol, Qt::Key_Home);
-  EXPECT_EQ(status(), "off");
+  EXPECT_EQ(status(), "Nothing is sent.");
 }
 
 TEST_F(Desk, AWrongAddressIsToldAndMended) {
@@ -132,7 +132,14 @@ TEST_F(Desk, AWrongAddressIsToldAndMended) {
   EXPECT_TRUE(status().startsWith("sACN universe 1 to 127.0.0.1:5568")) << qPrintable(status());
 }
 
+TEST_F(Desk, ClosesAtOnceIfNoLampWouldLoseItsLight) {
+  gate.run([this] { plugin.matrixForm.active.setValue(1); });
+  desk.close();
+  EXPECT_FALSE(desk.isVisible());
+}
+
 TEST_F(Desk, ARunningOutputIsNotEndedByTheWay) {
+  desk.outputPanel().use(parseOutputTarget("sacn:1@127.0.0.1"));
   gate.run([this] { plugin.matrixForm.active.setValue(1); });
   QString question;
   QTimer::singleShot(0, [&question] {

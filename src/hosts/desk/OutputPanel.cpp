@@ -112,7 +112,9 @@ void OutputPanel::use(const OutputTarget& target) {
 }
 
 void OutputPanel::showStatus() {
-  status_->setText(complaint_.isEmpty() ? toQString(output_.status()) : complaint_);
+  const bool off = applied_.isEmpty();
+  const QString fares = off ? "Nothing is sent." : toQString(output_.status());
+  status_->setText(complaint_.isEmpty() ? fares : complaint_);
 }
 
 }  // namespace korvane

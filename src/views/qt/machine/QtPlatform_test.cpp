@@ -5,6 +5,7 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QFileDialog>
+#include <QLabel>
 #include <QLineEdit>
 #include <QLocale>
 #include <QTest>
@@ -65,6 +66,23 @@ TEST(QtPlatform, AMessageWaitsForItsOk) {
   });
   platform.messageBox("Blackout");
   EXPECT_EQ(seen, "Blackout");
+}
+
+TEST(QtPlatform, AMessageIsReadWhole) {
+  QtPlatform platform;
+  platform.failed(
+      Failure(kTypeMismatch, "/some/folder/of/shows/summer tour.Korvane, line 7: 'A0'"));
+  ASSERT_EQ(shown<QMessageBox>().size(), 1U);
+  QMessageBox& box = *shown<QMessageBox>()[0];
+  const auto* label = box.findChild<QLabel*>("qt_msgbox_label");
+  ASSERT_NE(label, nullptr);
+  const QRect room(0, 0, label->width(), 1000);
+  const int flags = label->wordWrap() ? Qt::TextWordWrap : Qt::TextSingleLine;
+  const QRect needed = label->fontMetrics().boundingRect(room, flags, label->text());
+  EXPECT_LE(needed.width(), label->width());
+  EXPECT_LE(needed.height(), label->height());
+  box.close();
+  QTest::qWait(0);
 }
 
 TEST(QtPlatform, AFileDialogAnswersThePathWithTheDefaultEnding) {

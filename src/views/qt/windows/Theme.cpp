@@ -91,7 +91,6 @@ QSlider::handle:focus { background: {accent}; }
 QSlider::handle:disabled { background: {disabled}; }
 QSlider:focus { border: 1px solid {accent}; border-radius: 5px; }
 QLabel#number { color: {quiet}; }
-QLabel#qt_msgbox_label { min-width: 240px; }
 QDialogButtonBox { dialogbuttonbox-buttons-have-icons: 0; }
 QDialogButtonBox QPushButton { min-width: 64px; }
 )";
