@@ -151,7 +151,8 @@ QWidget* DeskWindow::makeMonitor() {
 void DeskWindow::closeEvent(QCloseEvent* event) {
   if (session_->plugin.engine.v.outputActive && outputPanel_->sending()) {
     const auto answer = QMessageBox::question(
-        this, "Korvane", "The matrix is sending to the lamps. Close the desk all the same?");
+        this, "Korvane", "The matrix is sending to the lamps. Close the desk all the same?",
+        QMessageBox::Yes | QMessageBox::No, QMessageBox::No);
     if (answer != QMessageBox::Yes) return event->ignore();
   }
   if (!mayLeaveShow()) return event->ignore();

@@ -85,22 +85,33 @@ TEST(QtPlatform, AMessageIsReadWhole) {
   QTest::qWait(0);
 }
 
-TEST(QtPlatform, AFileDialogAnswersThePathWithTheDefaultEnding) {
+TEST(QtPlatform, AFileDialogAnswersThePathWithAnEnding) {
+  struct Case {
+    const char* extension;
+    const char* typed;
+    const char* answered;
+  };
+  const Case cases[] = {{"Korvane", "no-such-show", "no-such-show.Korvane"},
+                        {"xml", "no-such-show", "no-such-show.xml"},
+                        {"", "no-such-show", "no-such-show.Korvane"},
+                        {"", "no-such.show", "no-such.show"}};
   QtPlatform platform;
   const QString folder = QDir::tempPath();
-  QTimer::singleShot(0, [&] {
-    for (QFileDialog* dialog : shown<QFileDialog>()) {
-      dialog->findChild<QLineEdit*>("fileNameEdit")->setText("korvane-no-such-show");
-      QMetaObject::invokeMethod(dialog, "accept");
-    }
-  });
-  const auto path = platform.askFile({.purpose = FileQuestion::Purpose::Save,
-                                      .title = "Save",
-                                      .filter = "Show (*.Korvane)|*.Korvane",
-                                      .initialDirectory = folder.toStdString(),
-                                      .defaultExtension = "Korvane"});
-  ASSERT_TRUE(path.has_value());
-  EXPECT_EQ(*path, QDir(folder).filePath("korvane-no-such-show.Korvane").toStdString());
+  for (const auto& [extension, typed, answered] : cases) {
+    QTimer::singleShot(0, [name = typed] {
+      for (QFileDialog* dialog : shown<QFileDialog>()) {
+        dialog->findChild<QLineEdit*>("fileNameEdit")->setText(name);
+        QMetaObject::invokeMethod(dialog, "accept");
+      }
+    });
+    const auto path = platform.askFile({.purpose = FileQuestion::Purpose::Save,
+                                        .title = "Save",
+                                        .filter = "Show (*.Korvane)|*.Korvane",
+                                        .initialDirectory = folder.toStdString(),
+                                        .defaultExtension = extension});
+    ASSERT_TRUE(path.has_value());
+    EXPECT_EQ(*path, QDir(folder).filePath(answered).toStdString());
+  }
 }
 
 TEST(QtPlatform, ACancelledFileDialogAnswersNothing) {
