@@ -48,6 +48,9 @@ DeskSession::~DeskSession() {
 bool DeskSession::load(const std::string& show) {
   const bool loaded = gate.run([this, &show] {
     plugin.matrixForm.Form::load();
+    plugin.matrixForm.panelA.clear
+        .click();  // the lamps must not flash in the colours of a new list
+    plugin.matrixForm.panelB.clear.click();
     openProject(plugin.engine, show);
   });
   keepAll();

@@ -39,6 +39,7 @@ void OutputPanel::declareFields() {
   for (const Protocol& protocol : protocols()) protocol_->addItem(toQString(protocol.name));
   protocol_->setToolTip("how the levels are sent to the lamps");
   universe_->setKeyboardTracking(false);
+  universe_->setButtonSymbols(QAbstractSpinBox::NoButtons);
   universe_->setFixedWidth(kUniverseWidth);
   universe_->setToolTip("number of the universe that carries the 512 channels");
   address_->setFixedWidth(kAddressWidth);

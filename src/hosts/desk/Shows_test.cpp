@@ -177,6 +177,16 @@ TEST_F(Shows, TheOutputGoesOnAndTheChannelsOfTheOldShowGoToZero) {
   EXPECT_EQ(desk.session().host.level(2), v().frameM.at(0, 0)[0]);
 }
 
+TEST_F(Shows, AScrollBeginsOnDarkLamps) {
+  press("Club night");
+  int lit = 0;
+  for (int row = 0; row < v().matrixRows; ++row) {
+    for (int col = 0; col < v().matrixCols; ++col) lit += rgb(v().frameA.at(col, row)) != 0 ? 1 : 0;
+  }
+  EXPECT_EQ(v().A.effect().type, kColorScroll);
+  EXPECT_LE(lit, 1) << "before its first step";
+}
+
 TEST_F(Shows, AFileThatIsNoShowLeavesThePresentOne) {
   press("Fire wall");
   check(plugin().matrixForm.active);
