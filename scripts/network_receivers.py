@@ -110,6 +110,11 @@ class Capture:
         *whole, _ = self.output.read_text().split("\n")
         return [line.split("\t") for line in whole]
 
+    def packets(self):
+        """The packets that were captured so far and understood."""
+        lines = (line for line in self.lines() if line[2] != str(MARK_PORT))
+        return [packet for packet in map(decoded, lines) if packet]
+
     def mark(self):
         """Sends marks to both networks until new ones have been captured: all before them is."""
         self.marks += 1

@@ -230,6 +230,7 @@ void MatrixConf::loadFile() {
   engine_.v.matrixConfigured = true;
   engine_.platform.messageBox("Configuration loaded !");
   engine_.v.configChanged = false;
+  if (onKept) onKept();
 }
 
 void MatrixConf::saveFile() {
@@ -242,6 +243,7 @@ void MatrixConf::saveFile() {
                                     .initialDirectory = engine_.v.projectDirectory});
   writeDefinition(engine_, path, MName.text());
   engine_.platform.messageBox("Configuration saved !");
+  if (onKept) onKept();
 }
 
 }  // namespace korvane

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "persistence/MatrixConfDetail.h"
@@ -32,6 +33,9 @@ class MatrixConf : public Form {
   PictureBox mxbild;
   Button fastConfig, save, load, help, OK;
   MatrixConfDetail detail;
+
+  /// For the desk: the definition was saved to a file or loaded from one.
+  std::function<void()> onKept;
 
  private:
   void bind();

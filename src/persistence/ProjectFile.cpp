@@ -4,6 +4,7 @@
 
 #include "persistence/MatrixDefinition.h"
 #include "persistence/RecordLines.h"
+#include "platform/Events.h"
 #include "platform/Numbers.h"
 #include "platform/ReplaceFile.h"
 #include "playback/EffectLists.h"
@@ -28,9 +29,13 @@ FileQuestion question(FileQuestion::Purpose purpose, const Engine& engine) {
           .initialDirectory = engine.v.projectDirectory};
 }
 
+void entitle(Engine& engine, const std::string& path) {
+  if (engine.mainWindow != nullptr) engine.mainWindow->setCaption("Korvane - " + fileTitle(path));
+}
+
 void announce(Engine& engine, const std::string& message, const std::string& path) {
   engine.platform.messageBox(message);
-  if (engine.mainWindow != nullptr) engine.mainWindow->setCaption("Korvane - " + fileTitle(path));
+  entitle(engine, path);
 }
 
 std::size_t slotOf(const ListView& list, int row) {
@@ -130,6 +135,26 @@ void startDeck(Engine& engine, Deck& deck) {
   clear_Click(engine, deck);
 }
 
+std::string takeVersion(LineReader& in) {
+  std::string version;
+  in.skip();
+  in.take(version);
+  return version;
+}
+
+// All that follows the version. The deleted counters are not reset, though the slots are compacted.
+// Meant.
+void readComposition(Engine& engine, LineReader& in) {
+  stopPlayback(engine);
+  readMaster(engine, in);
+  readCounts(engine, in);
+  Variablen& v = engine.v;
+  PictureRoom room{v.matrixCols, v.matrixRows, kPictureBytes + 4 * in.size()};
+  for (Deck* deck : {&v.A, &v.B}) readEffects(*deck, in, room);
+  readFades(engine, in);
+  for (Deck* deck : {&v.A, &v.B}) deck->imageIndex = 0;
+}
+
 }  // namespace
 
 void writeProject(const Engine& engine, const NumberFormat& format, const std::string& title,
@@ -148,7 +173,7 @@ void writeProject(const Engine& engine, const NumberFormat& format, const std::s
   writeFades(engine, out);
 }
 
-void saveProject(Engine& engine) {
+bool saveProject(Engine& engine) {
   try {
     readProjectNames(engine);
     const std::string path =
@@ -157,33 +182,35 @@ void saveProject(Engine& engine) {
       writeProject(engine, engine.platform.numberFormat(), fileTitle(path), file);
     });
     announce(engine, "Matrix Project saved", path);
+    return true;
   } catch (const std::exception&) {
-    // Ends without a word, whatever it was.
+    return false;  // without a word, whatever it was
   }
 }
 
-// The deleted counters are not reset, though the slots are compacted. Meant.
-void loadProject(Engine& engine) {
+bool loadProject(Engine& engine) {
   readProjectNames(engine);
   const std::string path =
       chosenFile(engine.platform, question(FileQuestion::Purpose::Open, engine));
   LineReader in(path, engine.platform.numberFormat());
-  std::string version;
-  in.skip();
-  in.take(version);
+  const std::string version = takeVersion(in);
   if (version != kVersion) {
-    return engine.platform.messageBox("falsche Matrix-Version " + version);
+    engine.platform.messageBox("falsche Matrix-Version " + version);
+    return false;
   }
-  stopPlayback(engine);
-  readMaster(engine, in);
-  readCounts(engine, in);
-  Variablen& v = engine.v;
-  PictureRoom room{v.matrixCols, v.matrixRows, kPictureBytes + 4 * in.size()};
-  for (Deck* deck : {&v.A, &v.B}) readEffects(*deck, in, room);
-  readFades(engine, in);
-  for (Deck* deck : {&v.A, &v.B}) deck->imageIndex = 0;
-  for (Deck* deck : {&v.A, &v.B}) startDeck(engine, *deck);
+  readComposition(engine, in);
+  for (Deck* deck : {&engine.v.A, &engine.v.B}) startDeck(engine, *deck);
   announce(engine, "Matrix Project loaded", path);
+  return true;
+}
+
+void openProject(Engine& engine, const std::string& path) {
+  LineReader in(path, engine.platform.numberFormat());
+  if (takeVersion(in) != kVersion) in.fail(kTypeMismatch, "no show of version " + kVersion);
+  readComposition(engine, in);
+  entitle(engine, path);
+  for (Deck* deck : {&engine.v.A, &engine.v.B})
+    runEvent(engine.platform, [&] { startDeck(engine, *deck); });
 }
 
 std::string pictureFile(const std::string& path, const std::string& projectPath) {

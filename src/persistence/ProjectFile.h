@@ -9,13 +9,17 @@ namespace korvane {
 
 /// `save_Click` of the main window: asks for a file and writes the whole composition into it. Any
 /// error, a cancelled dialog included, ends it without a word. A file that it replaces is kept as
-/// NAME.bak.
-void saveProject(Engine& engine);
+/// NAME.bak. Whether it was saved.
+bool saveProject(Engine& engine);
 
 /// `load_Click` of the main window: asks for a file and replaces the contents of the three lists by
 /// it. A wrong version leaves everything as it was; any other failure leaves the lists as far as
-/// they had come, with the deck timers stopped.
-void loadProject(Engine& engine);
+/// they had come, with the deck timers stopped. Whether it was loaded.
+bool loadProject(Engine& engine);
+
+/// The same with a given file, and without a message. kTypeMismatch, with everything as it was, for
+/// a wrong version. An effect that can't start, for want of its picture, say, is reported alone.
+void openProject(Engine& engine, const std::string& path);
 
 /// The lines of a project file. `title` is the file's name without its folder.
 void writeProject(const Engine& engine, const NumberFormat& format, const std::string& title,

@@ -119,8 +119,12 @@ void MatrixForm::bindFunctions() {
   help.onClick = [this] {
     if (Form* window = engine_.desktop.find("MatrixHelp")) engine_.desktop.show(*window);
   };
-  save.onClick = [this] { saveProject(engine_); };
-  load.onClick = [this] { loadProject(engine_); };
+  save.onClick = [this] {
+    if (saveProject(engine_) && onKept) onKept();
+  };
+  load.onClick = [this] {
+    if (loadProject(engine_) && onKept) onKept();
+  };
   Closeall.onClick = [this] { Closeall_Click(); };
   for (PictureBox* box : {&engine_.v.A.picture, &engine_.v.B.picture, &engine_.master.picture}) {
     box->onResize = [this, box] {

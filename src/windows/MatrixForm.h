@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 
 #include "persistence/MatrixConf.h"
 #include "platform/Controls.h"
@@ -35,6 +36,9 @@ class MatrixForm : public Form {
   Label Label1, Label2;
   CheckBox active, mxsim_active;
   PictureButton save, load, help, Closeall;
+
+  /// For the desk: the composition was saved to a file or loaded from one.
+  std::function<void()> onKept;
 
  private:
   void addControls();

@@ -25,6 +25,13 @@ void DeskHost::SetChannel(std::int32_t channel, std::int32_t value, bool) {
   if (onLevel) onLevel(channel);
 }
 
+void DeskHost::follow(const DeskHost& before) {
+  UserInteraction();
+  for (std::int32_t channel = 1; channel <= kChannels; ++channel) {
+    if (before.level(channel) != 0) SetChannel(channel, 0, true);
+  }
+}
+
 std::uint8_t DeskHost::level(std::int32_t channel) const {
   return levels_.at(static_cast<std::size_t>(channel));
 }

@@ -27,6 +27,9 @@ class DeskHost : public Host {
   /// kSubscript for a channel outside 0 - 512. Channel 0 stands for a lamp without one.
   void SetChannel(std::int32_t channel, std::int32_t value, bool flag) override;
 
+  /// Takes the output over from the host of another project: its channels go to 0.
+  void follow(const DeskHost& before);
+
   /// Level of a channel, 1 - 512.
   std::uint8_t level(std::int32_t channel) const;
   std::function<void(std::int32_t channel)> onLevel;  ///< a channel, 1 - 512, was set

@@ -9,7 +9,6 @@
 #include <QTimer>
 
 #include "platform/HeadlessPlatform.h"
-#include "views/qt/windows/DesktopView.h"
 #include "views/qt/windows/Theme.h"
 
 namespace korvane {
@@ -18,7 +17,6 @@ namespace {
 class Desk : public testing::Test {
  protected:
   Desk() {
-    plugin.plugIn.ITharnPlugin_Init("desk", "korvane", host);
     desk.show();
     desk.openTool();
   }
@@ -38,11 +36,11 @@ class Desk : public testing::Test {
 
   HeadlessPlatform platform;
   NetworkOutput output{"korvane-tests"};
-  DeskHost host{"/nowhere/show", output};
-  Plugin plugin{platform};
-  EventGate gate{platform, plugin.engine.timers};
-  DesktopView view{plugin.engine.desktop, gate, plugin.matrixForm};
-  DeskWindow desk{plugin, host, output, gate};
+  DeskWindow desk{platform, output, "/nowhere/show", {}};
+  DeskHost& host = desk.session().host;
+  Plugin& plugin = desk.session().plugin;
+  EventGate& gate = desk.session().gate;
+  DesktopView& view = desk.session().view;
 };
 
 TEST_F(Desk, OpensTheToolAndOpensItAgainAfterItsClose) {
@@ -90,7 +88,16 @@ TEST_F(Desk, AShortcutWorksInTheToolWindowAsWell) {
   tool.activateWindow();
   ASSERT_TRUE(QTest::qWaitFor([&] { return QApplication::activeWindow() == &tool; }, 2000));
   QTest::keyClick(&tool, Qt::Key_F10);
+  QTest::qWait(0);
   EXPECT_EQ(platform.boxes, (std::vector<std::string>{"Blackout"}));
+}
+
+TEST_F(Desk, AKeyBringsItToTheFrontOfTheToolWindow) {
+  FormWindow& tool = view.window(plugin.matrixForm);
+  tool.activateWindow();
+  ASSERT_TRUE(QTest::qWaitFor([&] { return QApplication::activeWindow() == &tool; }, 2000));
+  QTest::keyClick(&tool, Qt::Key_F4);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return QApplication::activeWindow() == &desk; }, 2000));
 }
 
 TEST_F(Desk, LevelsOfTheMixReachTheHost) {
@@ -101,13 +108,13 @@ TEST_F(Desk, LevelsOfTheMixReachTheHost) {
 }
 
 TEST_F(Desk, TheOutputStartsTellsItsStateAndStops) {
-  EXPECT_EQ(status(), "off");
+  EXPECT_EQ(status(), "Nothing is sent.");
   desk.outputPanel().use(parseOutputTarget("artnet:3@127.0.0.1"));
   EXPECT_TRUE(status().startsWith("Art-Net universe 3 to 127.0.0.1:6454")) << qPrintable(status());
   auto& protocol = *desk.outputPanel().findChild<QComboBox*>();
   protocol.setFocus();
   QTest::keyClick(&protocol, Qt::Key_Home);
-  EXPECT_EQ(status(), "off");
+  EXPECT_EQ(status(), "Nothing is sent.");
 }
 
 TEST_F(Desk, AWrongAddressIsToldAndMended) {
@@ -125,7 +132,14 @@ TEST_F(Desk, AWrongAddressIsToldAndMended) {
   EXPECT_TRUE(status().startsWith("sACN universe 1 to 127.0.0.1:5568")) << qPrintable(status());
 }
 
+TEST_F(Desk, ClosesAtOnceIfNoLampWouldLoseItsLight) {
+  gate.run([this] { plugin.matrixForm.active.setValue(1); });
+  desk.close();
+  EXPECT_FALSE(desk.isVisible());
+}
+
 TEST_F(Desk, ARunningOutputIsNotEndedByTheWay) {
+  desk.outputPanel().use(parseOutputTarget("sacn:1@127.0.0.1"));
   gate.run([this] { plugin.matrixForm.active.setValue(1); });
   QString question;
   QTimer::singleShot(0, [&question] {

@@ -20,8 +20,7 @@ constexpr int kFullLevel = 255;
 
 }  // namespace
 
-LevelGrid::LevelGrid(const DeskHost& host, QWidget* parent)
-    : QWidget(parent), host_(host), lastMark_(-kFadeMilliseconds) {
+LevelGrid::LevelGrid(QWidget* parent) : QWidget(parent), lastMark_(-kFadeMilliseconds) {
   marked_.fill(-kFadeMilliseconds);
   clock_.start();
   setMouseTracking(true);
@@ -31,6 +30,12 @@ LevelGrid::LevelGrid(const DeskHost& host, QWidget* parent)
     update();
     if (clock_.elapsed() - lastMark_ > kFadeMilliseconds) refresh_.stop();
   });
+}
+
+void LevelGrid::watch(DeskHost& host) {
+  host_ = &host;
+  host.onLevel = [this](std::int32_t channel) { mark(channel); };
+  update();
 }
 
 void LevelGrid::mark(std::int32_t channel) {
@@ -70,7 +75,7 @@ void LevelGrid::paintRowNumber(QPainter& painter, int row) const {
 void LevelGrid::paintCell(QPainter& painter, std::int32_t channel) const {
   const QRectF box = cell(channel);
   painter.fillRect(box, QColor(theme::kWell));
-  const double level = host_.level(channel) / static_cast<double>(kFullLevel);
+  const double level = host_->level(channel) / static_cast<double>(kFullLevel);
   QRectF bar = box;
   bar.setTop(box.bottom() - box.height() * level);
   painter.fillRect(bar, QColor(theme::kAccent));
@@ -86,7 +91,7 @@ void LevelGrid::mouseMoveEvent(QMouseEvent* event) {
   for (std::int32_t channel = 1; channel <= DeskHost::kChannels; ++channel) {
     const QRectF box = cell(channel);
     if (!box.contains(event->position())) continue;
-    const QString tip = QString("channel %1: %2").arg(channel).arg(host_.level(channel));
+    const QString tip = QString("channel %1: %2").arg(channel).arg(host_->level(channel));
     return QToolTip::showText(event->globalPosition().toPoint(), tip, this, box.toAlignedRect());
   }
 }

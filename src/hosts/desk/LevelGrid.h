@@ -13,9 +13,10 @@ namespace korvane {
 /// fades away.
 class LevelGrid : public QWidget {
  public:
-  explicit LevelGrid(const DeskHost& host, QWidget* parent = nullptr);
+  explicit LevelGrid(QWidget* parent = nullptr);
 
-  void mark(std::int32_t channel);
+  /// Shows the levels of a host, which must stay until another one is given.
+  void watch(DeskHost& host);
   QSize sizeHint() const override { return {960, 420}; }
   QSize minimumSizeHint() const override { return {640, 280}; }
 
@@ -24,13 +25,14 @@ class LevelGrid : public QWidget {
   void mouseMoveEvent(QMouseEvent* event) override;
 
  private:
+  void mark(std::int32_t channel);
   QRectF cell(std::int32_t channel) const;
   /// What is left of a channel's mark, 1 fresh - 0 gone.
   double freshness(std::int32_t channel) const;
   void paintCell(QPainter& painter, std::int32_t channel) const;
   void paintRowNumber(QPainter& painter, int row) const;
 
-  const DeskHost& host_;
+  const DeskHost* host_ = nullptr;
   QElapsedTimer clock_;
   QTimer refresh_;
   qint64 lastMark_;

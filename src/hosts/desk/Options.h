@@ -11,7 +11,9 @@ namespace korvane {
 /// What the command line asks of the desk.
 struct Options {
   std::string project;  ///< path of the project without its ending
+  QString show;         ///< path of a show to open, in the project of its name; empty for none
   std::optional<OutputTarget> output;
+  bool dmx = false;    ///< DMX is checked from the start
   QString screenshot;  ///< path of a picture to write; empty: run for a person
   QString window;      ///< name of the form on it; empty: the main window
 };

@@ -2,6 +2,7 @@
 
 #include <QHBoxLayout>
 #include <QSignalBlocker>
+#include <QVBoxLayout>
 #include <stdexcept>
 
 namespace korvane {
@@ -38,14 +39,19 @@ void OutputPanel::declareFields() {
   for (const Protocol& protocol : protocols()) protocol_->addItem(toQString(protocol.name));
   protocol_->setToolTip("how the levels are sent to the lamps");
   universe_->setKeyboardTracking(false);
+  universe_->setButtonSymbols(QAbstractSpinBox::NoButtons);
   universe_->setFixedWidth(kUniverseWidth);
   universe_->setToolTip("number of the universe that carries the 512 channels");
   address_->setFixedWidth(kAddressWidth);
   address_->setToolTip("address of one receiver, such as 192.168.1.20; empty: all receivers");
   status_->setToolTip("where the levels go, and the last error of the network");
   status_->setTextFormat(Qt::PlainText);
-  status_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-  auto* line = new QHBoxLayout(this);
+  status_->setWordWrap(true);
+  status_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  auto* layout = new QVBoxLayout(this);
+  auto* line = new QHBoxLayout;
+  layout->addLayout(line);
+  layout->addWidget(status_);
   line->addWidget(protocol_);
   line->addSpacing(8);
   line->addWidget(new QLabel("Universe", this));
@@ -53,8 +59,7 @@ void OutputPanel::declareFields() {
   line->addSpacing(8);
   line->addWidget(new QLabel("Address", this));
   line->addWidget(address_);
-  line->addSpacing(16);
-  line->addWidget(status_, 1);
+  line->addStretch(1);
 }
 
 const Protocol* OutputPanel::chosen() const {
@@ -108,7 +113,9 @@ void OutputPanel::use(const OutputTarget& target) {
 }
 
 void OutputPanel::showStatus() {
-  status_->setText(complaint_.isEmpty() ? toQString(output_.status()) : complaint_);
+  const bool off = applied_.isEmpty();
+  const QString fares = off ? "Nothing is sent." : toQString(output_.status());
+  status_->setText(complaint_.isEmpty() ? fares : complaint_);
 }
 
 }  // namespace korvane

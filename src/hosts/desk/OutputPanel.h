@@ -18,6 +18,8 @@ class OutputPanel : public QGroupBox {
 
   /// Shows a target in the fields and sends to it.
   void use(const OutputTarget& target);
+  /// Whether it is on.
+  bool sending() const { return !applied_.isEmpty() && complaint_.isEmpty(); }
 
  private:
   void declareFields();

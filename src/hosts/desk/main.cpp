@@ -6,7 +6,6 @@
 #include "hosts/desk/Options.h"
 #include "hosts/desk/QuitOnSignal.h"
 #include "views/qt/machine/QtPlatform.h"
-#include "views/qt/windows/DesktopView.h"
 #include "views/qt/windows/Theme.h"
 
 namespace {
@@ -16,13 +15,14 @@ using namespace korvane;
 constexpr int kSettleMilliseconds = 300;
 
 // The window of this name, shown if it was not; nullptr for an unknown name.
-QWidget* windowNamed(const QString& name, DeskWindow& desk, DesktopView& view, Plugin& plugin,
-                     EventGate& gate) {
+QWidget* windowNamed(const QString& name, DeskWindow& desk) {
   if (name == desk.objectName()) return &desk;
-  Form* form = plugin.engine.desktop.find(name.toStdString());
+  DeskSession& session = desk.session();
+  Desktop& desktop = session.plugin.engine.desktop;
+  Form* form = desktop.find(name.toStdString());
   if (form == nullptr) return nullptr;
-  gate.run([&] { plugin.engine.desktop.show(*form); });
-  return &view.window(*form);
+  session.gate.run([&] { desktop.show(*form); });
+  return &session.view.window(*form);
 }
 
 // Ends the program with a picture of the window in a file.
@@ -35,6 +35,20 @@ void takePicture(QWidget* window, const Options& options) {
   if (!saved)
     std::fprintf(stderr, "korvane: cannot write %s\n", qUtf8Printable(options.screenshot));
   QCoreApplication::exit(saved ? 0 : 1);
+}
+
+// What the command line asks for, once events are handled.
+void begin(DeskWindow& desk, const Options& options) {
+  if (!options.show.isEmpty()) desk.openShow(options.show);
+  desk.openTool();
+  if (options.dmx) {
+    DeskSession& session = desk.session();
+    session.gate.run([&session] { session.plugin.matrixForm.active.setValue(1); });
+  }
+  if (options.screenshot.isEmpty()) return;
+  QWidget* window = windowNamed(options.window, desk);
+  QTimer::singleShot(kSettleMilliseconds, &desk,
+                     [&options, window] { takePicture(window, options); });
 }
 
 }  // namespace
@@ -51,24 +65,10 @@ int main(int argc, char** argv) {
 
   QtPlatform platform;
   NetworkOutput output("korvane");
-  DeskHost host(options.project, output);
-  Plugin plugin(platform);
-  EventGate gate(platform, plugin.engine.timers);
-  DesktopView view(plugin.engine.desktop, gate, plugin.matrixForm);
-  gate.run([&] {
-    plugin.plugIn.ITharnModule_ModuleInfo();
-    plugin.plugIn.ITharnPlugin_Init("Korvane", options.project, host);
-  });
-
-  DeskWindow desk(plugin, host, output, gate);
+  DeskWindow desk(platform, output, options.project, examplesIn(examplesFolder()));
+  desk.onClosed = [] { QApplication::exit(); };
   if (options.output) desk.outputPanel().use(*options.output);
   desk.show();
-  desk.openTool();
-  if (!options.screenshot.isEmpty()) {
-    QWidget* window = windowNamed(options.window, desk, view, plugin, gate);
-    QTimer::singleShot(kSettleMilliseconds, [&, window] { takePicture(window, options); });
-  }
-  const int result = QApplication::exec();
-  gate.run([&] { plugin.plugIn.ITharnPlugin_Term(); });
-  return result;
+  QTimer::singleShot(0, &desk, [&] { begin(desk, options); });
+  return QApplication::exec();
 }

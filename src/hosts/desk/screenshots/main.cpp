@@ -8,7 +8,6 @@
 
 #include "hosts/desk/DeskWindow.h"
 #include "views/qt/machine/QtPlatform.h"
-#include "views/qt/windows/DesktopView.h"
 #include "views/qt/windows/Theme.h"
 
 namespace {
@@ -61,7 +60,6 @@ class Photographer {
  public:
   Photographer(const QString& folder, QSize size) : folder_(folder), size_(size) {
     QDir().mkpath(folder_);
-    gate_.run([this] { plugin_.plugIn.ITharnPlugin_Init("", "", host_); });
   }
 
   int run() {
@@ -175,11 +173,10 @@ class Photographer {
   bool failed_ = false;
   SilentPlatform platform_;
   NetworkOutput output_{"korvane-screenshots"};
-  DeskHost host_{"show", output_};
-  Plugin plugin_{platform_};
-  EventGate gate_{platform_, plugin_.engine.timers};
-  DesktopView view_{plugin_.engine.desktop, gate_, plugin_.matrixForm};
-  DeskWindow desk_{plugin_, host_, output_, gate_};
+  DeskWindow desk_{platform_, output_, "show", examplesIn(examplesFolder())};
+  Plugin& plugin_ = desk_.session().plugin;
+  EventGate& gate_ = desk_.session().gate;
+  DesktopView& view_ = desk_.session().view;
 };
 
 }  // namespace

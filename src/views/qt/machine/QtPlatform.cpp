@@ -19,11 +19,19 @@ char firstOr(const QString& text, char other) {
   return first == '\0' ? other : first;
 }
 
+// What a name that was typed without an ending gets: a file without it would be out of sight when
+// it is looked for.
+QString endingOf(const FileQuestion& question) {
+  if (!question.defaultExtension.empty()) return QString::fromStdString(question.defaultExtension);
+  const QString pattern = QString::fromStdString(question.filter).section('|', 1, 1);
+  return pattern.section(';', 0, 0).section("*.", 1, 1);
+}
+
 void setUp(QFileDialog& dialog, const FileQuestion& question) {
   const bool save = question.purpose == FileQuestion::Purpose::Save;
   dialog.setAcceptMode(save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
   dialog.setFileMode(save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
-  dialog.setDefaultSuffix(QString::fromStdString(question.defaultExtension));
+  if (save) dialog.setDefaultSuffix(endingOf(question));
   if (!question.filter.empty()) dialog.setNameFilters(toNameFilter(question.filter).split(";;"));
   if (!question.initialDirectory.empty())
     dialog.setDirectory(QString::fromStdString(question.initialDirectory));

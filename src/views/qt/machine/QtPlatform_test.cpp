@@ -5,6 +5,7 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QFileDialog>
+#include <QLabel>
 #include <QLineEdit>
 #include <QLocale>
 #include <QTest>
@@ -67,22 +68,50 @@ TEST(QtPlatform, AMessageWaitsForItsOk) {
   EXPECT_EQ(seen, "Blackout");
 }
 
-TEST(QtPlatform, AFileDialogAnswersThePathWithTheDefaultEnding) {
+TEST(QtPlatform, AMessageIsReadWhole) {
+  QtPlatform platform;
+  platform.failed(
+      Failure(kTypeMismatch, "/some/folder/of/shows/summer tour.Korvane, line 7: 'A0'"));
+  ASSERT_EQ(shown<QMessageBox>().size(), 1U);
+  QMessageBox& box = *shown<QMessageBox>()[0];
+  const auto* label = box.findChild<QLabel*>("qt_msgbox_label");
+  ASSERT_NE(label, nullptr);
+  const QRect room(0, 0, label->width(), 1000);
+  const int flags = label->wordWrap() ? Qt::TextWordWrap : Qt::TextSingleLine;
+  const QRect needed = label->fontMetrics().boundingRect(room, flags, label->text());
+  EXPECT_LE(needed.width(), label->width());
+  EXPECT_LE(needed.height(), label->height());
+  box.close();
+  QTest::qWait(0);
+}
+
+TEST(QtPlatform, AFileDialogAnswersThePathWithAnEnding) {
+  struct Case {
+    const char* extension;
+    const char* typed;
+    const char* answered;
+  };
+  const Case cases[] = {{"Korvane", "no-such-show", "no-such-show.Korvane"},
+                        {"xml", "no-such-show", "no-such-show.xml"},
+                        {"", "no-such-show", "no-such-show.Korvane"},
+                        {"", "no-such.show", "no-such.show"}};
   QtPlatform platform;
   const QString folder = QDir::tempPath();
-  QTimer::singleShot(0, [&] {
-    for (QFileDialog* dialog : shown<QFileDialog>()) {
-      dialog->findChild<QLineEdit*>("fileNameEdit")->setText("korvane-no-such-show");
-      QMetaObject::invokeMethod(dialog, "accept");
-    }
-  });
-  const auto path = platform.askFile({.purpose = FileQuestion::Purpose::Save,
-                                      .title = "Save",
-                                      .filter = "Show (*.Korvane)|*.Korvane",
-                                      .initialDirectory = folder.toStdString(),
-                                      .defaultExtension = "Korvane"});
-  ASSERT_TRUE(path.has_value());
-  EXPECT_EQ(*path, QDir(folder).filePath("korvane-no-such-show.Korvane").toStdString());
+  for (const auto& [extension, typed, answered] : cases) {
+    QTimer::singleShot(0, [name = typed] {
+      for (QFileDialog* dialog : shown<QFileDialog>()) {
+        dialog->findChild<QLineEdit*>("fileNameEdit")->setText(name);
+        QMetaObject::invokeMethod(dialog, "accept");
+      }
+    });
+    const auto path = platform.askFile({.purpose = FileQuestion::Purpose::Save,
+                                        .title = "Save",
+                                        .filter = "Show (*.Korvane)|*.Korvane",
+                                        .initialDirectory = folder.toStdString(),
+                                        .defaultExtension = extension});
+    ASSERT_TRUE(path.has_value());
+    EXPECT_EQ(*path, QDir(folder).filePath(answered).toStdString());
+  }
 }
 
 TEST(QtPlatform, ACancelledFileDialogAnswersNothing) {

@@ -44,11 +44,12 @@ QComboBox QAbstractItemView {
   selection-background-color: {accent}; selection-color: {onAccent};
 }
 
-QLineEdit, QPlainTextEdit {
+QLineEdit, QPlainTextEdit, QSpinBox {
   background: {well}; color: {text}; border: 1px solid {line}; border-radius: 5px; padding: 6px 8px;
   selection-background-color: {accent}; selection-color: {onAccent};
 }
-QLineEdit:focus, QPlainTextEdit:focus { border: 2px solid {accent}; padding: 5px 7px; }
+QLineEdit:focus, QPlainTextEdit:focus, QSpinBox:focus { border: 2px solid {accent}; padding: 5px 7px; }
+QSpinBox QLineEdit, QSpinBox QLineEdit:focus { border: none; padding: 0; }
 QTreeView QLineEdit { padding: 0 4px; border-radius: 0; }
 
 QTreeView, QListWidget {
@@ -91,7 +92,6 @@ QSlider::handle:focus { background: {accent}; }
 QSlider::handle:disabled { background: {disabled}; }
 QSlider:focus { border: 1px solid {accent}; border-radius: 5px; }
 QLabel#number { color: {quiet}; }
-QLabel#qt_msgbox_label { min-width: 240px; }
 QDialogButtonBox { dialogbuttonbox-buttons-have-icons: 0; }
 QDialogButtonBox QPushButton { min-width: 64px; }
 )";

@@ -189,5 +189,28 @@ TEST_F(Windows, CloseallHidesTheWindow) {
   EXPECT_FALSE(view.window(plugin.matrixForm).isVisible());
 }
 
+// The window system keeps the release of the second press from the window that is shut by then: it
+// would take the place of the lamp that the person chose.
+TEST_F(Windows, ADoubleClickThatOpensAWindowModallyKeepsTheLampThatItMeant) {
+  MatrixConf& conf = plugin.matrixConf;
+  gate.run([&] { engine.desktop.show(conf); });
+  FormWindow& window = view.window(conf);
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+  const QPoint middle = on(conf.mxbild).mapTo(&window, on(conf.mxbild).rect().center());
+  QTest::mouseDClick(window.windowHandle(), Qt::LeftButton, {}, middle + QPoint(3, 3));
+  ASSERT_TRUE(conf.detail.modal());
+  QTest::mouseMove(window.windowHandle(), middle);
+  QTest::qWait(20);
+  EXPECT_EQ(v.cellCol, 6);
+  EXPECT_EQ(v.cellRow, 6);
+  EXPECT_FALSE(v.cellConfigured.at(6, 6));
+  QTest::mouseClick(view.window(conf.detail).windowHandle(), Qt::LeftButton, {},
+                    on(conf.detail.setConfig).geometry().center());
+  EXPECT_FALSE(conf.detail.visible());
+  EXPECT_TRUE(v.cellConfigured.at(6, 6));
+  QTest::mouseMove(window.windowHandle(), middle - QPoint(30, 30));
+  EXPECT_FALSE(conf.mxbild.buttonHeld());
+}
+
 }  // namespace
 }  // namespace korvane
