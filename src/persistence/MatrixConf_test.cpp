@@ -361,6 +361,21 @@ TEST_F(MatrixDefinition, PaintPicturesKeepTheirContentsInBothDimensions) {
   EXPECT_EQ(v.A.effect().paintPixels.cols(), 21);
 }
 
+// The loop ends at the count of rows: the slots that removals have left behind push others beyond it.
+TEST_F(MatrixDefinition, APaintPictureInASlotBeyondTheCountOfRowsKeepsItsSize) {
+  ASSERT_TRUE(open());
+  click(plugin.matrixForm.panelA.add);
+  pick(v.A.efxList, 0);
+  click(plugin.matrixForm.panelA.remove);
+  ASSERT_EQ(v.selA, 1);
+  ASSERT_EQ(v.efxACount, 1);
+  choose(v.A.type, kPaint);
+  resize(20, 20);
+  EXPECT_EQ(v.efxA[1].paintPixels.cols(), 12);
+  EXPECT_FALSE(pick(v.A.efxList, 0));
+  EXPECT_EQ(takeFailure(), kSubscript);
+}
+
 TEST_F(MatrixDefinition, OKFitsPreviewsAndHiddenPicturesToTheGrid) {
   ASSERT_TRUE(open());
   resize(20, 10);
