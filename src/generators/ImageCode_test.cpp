@@ -52,6 +52,16 @@ TEST_P(ImageShow, ATiledPictureRepeatsOnlyAlongTheSideThatIsShort) {
   expectPicture(deck.frame, {"....", "...."});
 }
 
+TEST_P(ImageShow, ATiledPictureThatIsLargeEnoughKeepsItsPlace) {
+  openWithGrid(2, 2);
+  list({picture("large", {"RGBY", "WMCR", "BBGG"})});
+  deck.effect().imageTile = 1;
+  deck.effect().amount = 100;
+  ASSERT_TRUE(start());
+  EXPECT_EQ(deck.imagePosX, 2);
+  expectPicture(deck.frame, {"BY", "CR"});
+}
+
 TEST_P(ImageShow, AWidenedPictureStaysWidenedUntilItIsLoadedAgain) {
   openWithGrid(4, 1);
   list({picture("small", {"RG"})});

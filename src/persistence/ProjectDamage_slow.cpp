@@ -133,6 +133,10 @@ TEST_F(ProjectDamage, HugeCountsTakeLittleMemory) {
   survive(project({.a = {{"True", "4", "cc", "32767"}}}), "colors");
   survive(project({.a = std::vector<ProjectText::Lines>(32767, {"True", "2", "", "0,0"})}),
           "pictures");
+  EXPECT_EQ(load(project({})), 0);
+  resize(50, 50);
+  survive(project({.a = std::vector<ProjectText::Lines>(32767, {"True", "2", "", "0,0"})}),
+          "pictures of the largest grid");
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 // Takes the pictures of the documentation: korvane-screenshots FOLDER [WIDTH HEIGHT]
-// The desk, the main window with a show, at the size if one is given, and every other window.
+// The desk, the main window with a show, at the size if one is given, and every other window. Takes
+// the pictures of a show from examples/slides, below the folder in which it runs.
 
 #include <QApplication>
 #include <QDir>
@@ -44,6 +45,12 @@ constexpr Row kOtherRows[] = {
     {"Rain", kFluid, 5, rgb(0, 0, 120), rgb(120, 200, 255)},
 };
 
+struct Slide {
+  const char* name;
+  double seconds;
+};
+constexpr Slide kSlides[] = {{"balloon.bmp", 10}, {"mountains.bmp", 7.5}, {"sunrise.bmp", 30}};
+
 constexpr const char* kHeart[] = {
     "............", "..##....##..", ".####..####.", "############", "############", "############",
     ".##########.", "..########..", "...######...", "....####....", ".....##.....", "............",
@@ -73,6 +80,7 @@ class Photographer {
     save(desk_, "desk");
     for (int row = 0; row < kEffectTypes; ++row) takeDialog(row);
     mixOrange();
+    takeFullScreen();
     for (Form* form : plugin_.engine.desktop.forms()) takeForm(*form);
     return failed_ ? 1 : 0;
   }
@@ -121,10 +129,23 @@ class Photographer {
     effect.colorCount = static_cast<std::int16_t>(effect.colors.size());
     effect.itemTimes.assign(effect.colors.size(), 3);
     effect.itemWidths.assign(effect.colors.size(), 2);
+    if (row.type == kImage) setSlides(effect);
     for (int y = 0; row.type == kPaint && y < 12; ++y) {
       for (int x = 0; x < 12; ++x)
         effect.paintPixels.at(x, y) = kHeart[y][x] == '#' ? rgb(255, 0, 60) : rgb(20, 0, 40);
     }
+  }
+
+  static void setSlides(Effect& effect) {
+    effect.itemTimes.clear();
+    for (const Slide& slide : kSlides) {
+      effect.imageNames.emplace_back(slide.name);
+      effect.imageFiles.push_back(std::string("examples/slides/") + slide.name);
+      effect.itemTimes.push_back(slide.seconds);
+    }
+    effect.imageCount = static_cast<std::int16_t>(effect.imageNames.size());
+    effect.speed = 60;
+    effect.amount = 25;
   }
 
   void takeDialog(int row) {
@@ -133,7 +154,27 @@ class Photographer {
     gate_.run([&] { plugin_.engine.v.A.efxList.click(row, 0); });
     gate_.run([&] { plugin_.matrixForm.panelA.edit.click(); });
     save(view_.window(*dialog), dialog->name());
+    if (kRows[row].type == kImage) takeImageList();
     gate_.run([&] { plugin_.engine.desktop.close(*dialog); });
+  }
+
+  void takeImageList() {
+    MxImageList& list = plugin_.dialogs.imageList;
+    gate_.run([this] { plugin_.dialogs.image.BImage.click(); });
+    gate_.run([&list] { list.myImageList.click(1, 0); });
+    save(view_.window(list), list.name());
+    gate_.run([&] { plugin_.engine.desktop.close(list); });
+  }
+
+  // The simulation window without its frame; the one with it is taken with the other windows.
+  void takeFullScreen() {
+    MxSimForm& sim = plugin_.mxSimForm;
+    constexpr int kSpace = 32;
+    gate_.run([&] { plugin_.engine.desktop.show(sim); });
+    gate_.run([&sim] { sim.onKeyPress(kSpace); });
+    save(view_.window(sim), sim.name() + "-full-screen");
+    gate_.run([&sim] { sim.onKeyPress(kSpace); });
+    gate_.run([&] { plugin_.engine.desktop.hide(sim); });
   }
 
   void mixOrange() {

@@ -14,9 +14,18 @@ namespace {
 
 constexpr const char* kTitle = "Korvane";
 
-char firstOr(const QString& text, char other) {
-  const char first = text.isEmpty() ? '\0' : text.front().toLatin1();
-  return first == '\0' ? other : first;
+constexpr char16_t kLastAscii = 0x7F;
+
+// A separator of the locale in one byte. The thousands separators beyond ASCII are blanks or look
+// like an apostrophe; they must never become the decimal separator, which would be skipped then.
+char decimalSeparator(const QString& text) {
+  const QChar first = text.isEmpty() ? QChar('.') : text.front();
+  return first.unicode() <= kLastAscii ? first.toLatin1() : '.';
+}
+char thousandsSeparator(const QString& text) {
+  const QChar first = text.isEmpty() ? QChar(' ') : text.front();
+  if (first.unicode() <= kLastAscii) return first.toLatin1();
+  return first.isSpace() ? ' ' : '\'';
 }
 
 // What a name that was typed without an ending gets: a file without it would be out of sight when
@@ -70,9 +79,7 @@ std::int64_t QtPlatform::timeOfDay() { return QTime::currentTime().msecsSinceSta
 
 NumberFormat QtPlatform::numberFormat() {
   const QLocale locale;
-  const NumberFormat plain;
-  return {firstOr(locale.decimalPoint(), plain.decimal),
-          firstOr(locale.groupSeparator(), plain.thousands)};
+  return {decimalSeparator(locale.decimalPoint()), thousandsSeparator(locale.groupSeparator())};
 }
 
 void QtPlatform::openPage(const std::string& address) {

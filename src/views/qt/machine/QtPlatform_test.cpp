@@ -122,14 +122,40 @@ TEST(QtPlatform, ACancelledFileDialogAnswersNothing) {
   EXPECT_FALSE(platform.askFile({.title = "Load"}).has_value());
 }
 
-TEST(QtPlatform, NumbersAreTheLocales) {
-  QtPlatform platform;
+NumberFormat formatOf(const QLocale& locale) {
   const QLocale before;
-  QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
-  const NumberFormat german = platform.numberFormat();
+  QLocale::setDefault(locale);
+  const NumberFormat format = QtPlatform().numberFormat();
   QLocale::setDefault(before);
-  EXPECT_EQ(german.decimal, ',');
-  EXPECT_EQ(german.thousands, '.');
+  return format;
+}
+
+TEST(QtPlatform, NumbersAreTheLocales) {
+  struct Case {
+    const char* locale;
+    char decimal, thousands;
+  };
+  for (const Case& c : {Case{"en_US", '.', ','},
+                        {"de_DE", ',', '.'},
+                        {"de_CH", '.', '\''},
+                        {"fr_FR", ',', ' '},
+                        {"nb_NO", ',', ' '},
+                        {"C", '.', ','}}) {
+    const NumberFormat format = formatOf(QLocale(c.locale));
+    EXPECT_EQ(format.decimal, c.decimal) << c.locale;
+    EXPECT_EQ(format.thousands, c.thousands) << c.locale;
+  }
+}
+
+TEST(QtPlatform, NumbersComeBackUnderEveryLocale) {
+  for (const QLocale& locale :
+       QLocale::matchingLocales(QLocale::AnyLanguage, QLocale::AnyScript, QLocale::AnyTerritory)) {
+    const NumberFormat format = formatOf(locale);
+    for (const double value : {0.5, -1234.25, 1e-7}) {
+      EXPECT_EQ(parseNumber(formatGeneral(value, format), format), value) << locale.name().toStdString();
+      EXPECT_EQ(parseNumber(formatStandard(1234.5, format), format), 1234.5);
+    }
+  }
 }
 
 TEST(QtPlatform, TheTimeOfDayIsWithinADay) {

@@ -31,8 +31,7 @@ void requireSize(const QSize& size, const std::string& path) {
 }
 
 // The file's directory of pictures tells the sizes before any is decoded.
-void goToLargest(QImageReader& reader) {
-  if (reader.format() != "ico") return;
+int goToLargest(QImageReader& reader) {
   int best = 0;
   qint64 most = 0;
   for (int i = 0; i < reader.imageCount(); ++i) {
@@ -44,6 +43,26 @@ void goToLargest(QImageReader& reader) {
     }
   }
   reader.jumpToImage(best);
+  return best;
+}
+
+// The size that a picture of an ico file tells itself. The directory has no more than a byte for a
+// side, so what it holds may be far larger.
+QSize sizeWithinIco(const QString& name, int index) {
+  constexpr qint64 kDirectory = 6;
+  constexpr qint64 kEntry = 16;
+  constexpr qint64 kHead = 24;
+  QFile file(name);
+  if (!file.open(QIODevice::ReadOnly) || !file.seek(kDirectory + kEntry * index)) return {};
+  const QByteArray entry = file.read(kEntry);
+  if (entry.size() < kEntry || !file.seek(qFromLittleEndian<quint32>(entry.constData() + 12)))
+    return {};
+  const QByteArray head = file.read(kHead);
+  if (head.size() < kHead) return {};
+  const char* at = head.constData();
+  if (head.startsWith("\x89PNG"))
+    return {qFromBigEndian<qint32>(at + 16), qFromBigEndian<qint32>(at + 20)};
+  return {qFromLittleEndian<qint32>(at + 4), qFromLittleEndian<qint32>(at + 8) / 2};
 }
 
 // The reader takes a bmp file whose pixels end too early for a whole one.
@@ -80,7 +99,7 @@ Raster readPicture(const std::string& path) {
   QImageReader reader(name);
   reader.setDecideFormatFromContent(true);
   requireKind(reader, path);
-  goToLargest(reader);
+  if (reader.format() == "ico") requireSize(sizeWithinIco(name, goToLargest(reader)), path);
   requireSize(reader.size(), path);
   if (reader.format() == "bmp") requireWholeBmp(name, path);
   QImage image;

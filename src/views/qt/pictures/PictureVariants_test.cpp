@@ -141,6 +141,46 @@ TEST_F(BrokenPictures, ALyingSizeIsRefused) {
   EXPECT_EQ(failureFor(bitmapOf(-6, 5)), kInvalidPicture);
 }
 
+// A file that declares 20000 x 3000 pixels, of a kind, with the bytes of a small picture behind.
+struct Huge {
+  const char* file;
+  std::size_t (*place)(const std::string& bytes);  // of the size within the file
+  const char* sides;                               // its bytes
+  std::size_t count;
+};
+
+std::size_t afterMarker(const std::string& bytes, const char* marker) {
+  return bytes.find(marker) + 5;
+}
+
+TEST_F(BrokenPictures, AHugeSizeIsRefusedInEveryKindBeforeItIsDecoded) {
+  const Huge files[] = {
+      {"24bit.bmp", [](const std::string&) { return std::size_t{18}; }, "\x20\x4E\0\0\xB8\x0B\0\0",
+       8},
+      {"baseline.jpg", [](const std::string& b) { return afterMarker(b, "\xFF\xC0"); },
+       "\x0B\xB8\x4E\x20", 4},
+      {"progressive.jpg", [](const std::string& b) { return afterMarker(b, "\xFF\xC2"); },
+       "\x0B\xB8\x4E\x20", 4},
+      {"plain.gif", [](const std::string&) { return std::size_t{6}; }, "\x20\x4E\xB8\x0B", 4},
+      {"png.ico", [](const std::string& b) { return b.find("IHDR") + 4; },
+       "\0\0\x4E\x20\0\0\x0B\xB8", 8},
+      {"24bit.ico", [](const std::string&) { return std::size_t{22 + 4}; },
+       "\x20\x4E\0\0\x70\x17\0\0", 8}};
+  for (const Huge& huge : files) {
+    std::string bytes = seedBytes(huge.file);
+    bytes.replace(huge.place(bytes), huge.count, std::string(huge.sides, huge.count));
+    std::ofstream(path_, std::ios::binary) << bytes;
+    try {
+      readPicture(path_);
+      ADD_FAILURE() << huge.file << " was read";
+    } catch (const Failure& failure) {
+      EXPECT_EQ(failure.number, kInvalidPicture);
+      EXPECT_NE(std::string(failure.what()).find("larger than 16384"), std::string::npos)
+          << huge.file << ": " << failure.what();
+    }
+  }
+}
+
 // A cut file is read as far as it goes or refused, but never more than that.
 TEST_F(BrokenPictures, EveryCutOfEveryFileDoesNoHarm) {
   for (const std::string& name : seedNames()) {
