@@ -11,6 +11,8 @@ endif()
 
 set(CMAKE_CXX_FLAGS_RELEASE "-O3 -DNDEBUG")
 set(CMAKE_CXX_FLAGS_DEBUG "-O1 -g")
+set(CMAKE_CXX_FLAGS_SANITIZE
+  "-O1 -g1 -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer")
 
 # korvane_library(NAME FOLDER...): a static library of all sources in the folders
 # below src/, tests left out. A file whose name ends in _win32 or _posix belongs
@@ -57,6 +59,9 @@ function(korvane_test_program name suffix)
   endif()
   add_executable(${name} ${sources})
   target_link_libraries(${name} PRIVATE korvane-flags GTest::gtest GTest::gtest_main GTest::gmock)
+  if(suffix STREQUAL test)
+    target_compile_options(${name} PRIVATE -O0)  # they take longer to compile than to run
+  endif()
 endfunction()
 
 # korvane_run_tests(NAME [PROPERTIES ...]): hands the tests of a test program to ctest, one by one.

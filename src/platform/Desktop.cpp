@@ -61,8 +61,8 @@ void Desktop::activate(Form& form) {
 }
 
 Form* Desktop::modal() const {
-  const auto top = std::find_if(stack_.rbegin(), stack_.rend(),
-                                [](const Form* form) { return form->modal_; });
+  const auto top =
+      std::find_if(stack_.rbegin(), stack_.rend(), [](const Form* form) { return form->modal_; });
   return top == stack_.rend() ? nullptr : *top;
 }
 
