@@ -50,8 +50,9 @@ class Examples : public TestPlugin, public testing::WithParamInterface<Example> 
     host.baseFilename = kFolder + std::string(GetParam().stem);
     host.name = GetParam().stem;
     for (const auto& entry : std::filesystem::recursive_directory_iterator(kFolder)) {
-      const std::string path = entry.path().string();
-      if (entry.path().extension() == ".bmp") platform.pictures[path] = readBmp(path);
+      if (entry.path().extension() != ".bmp") continue;
+      const auto path = std::filesystem::absolute(entry.path()).lexically_normal();
+      platform.pictures[path.string()] = readBmp(path.string());
     }
     ASSERT_TRUE(open());
     loadProject();
@@ -95,18 +96,6 @@ class Examples : public TestPlugin, public testing::WithParamInterface<Example> 
         advance(10);
       }
       digestFrame();
-      if (tenth % 40 == 15 || tenth % 40 == 38) {
-        int k = 0;
-        for (const Frame* f : {&v.frameA, &v.frameM, &v.frameB}) {
-          std::ofstream o("/tmp/ex/" + std::string(GetParam().stem) + "-" +
-                              std::to_string(1000 + tenth) + "-" + std::to_string(k++) + ".ppm",
-                          std::ios::binary);
-          o << "P6 " << v.matrixCols << " " << v.matrixRows << " 255\n";
-          for (int r = 0; r < v.matrixRows; ++r)
-            for (int c = 0; c < v.matrixCols; ++c)
-              for (auto b : f->at(c, r)) o.put(char(b));
-        }
-      }
     }
     return digest;
   }
