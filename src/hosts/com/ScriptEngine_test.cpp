@@ -134,6 +134,9 @@ Set tool = info.Tool
 tool.Show
 tool.Run "click MatrixForm.active"
 If desk.MyStream.Count < 100 Then Err.Raise 1000, "script", "nothing was sent"
+plugIn.ITharnPlugin_MessageHandle 9, 0, 0
+plugIn.ITharnPlugin_MessageHandle 31, 1, 0
+If tool.Width <> 6000 Then Err.Raise 1000, "script", "the view did not change"
 )";
 };
 
