@@ -23,24 +23,30 @@ class CountingHost : public Host {
   std::int64_t channels = 0;
 };
 
-/// A square grid with output on, channels counted up over as many universes as it needs, both decks
-/// of one type, the fader in the middle, and all previews fitted.
+/// Gives the grid a square size, channels counted up over as many universes as it needs, and
+/// previews fitted to it.
+inline void wire(Engine& engine, int side) {
+  Variablen& v = engine.v;
+  v.matrixCols = v.matrixRows = static_cast<std::int16_t>(side);
+  dimensionMatrix(engine);
+  std::int32_t channel = 1;
+  for (int col = 0; col < side; ++col) {
+    for (int row = 0; row < side; ++row) {
+      for (int component = 0; component < 3; ++component)
+        v.channelMap.set(col, row, component, channel++);
+    }
+  }
+  for (PictureBox* box : {&v.A.picture, &v.B.picture, &engine.master.picture})
+    set_matrix_values(engine, *box);
+}
+
+/// A square grid with output on, both decks of one type, and the fader in the middle.
 struct Stage {
   Stage(int side, std::int16_t type) : engine(platform) {
     Variablen& v = engine.v;
     v.host = &host;
-    v.matrixCols = v.matrixRows = static_cast<std::int16_t>(side);
-    dimensionMatrix(engine);
-    std::int32_t channel = 1;
-    for (int col = 0; col < side; ++col) {
-      for (int row = 0; row < side; ++row) {
-        for (int component = 0; component < 3; ++component)
-          v.channelMap.set(col, row, component, channel++);
-      }
-    }
+    wire(engine, side);
     v.outputActive = true;
-    for (PictureBox* box : {&v.A.picture, &v.B.picture, &engine.master.picture})
-      set_matrix_values(engine, *box);
     for (Deck* deck : {&v.A, &v.B}) {
       deck->efx.resize(1);
       deck->effect().type = type;

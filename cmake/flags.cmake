@@ -65,14 +65,18 @@ function(korvane_test_program name suffix)
 endfunction()
 
 # korvane_run_tests(NAME [PROPERTIES ...]): hands the tests of a test program to ctest, one by one.
-# Under Wine, which takes long to start, the program is one test.
+# A program lists its tests when they are to run, so that no build needs a screen.
+# Under Wine, and with the sanitizers, a program takes long to start and is one test.
 function(korvane_run_tests name)
   if(WIN32)
     korvane_wine_test(${name} $<TARGET_FILE:${name}>)
-    if(ARGN)
-      set_tests_properties(${name} ${ARGN})
-    endif()
+  elseif(CMAKE_BUILD_TYPE STREQUAL Sanitize)
+    add_test(NAME ${name} COMMAND ${name})
   else()
-    gtest_discover_tests(${name} ${ARGN})
+    gtest_discover_tests(${name} ${ARGN} DISCOVERY_MODE PRE_TEST)
+    return()
+  endif()
+  if(ARGN)
+    set_tests_properties(${name} ${ARGN})
   endif()
 endfunction()

@@ -241,6 +241,33 @@ TEST_P(ColorTransition, TheEndOfATransitionReturnsToTheModeLastChosen) {
   EXPECT_EQ(effect.fadeMode, kFadeBlend);
 }
 
+// A show from a file, say, before its dialog was ever opened.
+TEST_P(ColorTransition, AStartLeavesTheModeLastChosenAlone) {
+  effect.amount = 100;
+  play({kRed, kGreen}, {1, 1}, kFadeScrollDown);
+  deck.savedFadeMode = kFadeNone;
+  start();
+  EXPECT_EQ(deck.savedFadeMode, kFadeNone);
+  advance(1000);
+  EXPECT_EQ(effect.fadeMode, kFadeScrollDown);
+  ticks(5);
+  EXPECT_EQ(effect.fadeMode, kFadeNone) << "the first transition is the only one";
+}
+
+// One second over more than 2000 cells is less than half a millisecond a cell, and an interval of 0
+// never fires.
+TEST_P(ColorTransition, ATransitionTooFastForItsTimerStandsStill) {
+  startTransition(kFadeRandom, 50, 40);
+  EXPECT_EQ(deck.timer2.interval(), 0) << "a tie, to even";
+  EXPECT_TRUE(deck.transitionRunning);
+  advance(1'000'000);
+  EXPECT_EQ(deck.step, 0);
+  startTransition(kFadeRandom, 50, 39);
+  EXPECT_EQ(deck.timer2.interval(), 1);
+  advance(1950);
+  EXPECT_EQ(deck.step, 1950);
+}
+
 TEST_P(ColorTransition, AGridWithoutCellsCannotRunATransition) {
   startTransition(kFadeNone, 1, 1);
   effect.fadeMode = kFadeScrollUp;
@@ -304,6 +331,17 @@ TEST_P(ColorTransition, ACutNeverMixesDuringAMasterFadeHoweverLongItsSteps) {
   advance(1000);
   expectPicture(deck.frame, {"R"});
   EXPECT_EQ(v.frameM.at(0, 0), before);
+}
+
+TEST_P(ColorTransition, TheLastPictureNeverMixesDuringAMasterFadeHoweverLongItsSteps) {
+  startTransition(kFadeScrollDown, 1, 1);
+  ticks(1);
+  v.fadeRunning = true;
+  engine.master.timerM.setInterval(5000);
+  v.frameM = frameOf({"W"});
+  ticks(1);
+  EXPECT_FALSE(deck.transitionRunning);
+  expectPicture(v.frameM, {"W"});
 }
 
 TEST_P(ColorTransition, ACellTickMixesThatCellAlone) {

@@ -21,7 +21,7 @@ const char* toolTip(int index, Icon icon) {
 
 }  // namespace
 
-DirectionButtons::DirectionButtons(std::vector<std::pair<int, Icon>> buttons) {
+DirectionButtons::DirectionButtons(const std::vector<std::pair<int, Icon>>& buttons) {
   for (const auto& [index, icon] : buttons) {
     Look look;
     look.toolTip = toolTip(index, icon);

@@ -15,7 +15,7 @@ namespace korvane {
 class DirectionButtons {
  public:
   /// One button per index, with its picture. 0 is "none".
-  explicit DirectionButtons(std::vector<std::pair<int, Icon>> buttons);
+  explicit DirectionButtons(const std::vector<std::pair<int, Icon>>& buttons);
 
   /// Presses the button of this index and releases all others.
   void show(int index);

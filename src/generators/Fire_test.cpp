@@ -193,6 +193,23 @@ TEST_P(Fire, OneCellInThreeIsRepaintedAndTheOthersKeepTheirColour) {
                              "W.WW.WW"});
 }
 
+// A single cell in a flame of one row, from the numbers that follow the step's first one.
+TEST_P(Fire, ACellIsMadeOfTwoRandomNumbersTheMainColoursFirst) {
+  dimension(1, 1);
+  burning(rgb(255, 160, 0), rgb(0, 90, 255), 100);
+  for (int i = 0; i < 20; ++i) {
+    startCountAt(0);
+    Random random = engine.random;
+    ASSERT_TRUE(tick());
+    const double main = (random.next() * 0.6 + 0.4) * 0.5;
+    const double second = random.next() / 3.0 * 2 * 0.4;
+    EXPECT_EQ(deck.frame.at(0, 0),
+              (Rgb{flameComponent(main * 255), flameComponent(main * 160 + second * 90),
+                   flameComponent(second * 255)}));
+    EXPECT_EQ(engine.random.next(), random.next()) << "no more than two are drawn";
+  }
+}
+
 // A cell whose red has settled is told again at each repaint as long as its green or blue differ
 // from what was noted long ago.
 TEST_P(Fire, OnlyTheRedOfAPublishedCellIsNoted) {

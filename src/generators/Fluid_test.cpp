@@ -99,6 +99,22 @@ TEST_P(Fluid, TheMainColourIsTheFloorAndTheSumSaturates) {
   EXPECT_GT(saturated, 500);
 }
 
+TEST_P(Fluid, ANewCellTakesOneRandomNumberAndRoundsTheSumOfBothColours) {
+  dimension(5, 2);
+  flowing(rgb(10, 20, 30), rgb(100, 31, 7), 70, 5);
+  ASSERT_TRUE(tick());
+  const float next = engine.random.next();
+  engine.randomize();  // the clock stands still
+  for (int col = 0; col < 5; ++col) {
+    const double share = engine.random.next() * 70.0 / 100;
+    const auto sum = [share](int main, int second) {
+      return static_cast<std::uint8_t>(std::nearbyint(main + share * second));
+    };
+    EXPECT_EQ(deck.frame.at(col, 0), (Rgb{sum(10, 100), sum(20, 31), sum(30, 7)}));
+  }
+  EXPECT_EQ(engine.random.next(), next);
+}
+
 TEST_P(Fluid, FullComponentsStayFull) {
   show({"..", ".."});
   flowing(kWhite, kWhite, 100, 5);

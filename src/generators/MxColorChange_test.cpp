@@ -42,6 +42,17 @@ TEST_P(ColorChangeDialog, ShowsTheRecord) {
   EXPECT_EQ(dialog.ColorList.cell(0, 1), "1.5");
 }
 
+TEST_P(ColorChangeDialog, HasItsTexts) {
+  EXPECT_EQ(dialog.myName.look().label, "Name : ");
+  EXPECT_EQ(dialog.slSpeed.look().label, "Speed : ");
+  EXPECT_EQ(dialog.slSpeed.look().caption, "+/- 200%");
+  EXPECT_EQ(dialog.slFade.look().label, "Fade Speed : ");
+  EXPECT_EQ(dialog.slFade.look().caption, "10-1 sec");
+  EXPECT_EQ(dialog.cbFadeMode.look().label, "Fade Effect : ");
+  EXPECT_EQ(dialog.beatControl.look().label, "Beat Control : ");
+  EXPECT_EQ(dialog.myName.text(), "Blue");
+}
+
 TEST_P(ColorChangeDialog, ListsTheNineFadeModes) {
   EXPECT_EQ(dialog.cbFadeMode.items(),
             (std::vector<std::string>{"None", "Fade", "Random", "FillDown", "FillUp", "ScrollUp",

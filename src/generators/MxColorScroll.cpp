@@ -16,14 +16,19 @@ constexpr double kIntervalFactor = 0.8;
 MxColorScroll::MxColorScroll(Engine& engine)
     : ColorListDialog(engine, {"MxColorScroll", "Color Scroll", "", "10s - 0,2s"},
                       {"Width", "1", normalWidth}),
+      directionLabel("directionLabel",
+                     {.caption = "Direction : ", .toolTip = "where the colours scroll"}),
       richtung(directionsUpTo(kLastDirection)),
       fadeMode("fadeMode",
                {.toolTip = "let each colour blend into the next", .label = "Fade Mode : "}) {
-  add({&myName, &ColorList, &addColor, &removeColor, &upColor, &downColor, &slSpeed});
+  add({&myName, &ColorList, &addColor, &removeColor, &upColor, &downColor, &slSpeed,
+       &directionLabel});
   add(richtung.controls());
   add({&fadeMode, &beatControl, &OK});
-  setLayout(column({fields({myName}), listLayout(), fields({slSpeed}), row(richtung.controls()),
-                    fields({fadeMode, beatControl}), row({space(), OK})}));
+  setLayout(column({fields({myName}), listLayout(),
+                    fields({slSpeed, row({directionLabel, row(richtung.controls()), space()}),
+                            fadeMode, beatControl}),
+                    row({space(), OK})}));
   bindSlider(slSpeed, &Effect::speed, [this] { setStepInterval(); });
   richtung.onClick = [this](int index) { richtung_Click(index); };
   fadeMode.onClick = [this] { fadeMode_Click(); };

@@ -14,6 +14,7 @@ class MxColorScroll : public ColorListDialog {
   void updateColorList2();
   void OK_Click() override;
 
+  Label directionLabel;
   DirectionButtons richtung;
   CheckBox fadeMode;
 

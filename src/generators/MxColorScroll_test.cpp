@@ -47,6 +47,15 @@ TEST_P(ColorScrollDialog, ShowsTheRecord) {
   EXPECT_EQ(dialog.ColorList.cell(1, 1), "20");
 }
 
+TEST_P(ColorScrollDialog, HasItsTexts) {
+  EXPECT_EQ(dialog.myName.look().label, "Name : ");
+  EXPECT_EQ(dialog.slSpeed.look().label, "Speed : ");
+  EXPECT_EQ(dialog.slSpeed.look().caption, "10s - 0,2s");
+  EXPECT_EQ(dialog.directionLabel.look().caption, "Direction : ");
+  EXPECT_EQ(dialog.fadeMode.look().label, "Fade Mode : ");
+  EXPECT_EQ(dialog.beatControl.look().label, "Beat Control : ");
+}
+
 TEST_P(ColorScrollDialog, TheSpeedOpensInTheSliderOfTheColorChangeDialog) {
   effect.speed = 77;
   open({kRed, kGreen}, {1, 1});

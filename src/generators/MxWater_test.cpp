@@ -58,12 +58,15 @@ TEST_P(WaterDialog, SlidersActOnTheRunningDeck) {
 
 TEST_P(WaterDialog, APickedColourWaitsForTheNextLine) {
   const Frame before = deck.frame;
-  event([this] { dialog.Color2.click(); });
-  move(plugin.dialogs.mixer.Sred, 17);
-  takeCalls();
-  click(plugin.dialogs.mixer.Bok);
+  for (ColorBox* box : {&dialog.Color1, &dialog.Color2}) {
+    event([box] { box->click(); });
+    move(plugin.dialogs.mixer.Sred, 17);
+    takeCalls();
+    click(plugin.dialogs.mixer.Bok);
+    EXPECT_TRUE(takeCalls().empty()) << box->name();
+  }
+  EXPECT_EQ(effect().color1, rgb(17, 0, 255));
   EXPECT_EQ(effect().color2, rgb(17, 255, 255));
-  EXPECT_TRUE(takeCalls().empty());
   for (int col = 0; col < 12; ++col) {
     for (int row = 0; row < 12; ++row) EXPECT_EQ(deck.frame.at(col, row), before.at(col, row));
   }

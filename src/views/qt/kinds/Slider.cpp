@@ -56,6 +56,7 @@ class CaptionedSlider : public QWidget {
     box->addWidget(caption, 0, centred);
     box->addWidget(slider, 1, upright ? Qt::AlignHCenter : Qt::Alignment());
     box->addWidget(number, 0, centred);
+    caption->setObjectName("caption");
     number->setObjectName("number");
     number->setAlignment(upright ? Qt::AlignCenter : Qt::AlignRight | Qt::AlignVCenter);
     const QFontMetrics metrics = number->fontMetrics();

@@ -47,7 +47,7 @@ class PictureFile : public testing::Test {
 
 QByteArray little(int value, int bytes) {
   QByteArray all;
-  for (int i = 0; i < bytes; ++i) all.append(static_cast<char>((value >> (8 * i)) & 255));
+  for (int i = 0; i < bytes; ++i, value /= 256) all.append(static_cast<char>(value % 256));
   return all;
 }
 

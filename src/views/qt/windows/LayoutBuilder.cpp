@@ -2,6 +2,8 @@
 
 #include <QEvent>
 #include <QLabel>
+#include <algorithm>
+#include <vector>
 
 namespace korvane {
 namespace {
@@ -103,7 +105,7 @@ void LayoutBuilder::place(const Layout& part, QBoxLayout& line) {
   } else if (bare) {
     line.addWidget(widgets_.at(part.control), part.stretch);
   } else if (part.kind == Layout::Kind::Boxed) {
-    makeBoxed(part);
+    fillBox(part);
     line.addWidget(widgets_.at(part.control), part.stretch);
   } else {
     line.addLayout(make(part), part.stretch);
@@ -127,7 +129,23 @@ QLayout* LayoutBuilder::makeFields(const Layout& part) {
     grid->setRowStretch(row, child.stretch);
     placeField(child, *grid, row++);
   }
+  alignCaptions(part);
   return grid;
+}
+
+// Sliders below each other begin at the same place, however long their captions.
+void LayoutBuilder::alignCaptions(const Layout& part) {
+  std::vector<QLabel*> captions;
+  int widest = 0;
+  for (const Layout& child : part.children) {
+    if (child.kind != Layout::Kind::Item) continue;
+    auto* caption = widgets_.at(child.control)->findChild<QLabel*>("caption");
+    if (caption == nullptr) continue;
+    captions.push_back(caption);
+    caption->ensurePolished();
+    widest = std::max({widest, caption->minimumWidth(), caption->sizeHint().width()});
+  }
+  for (QLabel* caption : captions) caption->setMinimumWidth(widest);
 }
 
 // The label goes to the column of the labels: a control's own, or the one that begins a row.
@@ -168,13 +186,14 @@ QLayout* LayoutBuilder::makeGrid(const Layout& part) {
   return grid;
 }
 
-// The group takes its content; the line that is returned holds the group.
+void LayoutBuilder::fillBox(const Layout& part) {
+  widgets_.at(part.control)->setLayout(make(part.children.front()));
+}
+
 QLayout* LayoutBuilder::makeBoxed(const Layout& part) {
-  QWidget* group = widgets_.at(part.control);
-  QLayout* content = make(part.children.front());
-  group->setLayout(content);
+  fillBox(part);
   auto* line = new QHBoxLayout;
-  line->addWidget(group);
+  line->addWidget(widgets_.at(part.control));
   return line;
 }
 

@@ -25,10 +25,12 @@ class LayoutBuilder {
   QLayout* makeLine(const Layout& part);
   QLayout* makeFields(const Layout& part);
   QLayout* makeGrid(const Layout& part);
+  void fillBox(const Layout& part);
   QLayout* makeBoxed(const Layout& part);
   /// Puts a part into a line, without a layout of its own where one widget will do.
   void place(const Layout& part, QBoxLayout& line);
   void placeField(const Layout& part, QGridLayout& grid, int row);
+  void alignCaptions(const Layout& part);
   QWidget* labelOf(const Control& control);
   void setTabOrder();
 

@@ -146,6 +146,16 @@ TEST_F(Windows, NoTextOfAButtonIsCutOff) {
   }
 }
 
+TEST_F(Windows, SlidersBelowEachOtherBeginAtTheSamePlace) {
+  MxColorChange& dialog = plugin.dialogs.colorChange;
+  gate.run([&] { engine.desktop.show(dialog); });
+  const auto& speed = inside<QSlider>(dialog.slSpeed);
+  const auto& fade = inside<QSlider>(dialog.slFade);
+  QWidget& window = view.window(dialog);
+  EXPECT_EQ(speed.mapTo(&window, QPoint()).x(), fade.mapTo(&window, QPoint()).x());
+  EXPECT_EQ(speed.width(), fade.width());
+}
+
 TEST_F(Windows, TheMainWindowFitsASmallScreen) {
   const QSize least = view.window(plugin.matrixForm).minimumSizeHint();
   const QSize room(1280 - 10, 800 - 35);  // less the frame of the system's windows
