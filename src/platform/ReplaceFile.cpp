@@ -28,11 +28,13 @@ std::string behindLinks(const std::string& path) {
   return error ? path : std::string(real.begin(), real.end());
 }
 
-// The copy gets its name when it is whole.
+// The copy gets its name when it is whole. What a crash left of an earlier one is removed first:
+// not every system copies over a file.
 void keepBackup(const std::string& path) {
   const std::string copy = path + ".bak.saving";
   std::error_code error;
-  fs::copy_file(systemPath(path), systemPath(copy), fs::copy_options::overwrite_existing, error);
+  fs::remove(systemPath(copy), error);
+  fs::copy_file(systemPath(path), systemPath(copy), error);
   require(!error, copy);
   flushToDisk(copy);
   rename(copy, path + ".bak");

@@ -7,20 +7,26 @@ namespace {
 
 constexpr const char* kFolder = KORVANE_SOURCE_DIR "/examples/";
 
-// A show, its grid, and the digest of all it showed in its minute.
+// A show, its grid, and digests of all it showed in its minute and of the file that it is saved as.
 struct Example {
   const char* stem;
   int cols, rows;
-  std::uint64_t digest;
+  std::uint64_t shown, saved;
+};
+
+// FNV-1a, 64 bits.
+struct Digest {
+  void add(std::uint8_t byte) { value = (value ^ byte) * 0x100000001B3U; }
+  std::uint64_t value = 0xCBF29CE484222325U;
 };
 
 constexpr std::array kExamples = {
-    Example{"1-club-night", 12, 12, 0x30D10819CCB18B20},
-    Example{"2-ticker-wall", 48, 8, 0x5ED37D07C9951D1F},
-    Example{"3-fire-wall", 24, 16, 0xADDF238DAEA8977D},
-    Example{"4-slide-show", 20, 15, 0x8D1FDBF29DEEA3A6},
-    Example{"5-paint-animation", 16, 16, 0x3628EBD369CE648F},
-    Example{"6-beat-show", 12, 12, 0x9C21D8B2BB99A1B3},
+    Example{"1-club-night", 12, 12, 0x30D10819CCB18B20, 0xC56BA64C88E6ADAC},
+    Example{"2-ticker-wall", 48, 8, 0x5ED37D07C9951D1F, 0x1252818F2FEF089B},
+    Example{"3-fire-wall", 24, 16, 0xADDF238DAEA8977D, 0x15FC218724A3F70A},
+    Example{"4-slide-show", 20, 15, 0x8D1FDBF29DEEA3A6, 0x5E647B9B1CF66E1F},
+    Example{"5-paint-animation", 16, 16, 0x3628EBD369CE648F, 0x27548B441636A252},
+    Example{"6-beat-show", 12, 12, 0x9C21D8B2BB99A1B3, 0xDF5D3B01C9E09C01},
 };
 
 // The pictures of the shows are bmp files of 24 bits, at most 255 pixels a side.
@@ -50,8 +56,9 @@ class Examples : public TestPlugin, public testing::WithParamInterface<Example> 
     host.baseFilename = kFolder + std::string(GetParam().stem);
     host.name = GetParam().stem;
     for (const auto& entry : std::filesystem::recursive_directory_iterator(kFolder)) {
-      const std::string path = entry.path().string();
-      if (entry.path().extension() == ".bmp") platform.pictures[path] = readBmp(path);
+      if (entry.path().extension() != ".bmp") continue;
+      const auto path = std::filesystem::absolute(entry.path()).lexically_normal();
+      platform.pictures[path.string()] = readBmp(path.string());
     }
     ASSERT_TRUE(open());
     loadProject();
@@ -64,7 +71,7 @@ class Examples : public TestPlugin, public testing::WithParamInterface<Example> 
     EXPECT_EQ(takeBoxes(), std::vector<std::string>{"Matrix Project loaded"});
   }
   std::string saved() {
-    const std::string path = folder + "/saved";
+    const std::string path = folder + "/" + GetParam().stem + ".Korvane";
     std::filesystem::remove(path);
     platform.answers = {path};
     click(plugin.matrixForm.save);
@@ -96,20 +103,18 @@ class Examples : public TestPlugin, public testing::WithParamInterface<Example> 
       }
       digestFrame();
     }
-    return digest;
+    return digest.value;
   }
 
   void digestFrame() {
     for (int col = 0; col < v.matrixCols; ++col) {
       for (int row = 0; row < v.matrixRows; ++row) {
-        for (const std::uint8_t byte : v.frameM.at(col, row)) {
-          digest = (digest ^ byte) * 0x100000001B3U;  // FNV-1a, 64 bits
-        }
+        for (const std::uint8_t byte : v.frameM.at(col, row)) digest.add(byte);
       }
     }
   }
 
-  std::uint64_t digest = 0xCBF29CE484222325U;
+  Digest digest;
 };
 
 TEST_P(Examples, BringsItsGrid) {
@@ -120,7 +125,7 @@ TEST_P(Examples, BringsItsGrid) {
 }
 
 TEST_P(Examples, PlaysAMinuteAsItAlwaysDid) {
-  EXPECT_EQ(playAMinute(), GetParam().digest);
+  EXPECT_EQ(playAMinute(), GetParam().shown);
   EXPECT_EQ(takeBoxes(), std::vector<std::string>{});
   EXPECT_TRUE(platform.failures.empty()) << platform.failures.front().what();
   EXPECT_GT(takeCalls().size(), 1000U);
@@ -132,6 +137,17 @@ TEST_P(Examples, ReadsTheSameWithADecimalComma) {
   loadProject();
   platform.format = {'.', ','};
   EXPECT_EQ(saved(), withPoint);
+}
+
+TEST_P(Examples, IsSavedAsTheBytesItAlwaysWas) {
+  const std::string place = std::filesystem::absolute(kFolder).lexically_normal().string();
+  std::string text = saved();
+  // Pictures are saved with their whole paths, as the system writes them.
+  for (auto at = text.find(place); at != std::string::npos; at = text.find(place))
+    text.erase(at, place.size());
+  std::replace(text.begin(), text.end(), '\\', '/');
+  for (const char character : text) digest.add(static_cast<std::uint8_t>(character));
+  EXPECT_EQ(digest.value, GetParam().saved);
 }
 
 INSTANTIATE_TEST_SUITE_P(Show, Examples, testing::ValuesIn(kExamples), [](const auto& show) {

@@ -190,6 +190,44 @@ TEST_F(LateBound, PropertiesAreReadAndWritten) {
   EXPECT_EQ(done.result, DISP_E_MEMBERNOTFOUND) << "it is read-only";
 }
 
+TEST_F(LateBound, TheModuleInformationHasTheSameFieldsByNameAndByIndex) {
+  const auto info = infoOf(*plugIn.Get());
+  const wchar_t* const names[] = {L"Identity", L"Name",    L"Description", L"Author",  L"Number5",
+                                  L"Flag6",    L"Number7", L"ToolName",    L"Tool",    L"Number10",
+                                  L"Number11", L"Flag12",  L"Flag13",      L"Messages"};
+  short index = 0;
+  for (const wchar_t* name : names) {
+    Outcome named;
+    Outcome indexed;
+    call(*info.Get(), name, {}, named);
+    call(*info.Get(), L"Item", {of(++index)}, indexed);
+    EXPECT_EQ(named.result, S_OK) << toUtf8(name);
+    ASSERT_EQ(named.value.vt, indexed.value.vt) << toUtf8(name);
+    if (named.value.vt == VT_BSTR) {
+      EXPECT_EQ(fromBstr(named.value.bstrVal), fromBstr(indexed.value.bstrVal)) << toUtf8(name);
+    } else if (named.value.vt == VT_DISPATCH) {
+      EXPECT_EQ(named.value.pdispVal, indexed.value.pdispVal) << toUtf8(name);
+    } else {
+      EXPECT_EQ(VarCmp(&named.value, &indexed.value, LOCALE_USER_DEFAULT, 0),
+                static_cast<HRESULT>(VARCMP_EQ))
+          << toUtf8(name);
+    }
+  }
+  EXPECT_EQ(index, 14);
+}
+
+TEST_F(LateBound, TheMessagesAreCountedReadAndAddedByName) {
+  ComPtr<IMessages> messages;
+  ASSERT_EQ(infoOf(*plugIn.Get())->get_Messages(&messages), S_OK);
+  Outcome done;
+  call(*messages.Get(), L"Add", {of(short{77})}, done);
+  EXPECT_EQ(done.result, S_OK);
+  call(*messages.Get(), L"Count", {}, done);
+  EXPECT_EQ(done.value.lVal, 5);
+  call(*messages.Get(), L"Item", {of(short{5})}, done);
+  EXPECT_EQ(done.value.lVal, 77);
+}
+
 TEST_F(LateBound, ADefaultMemberIsReachedThroughAProperty) {
   const auto info = infoOf(*plugIn.Get());
   Outcome done;

@@ -45,15 +45,15 @@ std::wstring progIdKey() { return kClasses + kProgId; }
 /// The type library in the component, and what tells it from others.
 struct Types {
   Types() {
-    if (FAILED(LoadTypeLibEx(Component::path().data(), REGKIND_NONE, &library)) ||
-        FAILED(library->GetLibAttr(&id)))
+    if (FAILED(LoadTypeLibEx(Component::path().data(), REGKIND_NONE, &typeLib)) ||
+        FAILED(typeLib->GetLibAttr(&id)))
       throw Failure(kAutomation, "the component lacks its type library");
   }
-  ~Types() { library->ReleaseTLibAttr(id); }
+  ~Types() { typeLib->ReleaseTLibAttr(id); }
   Types(const Types&) = delete;
   Types& operator=(const Types&) = delete;
 
-  ComPtr<ITypeLib> library;
+  ComPtr<ITypeLib> typeLib;
   TLIBATTR* id = nullptr;
 };
 
@@ -122,7 +122,7 @@ HRESULT remove(const Users& users, const Types& types) {
 HRESULT enter(const Users& users, const Types& types) {
   HRESULT result = enterClass(users.root, types);
   if (SUCCEEDED(result))
-    result = users.enterTypes(types.library.Get(), Component::path().data(), nullptr);
+    result = users.enterTypes(types.typeLib.Get(), Component::path().data(), nullptr);
   if (FAILED(result)) remove(users, types);
   return result;
 }

@@ -142,10 +142,10 @@ TEST_F(Registration, IsForTheUserAloneWithoutTheRightToDoMore) {
 TEST_F(Registration, WorksFromAPlaceWithBlanksAndUmlauts) {
   const std::filesystem::path folder =
       std::filesystem::temp_directory_path() / L"Gr\u00fcne L\u00e4mpchen & more (1)";
+  std::filesystem::remove_all(folder);
   std::filesystem::create_directories(folder);
   const std::filesystem::path copy = folder / "Korvane.dll";
-  std::filesystem::copy_file(componentFile(), copy,
-                             std::filesystem::copy_options::overwrite_existing);
+  std::filesystem::copy_file(componentFile(), copy);
   EXPECT_EQ(component.call("DllRegisterServer"), S_OK);
   {
     LoadedComponent moved(copy);

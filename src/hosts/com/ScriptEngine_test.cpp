@@ -40,6 +40,39 @@ class Site : public IActiveScriptSite {
   HRESULT STDMETHODCALLTYPE OnLeaveScript() override { return S_OK; }
 };
 
+/// The component's class as the script finds it. Wine's script engine forgets one reference to the
+/// class factory each time that it creates an object; here that is one to this program's own, and
+/// what the component still counts is what the script keeps of it.
+class Factory : public IClassFactory {
+ public:
+  explicit Factory(LoadedComponent& component) : component_(component) {
+    EXPECT_EQ(CoRegisterClassObject(__uuidof(::clsTharnPlugIn), this, CLSCTX_INPROC_SERVER,
+                                    REGCLS_MULTIPLEUSE, &registration_),
+              S_OK);
+  }
+  ~Factory() { EXPECT_EQ(CoRevokeClassObject(registration_), S_OK); }
+  Factory(const Factory&) = delete;
+  Factory& operator=(const Factory&) = delete;
+
+  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override {
+    *object = iid == IID_IUnknown || iid == IID_IClassFactory ? this : nullptr;
+    return *object == nullptr ? E_NOINTERFACE : S_OK;
+  }
+  ULONG STDMETHODCALLTYPE AddRef() override { return 2; }
+  ULONG STDMETHODCALLTYPE Release() override { return 1; }
+  HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown* outer, REFIID iid, void** object) override {
+    ComPtr<IClassFactory> factory;
+    const HRESULT found =
+        component_.classObject(__uuidof(::clsTharnPlugIn), IID_PPV_ARGS(&factory));
+    return FAILED(found) ? found : factory->CreateInstance(outer, iid, object);
+  }
+  HRESULT STDMETHODCALLTYPE LockServer(BOOL) override { return S_OK; }
+
+ private:
+  LoadedComponent& component_;
+  DWORD registration_ = 0;
+};
+
 constexpr CLSID kVbScript = {
     0xb54f3741, 0x5b07, 0x11cf, {0xa4, 0xb0, 0x00, 0xaa, 0x00, 0x4a, 0x55, 0xe8}};
 
@@ -47,6 +80,7 @@ constexpr CLSID kVbScript = {
 class ScriptEngine : public ComTest {
  protected:
   void run(const wchar_t* script) {
+    Factory factory(component);
     Site site;
     {
       ComPtr<IActiveScript> engine;
@@ -100,6 +134,9 @@ Set tool = info.Tool
 tool.Show
 tool.Run "click MatrixForm.active"
 If desk.MyStream.Count < 100 Then Err.Raise 1000, "script", "nothing was sent"
+plugIn.ITharnPlugin_MessageHandle 9, 0, 0
+plugIn.ITharnPlugin_MessageHandle 31, 1, 0
+If tool.Width <> 6000 Then Err.Raise 1000, "script", "the view did not change"
 )";
 };
 
