@@ -24,7 +24,7 @@ class ButtonWidget : public PushWidget {
     make(L"BUTTON", WS_TABSTOP | BS_PUSHBUTTON);
   }
 
-  Wish wish() const override {
+  Wish measure() const override {
     const int words = scale().textWidth(caption()) + scale().px(kRoomBeside);
     const SIZE size{std::max<LONG>(words, scale().px(kLeastWidth)),
                     scale().lineHeight() + scale().px(kRoomAbove)};

@@ -14,7 +14,7 @@ class CheckWidget : public PushWidget {
     make(L"BUTTON", WS_TABSTOP | BS_CHECKBOX);
   }
 
-  Wish wish() const override {
+  Wish measure() const override {
     const SIZE size{scale().textWidth(caption()) + scale().px(kMark),
                     scale().lineHeight() + scale().px(kRoomAbove)};
     return {size, size};

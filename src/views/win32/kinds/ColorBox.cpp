@@ -16,7 +16,7 @@ class ColorWidget : public PushWidget {
     make(L"BUTTON", WS_TABSTOP | BS_OWNERDRAW);
   }
 
-  Wish wish() const override {
+  Wish measure() const override {
     const std::wstring text = caption();
     const int words = text.empty() ? 0 : scale().textWidth(text) + scale().px(kRoomBeside);
     const LONG height = scale().px(kSize.cy);

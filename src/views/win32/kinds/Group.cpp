@@ -12,7 +12,7 @@ class GroupWidget : public Widget {
     make(L"BUTTON", BS_GROUPBOX | WS_CLIPCHILDREN);
   }
 
-  Wish wish() const override {
+  Wish measure() const override {
     const SIZE title{scale().textWidth(caption()) + scale().px(kRoomBesideTitle), 0};
     return {title, title, Grow::May, Grow::May};
   }

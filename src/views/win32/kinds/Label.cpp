@@ -13,7 +13,7 @@ class LabelWidget : public Widget {
     make(L"STATIC", SS_LEFT | SS_NOTIFY | SS_NOPREFIX);
   }
 
-  Wish wish() const override {
+  Wish measure() const override {
     const std::wstring text = caption();
     const SIZE size = scale().textSize(text, text.size() > kLongText ? scale().px(kWrapWidth) : 0);
     return {size, size, Grow::May, Grow::No};

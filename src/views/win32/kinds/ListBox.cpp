@@ -43,10 +43,9 @@ class EntriesWidget : public Widget {
   }
 
   int widest() const {
-    int width = 0;
-    for (const std::string& item : list_.items())
-      width = std::max(width, scale().textWidth(toWide(item)));
-    return width;
+    std::wstring all;
+    for (const std::string& item : items_) all += toWide(item) + L'\n';
+    return scale().textWidth(all);
   }
 
  private:
@@ -67,18 +66,18 @@ class DropDownWidget : public EntriesWidget {
     make(L"COMBOBOX", WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST | CBS_HASSTRINGS);
   }
 
-  Wish wish() const override {
+  Wish measure() const override {
     const SIZE size{widest() + scale().px(kArrow), height()};
     return {size, size, Grow::May, Grow::No};
   }
   // The height that it is given holds the open list as well.
-  void place(const RECT& place) override {
+  void arrange(const RECT& place) override {
     RECT open = place;
     open.bottom += kVisibleEntries * (scale().lineHeight() + scale().px(2));
     moveWindow(window(), open);
   }
-  void rescale() override {
-    Widget::rescale();
+  void setSizes() override {
+    Widget::setSizes();
     SendMessageW(window(), CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), height() - kClosedFrame);
   }
 
@@ -106,7 +105,7 @@ class OpenListWidget : public EntriesWidget {
     make(L"LISTBOX", WS_TABSTOP | WS_VSCROLL | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT, WS_EX_CLIENTEDGE);
   }
 
-  Wish wish() const override {
+  Wish measure() const override {
     const SIZE size{std::max(widest() + scale().px(kArrow), scale().px(kOpenSize.cx)),
                     scale().px(kOpenSize.cy)};
     return {size, size, Grow::Wants, Grow::Wants};

@@ -32,7 +32,7 @@ class RowsWidget : public Widget {
     editor_.onCancelled = [this] { act([this] { list_.cancelEdit(); }); };
   }
 
-  Wish wish() const override {
+  Wish measure() const override {
     const auto shown = std::count_if(columns_.begin(), columns_.end(),
                                      [](const auto& column) { return column.width > 0; });
     const int columns = shown < 2 ? 0 : static_cast<int>(shown) * scale().px(kColumnWidth);
@@ -42,12 +42,12 @@ class RowsWidget : public Widget {
             Grow::Wants};
   }
 
-  void place(const RECT& place) override {
-    Widget::place(place);
+  void arrange(const RECT& place) override {
+    Widget::arrange(place);
     shareWidth();
   }
-  void rescale() override {
-    Widget::rescale();
+  void setSizes() override {
+    Widget::setSizes();
     shareWidth();
   }
 

@@ -16,7 +16,7 @@ using Sizing = PictureBox::Sizing;
 
 constexpr int kFixedEnlargement = 2;  // of a box that keeps its size, if there is room
 constexpr int kLeastSide = 96;        // of a box that grows, in units of the layout
-constexpr int kLargestSide = 200;     // of a box that grows, at first
+constexpr int kLargestSide = 260;     // of a box that grows, at first
 
 // A colour has red in its lowest byte, other than the system's pictures.
 struct PictureInfo {
@@ -37,7 +37,7 @@ class PictureWidget : public Widget {
   }
   ~PictureWidget() override { box_.onPixels = nullptr; }
 
-  Wish wish() const override {
+  Wish measure() const override {
     if (box_.sizing() == Sizing::Fixed) {
       const SIZE least{scale().px(width_), scale().px(height_)};
       return {least,
@@ -54,8 +54,8 @@ class PictureWidget : public Widget {
             Grow::Wants};
   }
 
-  void place(const RECT& place) override {
-    Widget::place(place);
+  void arrange(const RECT& place) override {
+    Widget::arrange(place);
     fit();
     changed();
   }

@@ -17,7 +17,7 @@ class IconWidget : public PushWidget {
     make(L"BUTTON", WS_TABSTOP | BS_OWNERDRAW);
   }
 
-  Wish wish() const override {
+  Wish measure() const override {
     const SIZE size{scale().px(kSide), scale().px(kSide)};
     return {size, size};
   }

@@ -33,28 +33,36 @@ int dpiOf(HWND window) {
   return dpi > 0 ? dpi : screenDpi();
 }
 
+Scale::Scale(int dpi)
+    : ruler_(CreateCompatibleDC(nullptr)), firstFont_(GetCurrentObject(ruler_, OBJ_FONT)) {
+  setDpi(dpi);
+}
+
+Scale::~Scale() {
+  drop();
+  DeleteDC(ruler_);
+}
+
 void Scale::setDpi(int dpi) {
   drop();
   dpi_ = dpi;
   font_ = messageFont(dpi, false);
   bold_ = messageFont(dpi, true);
+  SelectObject(ruler_, font_);
   lineHeight_ = static_cast<int>(textSize(L"Xg").cy);
 }
 
 void Scale::drop() {
+  SelectObject(ruler_, firstFont_);
   DeleteObject(font_);
   DeleteObject(bold_);
 }
 
 SIZE Scale::textSize(const std::wstring& text, int width) const {
-  const HDC screen = GetDC(nullptr);
-  const HGDIOBJ before = SelectObject(screen, font_);
   RECT room{0, 0, width, 0};
   const UINT wrap = width > 0 ? DT_WORDBREAK : 0;
-  DrawTextW(screen, text.c_str(), static_cast<int>(text.size()), &room,
+  DrawTextW(ruler_, text.c_str(), static_cast<int>(text.size()), &room,
             DT_CALCRECT | DT_NOPREFIX | DT_EXPANDTABS | wrap);
-  SelectObject(screen, before);
-  ReleaseDC(nullptr, screen);
   return {room.right, room.bottom};
 }
 

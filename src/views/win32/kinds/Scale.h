@@ -12,8 +12,8 @@ int dpiOf(HWND window);
 /// Sizes and type on a monitor.
 class Scale {
  public:
-  explicit Scale(int dpi) { setDpi(dpi); }
-  ~Scale() { drop(); }
+  explicit Scale(int dpi);
+  ~Scale();
   Scale(const Scale&) = delete;
   Scale& operator=(const Scale&) = delete;
 
@@ -31,6 +31,8 @@ class Scale {
  private:
   void drop();
 
+  HDC ruler_;  // for measuring; the font is selected in it
+  HGDIOBJ firstFont_;
   int dpi_ = 0;
   HFONT font_ = nullptr;
   HFONT bold_ = nullptr;

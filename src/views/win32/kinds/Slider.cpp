@@ -28,7 +28,7 @@ class SliderWidget : public Widget {
                  std::max(1, (slider.max() - slider.min()) / kPagesOfRange));
   }
 
-  Wish wish() const override {
+  Wish measure() const override {
     const int line = scale().lineHeight() + scale().px(2);
     const int text = numberWidth();
     const LONG across = scale().px(kAcross);
@@ -48,10 +48,10 @@ class SliderWidget : public Widget {
             Grow::No};
   }
 
-  void place(const RECT& place) override { upright() ? placeTall(place) : placeWide(place); }
+  void arrange(const RECT& place) override { upright() ? placeTall(place) : placeWide(place); }
 
-  void rescale() override {
-    Widget::rescale();
+  void setSizes() override {
+    Widget::setSizes();
     for (const HWND text : {caption_, number_})
       SendMessageW(text, WM_SETFONT, reinterpret_cast<WPARAM>(scale().font()), TRUE);
     SendMessageW(window(), TBM_SETTHUMBLENGTH, static_cast<WPARAM>(scale().px(20)), 0);
@@ -128,7 +128,7 @@ class SliderWidget : public Widget {
     moveWindow(number_, {number, top, place.right, top + line});
     const LONG across = scale().px(kAcross);
     const LONG upper = (place.top + place.bottom - across) / 2;
-    Widget::place({way, upper, number - scale().px(kGap), upper + across});
+    Widget::arrange({way, upper, number - scale().px(kGap), upper + across});
   }
 
   void placeTall(const RECT& place) {
@@ -139,7 +139,7 @@ class SliderWidget : public Widget {
     const LONG left = (place.left + place.right - across) / 2;
     moveWindow(caption_, {place.left, place.top, place.right, first});
     moveWindow(number_, {place.left, last, place.right, place.bottom});
-    Widget::place({left, first, left + across, last});
+    Widget::arrange({left, first, left + across, last});
   }
 
   Slider& slider_;

@@ -35,7 +35,7 @@ class TextWidget : public Widget {
     SendMessageW(window(), EM_SETLIMITTEXT, kLongest, 0);
   }
 
-  Wish wish() const override { return page() ? pageWish() : lineWish(); }
+  Wish measure() const override { return page() ? pageWish() : lineWish(); }
 
  protected:
   void show() override {

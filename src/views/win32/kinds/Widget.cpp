@@ -75,10 +75,10 @@ void Widget::refresh() {
   setTip();
   show();
   showLook();
-  const Wish wanted = wish();
-  if (wanted == shownWish_) return;
-  shownWish_ = wanted;
-  PostMessageW(formOf(window_), kArrange, 0, 0);
+  const Wish wanted = measure();
+  if (wanted == wish_) return;
+  wish_ = wanted;
+  SendMessageW(formOf(window_), kWishChanged, 0, 0);
 }
 
 // A window that goes or is disabled gives the focus on.
@@ -90,12 +90,24 @@ void Widget::showLook() {
   EnableWindow(window_, look.enabled);
   ShowWindow(window_, look.visible ? SW_SHOWNA : SW_HIDE);
   if (goes) SendMessageW(formOf(window_), kMoveFocus, 0, 0);
-  if (visible != look.visible) PostMessageW(formOf(window_), kArrange, 0, 0);
+  if (visible != look.visible) SendMessageW(formOf(window_), kWishChanged, 0, 0);
 }
 
-void Widget::place(const RECT& place) { moveWindow(window_, place); }
+void Widget::place(const RECT& place) {
+  if (EqualRect(&place, &place_)) return;
+  place_ = place;
+  arrange(place);
+}
+
+void Widget::arrange(const RECT& place) { moveWindow(window_, place); }
 
 void Widget::rescale() {
+  place_ = {};
+  setSizes();
+  wish_ = measure();
+}
+
+void Widget::setSizes() {
   SendMessageW(window_, WM_SETFONT, reinterpret_cast<WPARAM>(scale().font()), TRUE);
 }
 

@@ -16,9 +16,9 @@
 
 namespace korvane {
 
-/// Messages to a form's window: arrange the controls anew; give the focus to the next control, or
-/// to the one before it if the first argument is 1.
-inline constexpr UINT kArrange = WM_APP + 1;
+/// Messages to a form's window: what a control asks for has changed; give the focus to the next
+/// control, or to the one before it if the first argument is 1.
+inline constexpr UINT kWishChanged = WM_APP + 1;
 inline constexpr UINT kMoveFocus = WM_APP + 2;
 
 /// Where a control's window is made: the window around it, the tool tips of the form, the sizes,
@@ -55,11 +55,12 @@ class Widget {
   HWND window() const { return window_; }
   /// Shows the control now and whenever it changes.
   void bind();
-  virtual Wish wish() const = 0;
+  /// What it asks for, as it was when it was shown last.
+  const Wish& wish() const { return wish_; }
   /// Takes a place within the parent.
-  virtual void place(const RECT& place);
+  void place(const RECT& place);
   /// The sizes have changed.
-  virtual void rescale();
+  void rescale();
   /// True for one that a person reaches with the Tab key.
   bool takesFocus() const;
 
@@ -71,6 +72,9 @@ class Widget {
   void make(const wchar_t* type, DWORD style, DWORD extended = 0);
   /// Makes a window beside it, as of a label.
   HWND makeText(const std::wstring& text, DWORD style) const;
+  virtual Wish measure() const = 0;
+  virtual void arrange(const RECT& place);
+  virtual void setSizes();
   /// Shows what is the kind's own; it must raise no event.
   virtual void show() {}
   /// A message to the window; the answer if it goes no further.
@@ -101,7 +105,8 @@ class Widget {
   Control& control_;
   Seat seat_;
   HWND window_ = nullptr;
-  Wish shownWish_;
+  Wish wish_;
+  RECT place_{};
   std::wstring tip_;
 };
 

@@ -19,9 +19,8 @@ int natural(const Wish& wish, bool upright) {
 }
 Grow grow(const Wish& wish, bool upright) { return upright ? wish.growY : wish.growX; }
 
-Share shareOf(const Box& box, bool upright) {
-  const Wish wish = box.wish();
-  return {least(wish, upright), natural(wish, upright), box.stretch, grow(wish, upright)};
+Share shareOf(const Wish& wish, int stretch, bool upright) {
+  return {least(wish, upright), natural(wish, upright), stretch, grow(wish, upright)};
 }
 
 // A wish from the needs in both directions.
@@ -123,8 +122,9 @@ Wish LineBox::wish() const {
   std::vector<Share> along;
   Share across;
   for (const Box* child : shown()) {
-    along.push_back(shareOf(*child, upright_));
-    across = largest(across, shareOf(*child, !upright_));
+    const Wish wish = child->wish();
+    along.push_back(shareOf(wish, child->stretch, upright_));
+    across = largest(across, shareOf(wish, 0, !upright_));
   }
   const Share line = sum(along, scale_.px(kGap));
   return upright_ ? wishOf(across, line) : wishOf(line, across);
@@ -134,7 +134,7 @@ void LineBox::place(const RECT& place) {
   const std::vector<Box*> boxes = shown();
   if (boxes.empty()) return;
   std::vector<Share> along;
-  for (const Box* child : boxes) along.push_back(shareOf(*child, upright_));
+  for (const Box* child : boxes) along.push_back(shareOf(child->wish(), child->stretch, upright_));
   const int gap = scale_.px(kGap);
   const LONG room = upright_ ? place.bottom - place.top : place.right - place.left;
   const std::vector<int> sizes =
@@ -149,43 +149,37 @@ void LineBox::place(const RECT& place) {
   }
 }
 
-std::vector<Share> GridBox::lines() const {
-  std::vector<Share> lines((cells_.size() + static_cast<std::size_t>(columns_) - 1) /
-                           static_cast<std::size_t>(columns_));
+GridBox::Needs GridBox::needs() const {
+  const auto width = static_cast<std::size_t>(columns_);
+  Needs needs{std::vector<Share>(width), std::vector<Share>((cells_.size() + width - 1) / width)};
   for (std::size_t i = 0; i < cells_.size(); ++i) {
-    Share& line = lines[i / static_cast<std::size_t>(columns_)];
-    if (cells_[i]) line = largest(line, shareOf(*cells_[i], true));
+    if (!cells_[i]) continue;
+    const Wish wish = cells_[i]->wish();
+    Share& column = needs.columns[i % width];
+    Share& line = needs.lines[i / width];
+    column = largest(column, shareOf(wish, 0, false));
+    line = largest(line, shareOf(wish, cells_[i]->stretch, true));
   }
-  return lines;
-}
-
-std::vector<Share> GridBox::columns() const {
-  std::vector<Share> columns(static_cast<std::size_t>(columns_));
-  for (std::size_t i = 0; i < cells_.size(); ++i) {
-    Share& column = columns[i % static_cast<std::size_t>(columns_)];
-    if (cells_[i]) column = largest(column, shareOf(*cells_[i], false));
-  }
-  for (int i = 0; i < columns_; ++i) {
-    Share& column = columns[static_cast<std::size_t>(i)];
-    column.stretch = 0;
-    column.grow = i == growing_ ? Grow::Wants : Grow::No;
-  }
-  return columns;
+  for (std::size_t i = 0; i < width; ++i)
+    needs.columns[i].grow = static_cast<int>(i) == growing_ ? Grow::Wants : Grow::No;
+  return needs;
 }
 
 Wish GridBox::wish() const {
   const int gap = scale_.px(kGap);
-  return wishOf(sum(columns(), gap), sum(lines(), gap));
+  const Needs needs = this->needs();
+  return wishOf(sum(needs.columns, gap), sum(needs.lines, gap));
 }
 
 void GridBox::place(const RECT& place) {
+  const Needs needs = this->needs();
   const int gap = scale_.px(kGap);
   const auto fit = [gap](const std::vector<Share>& shares, LONG room) {
     const int gaps = gap * (static_cast<int>(shares.size()) - 1);
     return lengths(shares, static_cast<int>(room) - gaps);
   };
-  const std::vector<int> widths = fit(columns(), place.right - place.left);
-  const std::vector<int> heights = fit(lines(), place.bottom - place.top);
+  const std::vector<int> widths = fit(needs.columns, place.right - place.left);
+  const std::vector<int> heights = fit(needs.lines, place.bottom - place.top);
   LONG top = place.top;
   for (std::size_t line = 0; line < heights.size(); ++line) {
     LONG left = place.left;

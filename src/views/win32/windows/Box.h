@@ -94,8 +94,11 @@ class GridBox : public Box {
   void place(const RECT& place) override;
 
  private:
-  std::vector<Share> lines() const;
-  std::vector<Share> columns() const;
+  struct Needs {
+    std::vector<Share> columns;
+    std::vector<Share> lines;
+  };
+  Needs needs() const;
 
   int columns_;
   int growing_;

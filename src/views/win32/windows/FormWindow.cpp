@@ -14,6 +14,7 @@ namespace {
 constexpr int kMargin = 11;
 constexpr DWORD kCaptionBits = WS_CAPTION;
 constexpr UINT kFollowSize = WM_APP + 3;
+constexpr UINT kArrange = WM_APP + 4;
 constexpr UINT kDpiChanged = 0x02E0;  // WM_DPICHANGED, of newer systems than our headers' oldest
 
 // A window that belongs to another one needs no button of its own to make it small.
@@ -112,7 +113,8 @@ void FormWindow::resizeTo(SIZE client) const {
                SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-void FormWindow::arrange() const {
+void FormWindow::arrange() {
+  waiting_ = false;
   RECT area;
   GetClientRect(window_, &area);
   InflateRect(&area, -margin(), -margin());
@@ -249,6 +251,9 @@ std::optional<LRESULT> FormWindow::message(UINT message, WPARAM w, LPARAM l) {
     case WM_SIZE:
     case kArrange:
       arrange();
+      return 0;
+    case kWishChanged:  // by many at once, as a rule
+      if (!waiting_) waiting_ = PostMessageW(window_, kArrange, 0, 0) != FALSE;
       return 0;
     case WM_GETMINMAXINFO:
       limitSize(*reinterpret_cast<MINMAXINFO*>(l));

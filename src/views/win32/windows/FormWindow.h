@@ -42,7 +42,7 @@ class FormWindow {
   void refresh();
   void showFrame() const;
   void followSize();
-  void arrange() const;
+  void arrange();
   void limitSize(MINMAXINFO& limits) const;
   void setDpi(int dpi, const RECT& place);
   void moveFocus(bool back);
@@ -61,6 +61,7 @@ class FormWindow {
   Widgets widgets_;
   std::unique_ptr<Box> box_;
   HWND focus_ = nullptr;  // what had the keyboard when another window took it
+  bool waiting_ = false;  // to be arranged anew
   bool quiet_ = false;    // it is shown by the program
   int declaredWidth_ = 0;
   std::map<int, SIZE> sizes_;  // that the window had, by its declared width
