@@ -5,9 +5,9 @@
 #include <shellapi.h>
 
 #include "platform/WideText_win32.h"
+#include "views/pictures/PictureFile.h"
 #include "views/win32/machine/FileDialog.h"
 #include "views/win32/machine/OthersDisabled.h"
-#include "views/win32/pictures/PictureFile.h"
 #include "views/win32/windows/FailureBox.h"
 
 namespace korvane {

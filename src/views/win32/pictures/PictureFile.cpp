@@ -1,4 +1,4 @@
-#include "views/win32/pictures/PictureFile.h"
+#include "views/pictures/PictureFile.h"
 
 #include <ole2.h>
 #include <wincodec.h>

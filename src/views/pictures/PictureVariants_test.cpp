@@ -8,8 +8,8 @@
 
 #include "testing/Drawing.h"
 #include "testing/FailureOf.h"
-#include "views/qt/pictures/PictureFile.h"
-#include "views/qt/pictures/PictureSeeds.h"
+#include "views/pictures/PictureFile.h"
+#include "views/pictures/PictureSeeds.h"
 
 namespace korvane {
 namespace {
