@@ -13,8 +13,8 @@ TEST(BinderTable, HasEveryKind) {
 }
 
 TEST_F(Binders, FollowTheLookOfTheControl) {
-  Button button("go", {.caption = "Go"});
-  Button other("other", {.caption = "Other"});
+  auto& button = make<Button>("go", Look{.caption = "Go"});
+  auto& other = make<Button>("other", Look{.caption = "Other"});
   show({&button, &other});
   EXPECT_EQ(windowText(on(button)), L"Go");
   button.setCaption("Gehe über");
@@ -26,14 +26,14 @@ TEST_F(Binders, FollowTheLookOfTheControl) {
 }
 
 TEST_F(Binders, AScriptFindsTheWindowOfAControlByItsName) {
-  Button button("addA", {.caption = "+"});
+  auto& button = make<Button>("addA", Look{.caption = "+"});
   FormWindow& window = show({&button});
   EXPECT_EQ(GetPropW(on(button), L"Korvane.addA"), on(button));
   EXPECT_EQ(GetPropW(window.window(), L"Korvane.plain"), window.window());
 }
 
 TEST_F(Binders, ALongerCaptionWidensTheWindowsButton) {
-  Button button("go", {.caption = "Go"});
+  auto& button = make<Button>("go", Look{.caption = "Go"});
   show({&button});
   form->setLayout(row({Layout(button), space()}));
   const SIZE before = view->window(*form).widget(button)->wish().natural;
@@ -43,7 +43,7 @@ TEST_F(Binders, ALongerCaptionWidensTheWindowsButton) {
 
 TEST_F(Binders, AButtonClicksOnceForEachWayOfPressing) {
   int clicks = 0;
-  Button button("go", {.caption = "Go"});
+  auto& button = make<Button>("go", Look{.caption = "Go"});
   button.onClick = [&clicks] { ++clicks; };
   show({&button});
   PostMessageW(on(button), BM_CLICK, 0, 0);
@@ -58,7 +58,7 @@ TEST_F(Binders, AButtonClicksOnceForEachWayOfPressing) {
 }
 
 TEST_F(Binders, AFailureOfAClickIsReportedOnceAndTheWindowGoesOn) {
-  Button button("go", {.caption = "Go"});
+  auto& button = make<Button>("go", Look{.caption = "Go"});
   button.onClick = [] { throw Failure(kSubscript); };
   show({&button});
   clickAt(on(button), 5, 5);
@@ -70,7 +70,7 @@ TEST_F(Binders, AFailureOfAClickIsReportedOnceAndTheWindowGoesOn) {
 
 TEST_F(Binders, APictureButtonIsPressedByTheProgramAlone) {
   int clicks = 0;
-  PictureButton button("up", Icon::Up);
+  auto& button = make<PictureButton>("up", Icon::Up);
   button.onClick = [&clicks] { ++clicks; };
   show({&button});
   clickAt(on(button), 5, 5);
@@ -79,8 +79,8 @@ TEST_F(Binders, APictureButtonIsPressedByTheProgramAlone) {
 }
 
 TEST_F(Binders, ACheckBoxShowsWhatItsHandlerMadeOfTheClick) {
-  CheckBox kept("kept", {.caption = "kept"});
-  CheckBox refused("refused", {.caption = "refused"});
+  auto& kept = make<CheckBox>("kept", Look{.caption = "kept"});
+  auto& refused = make<CheckBox>("refused", Look{.caption = "refused"});
   int events = 0;
   kept.onClick = [&events] { ++events; };
   refused.onClick = [&refused] { refused.setValue(0); };
@@ -94,8 +94,8 @@ TEST_F(Binders, ACheckBoxShowsWhatItsHandlerMadeOfTheClick) {
 
 TEST_F(Binders, AColorBoxAndALabelAreClicked) {
   int clicks = 0;
-  ColorBox box("color", {}, rgb(255, 0, 0));
-  Label label("label", {.caption = "online help"});
+  auto& box = make<ColorBox>("color", Look{}, rgb(255, 0, 0));
+  auto& label = make<Label>("label", Look{.caption = "online help"});
   box.onClick = label.onClick = [&clicks] { ++clicks; };
   show({&box, &label});
   clickAt(on(box), 5, 5);
@@ -105,7 +105,7 @@ TEST_F(Binders, AColorBoxAndALabelAreClicked) {
 
 TEST_F(Binders, ADropDownListChoosesOnceForEachKey) {
   int events = 0;
-  ListBox list("type");
+  auto& list = make<ListBox>("type");
   list.setItems({"one", "two", "three"});
   list.setIndex(0);
   list.onClick = [&events] { ++events; };
@@ -120,7 +120,7 @@ TEST_F(Binders, ADropDownListChoosesOnceForEachKey) {
 
 TEST_F(Binders, AnOpenedDropDownListChoosesWhenItCloses) {
   int events = 0;
-  ListBox list("type");
+  auto& list = make<ListBox>("type");
   list.setItems({"one", "two", "three"});
   list.setIndex(0);
   list.onClick = [&events] { ++events; };
@@ -140,7 +140,7 @@ TEST_F(Binders, AnOpenedDropDownListChoosesWhenItCloses) {
 }
 
 TEST_F(Binders, TheWheelChangesNoClosedList) {
-  ListBox list("type");
+  auto& list = make<ListBox>("type");
   list.setItems({"one", "two"});
   list.setIndex(0);
   show({&list});
@@ -150,7 +150,7 @@ TEST_F(Binders, TheWheelChangesNoClosedList) {
 }
 
 TEST_F(Binders, AnOpenListChooses) {
-  ListBox list("files", {}, ListBox::Style::Open);
+  auto& list = make<ListBox>("files", Look{}, ListBox::Style::Open);
   list.setItems({"one", "two"});
   show({&list});
   press(on(list), VK_DOWN);
@@ -160,7 +160,7 @@ TEST_F(Binders, AnOpenListChooses) {
 
 TEST_F(Binders, ALiveTextBoxHandsOverEachKeystroke) {
   std::vector<std::string> texts;
-  TextBox box("name");
+  auto& box = make<TextBox>("name");
   box.onChange = [&] { texts.push_back(box.text()); };
   show({&box});
   SetFocus(on(box));
@@ -169,13 +169,14 @@ TEST_F(Binders, ALiveTextBoxHandsOverEachKeystroke) {
 }
 
 TEST_F(Binders, ATextBoxThatRewritesItsTextTakesItOnEnterOrWhenItIsLeft) {
-  TextBox box("time", {}, "3", {.commit = TextBoxStyle::Commit::OnLeave});
+  auto& box =
+      make<TextBox>("time", Look{}, "3", TextBoxStyle{.commit = TextBoxStyle::Commit::OnLeave});
   std::vector<int> keys;
   box.onKeyPress = [&keys](int key) { keys.push_back(key); };
   box.onChange = [&box] {
     if (box.text() == "7") box.setText("7.00");
   };
-  Button other("other", {.caption = "other"});
+  auto& other = make<Button>("other", Look{.caption = "other"});
   show({&box, &other});
   SetFocus(on(box));
   SendMessageW(on(box), EM_SETSEL, 0, -1);
@@ -188,7 +189,7 @@ TEST_F(Binders, ATextBoxThatRewritesItsTextTakesItOnEnterOrWhenItIsLeft) {
 }
 
 TEST_F(Binders, APageKeepsItsLines) {
-  TextBox page("page", {}, "one\ntwo", {.lines = 4});
+  auto& page = make<TextBox>("page", Look{}, "one\ntwo", TextBoxStyle{.lines = 4});
   show({&page});
   EXPECT_EQ(SendMessageW(on(page), EM_GETLINECOUNT, 0, 0), 2);
   EXPECT_EQ(page.text(), "one\ntwo");

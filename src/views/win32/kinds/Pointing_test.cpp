@@ -8,7 +8,7 @@ namespace {
 class Pointing : public ShownForm {};
 
 TEST_F(Pointing, AKeyMovesASlider) {
-  Slider slider("fader", {-100, 100});
+  auto& slider = make<Slider>("fader", SliderRange{-100, 100});
   int events = 0;
   slider.onChange = [&events] { ++events; };
   show({&slider});
@@ -22,7 +22,7 @@ TEST_F(Pointing, AKeyMovesASlider) {
 }
 
 TEST_F(Pointing, APressBesideTheHandleTakesItThere) {
-  Slider slider("fader");
+  auto& slider = make<Slider>("fader");
   show({&slider});
   RECT area;
   GetClientRect(on(slider), &area);
@@ -35,7 +35,7 @@ TEST_F(Pointing, APressBesideTheHandleTakesItThere) {
 }
 
 TEST_F(Pointing, TheUpperEndOfAnUprightSliderIsItsLargestValue) {
-  Slider slider("red", {0, 255, true});
+  auto& slider = make<Slider>("red", SliderRange{0, 255, true});
   show({&slider});
   RECT area;
   GetClientRect(on(slider), &area);
@@ -164,7 +164,7 @@ class Pictures : public Pointing {
 };
 
 TEST_F(Pictures, TheMouseIsHandedOnInPixelsOfTheBox) {
-  PictureBox box("picture", {20, 10, PictureBox::Sizing::Fixed});
+  auto& box = make<PictureBox>("picture", PictureBox::Size{20, 10, PictureBox::Sizing::Fixed});
   listen(box);
   show({&box});
   RECT area;
@@ -182,7 +182,7 @@ TEST_F(Pictures, TheMouseIsHandedOnInPixelsOfTheBox) {
 }
 
 TEST_F(Pictures, ADoubleClickIsNoSecondClick) {
-  PictureBox box("picture", {20, 10, PictureBox::Sizing::Fixed});
+  auto& box = make<PictureBox>("picture", PictureBox::Size{20, 10, PictureBox::Sizing::Fixed});
   listen(box);
   show({&box});
   RECT area;
@@ -197,7 +197,7 @@ TEST_F(Pictures, ADoubleClickIsNoSecondClick) {
 }
 
 TEST_F(Pictures, AReleaseThatWentElsewhereIsMadeUpFor) {
-  PictureBox box("picture", {20, 10, PictureBox::Sizing::Fixed});
+  auto& box = make<PictureBox>("picture", PictureBox::Size{20, 10, PictureBox::Sizing::Fixed});
   show({&box});
   mouse(on(box), WM_LBUTTONDOWN, 5, 5, MK_LBUTTON);
   EXPECT_TRUE(box.buttonHeld());
@@ -206,7 +206,7 @@ TEST_F(Pictures, AReleaseThatWentElsewhereIsMadeUpFor) {
 }
 
 TEST_F(Pictures, PixelsStandSharpOnTheScreen) {
-  PictureBox box("picture", {100, 100, PictureBox::Sizing::Grow});
+  auto& box = make<PictureBox>("picture", PictureBox::Size{100, 100, PictureBox::Sizing::Grow});
   show({&box});
   RECT area;
   GetClientRect(on(box), &area);

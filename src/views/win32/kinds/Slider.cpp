@@ -1,3 +1,5 @@
+#include <windowsx.h>
+
 #include <algorithm>
 
 #include "platform/Controls.h"
@@ -71,10 +73,15 @@ class SliderWidget : public Widget {
 
   void scrolled() override { take(); }
 
-  std::optional<LRESULT> message(UINT message, WPARAM, LPARAM l) override {
-    if (message == WM_LBUTTONDOWN)
-      jumpTo({static_cast<short>(LOWORD(l)), static_cast<short>(HIWORD(l))});
-    return std::nullopt;
+  // A press beside the handle takes the handle there at once; from there it is dragged.
+  std::optional<LRESULT> message(UINT message, WPARAM w, LPARAM l) override {
+    if (message != WM_LBUTTONDOWN) return std::nullopt;
+    const POINT at{GET_X_LPARAM(l), GET_Y_LPARAM(l)};
+    if (const RECT before = handle(); PtInRect(&before, at)) return std::nullopt;
+    jumpTo(at);
+    const RECT now = handle();
+    return inherited(message, w,
+                     MAKELPARAM((now.left + now.right) / 2, (now.top + now.bottom) / 2));
   }
 
  private:
@@ -92,15 +99,17 @@ class SliderWidget : public Widget {
     if (value != slider_.value()) act([this, value] { slider_.setValue(value); });
   }
 
-  // A press beside the handle takes the handle there at once; from there it is dragged.
-  void jumpTo(const POINT& at) {
+  RECT handle() const {
     RECT handle;
-    RECT way;
     SendMessageW(window(), TBM_GETTHUMBRECT, 0, reinterpret_cast<LPARAM>(&handle));
-    if (PtInRect(&handle, at)) return;
+    return handle;
+  }
+
+  void jumpTo(const POINT& at) {
+    const RECT size = handle();
+    RECT way;  // as if the slider lay flat
     SendMessageW(window(), TBM_GETCHANNELRECT, 0, reinterpret_cast<LPARAM>(&way));
-    // The channel is told as if it lay flat.
-    const int half = (upright() ? handle.bottom - handle.top : handle.right - handle.left) / 2;
+    const int half = (upright() ? size.bottom - size.top : size.right - size.left) / 2;
     const int first = static_cast<int>(way.left) + half;
     const int room = std::max(1, static_cast<int>(way.right) - half - first);
     const int along = std::clamp(static_cast<int>(upright() ? at.y : at.x) - first, 0, room);

@@ -85,7 +85,7 @@ class Machines : public ShownForm {
 };
 
 TEST_F(Machines, AMessageBoxWaitsAndTheWindowsWaitWithIt) {
-  Button button("go", {.caption = "Go"});
+  auto& button = make<Button>("go", Look{.caption = "Go"});
   FormWindow& window = show({&button});
   BoxAnswerer answerer;
   answerer.watched = window.window();
@@ -130,7 +130,7 @@ TEST_F(Machines, TellsTheTimeOfTheDayAndTheSeparators) {
 }
 
 TEST(DialogFilters, HaveANullAfterEachPart) {
-  EXPECT_EQ(toDialogFilter("Matrix (*.x)|*.x"), std::wstring(L"Matrix (*.x)\0*.x\0\0", 19));
+  EXPECT_EQ(toDialogFilter("Matrix (*.x)|*.x"), std::wstring(L"Matrix (*.x)\0*.x\0\0", 18));
   EXPECT_EQ(toDialogFilter(""), L"");
 }
 

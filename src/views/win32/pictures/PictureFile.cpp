@@ -33,6 +33,20 @@ void requireSize(UINT width, UINT height, const std::string& path) {
   require(fits, path, "the picture is larger than 16384 on a side or 64 million pixels");
 }
 
+// The decoders are components; a desk's thread has its apartment already.
+class Apartment {
+ public:
+  Apartment() : entered_(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED)) {}
+  ~Apartment() {
+    if (SUCCEEDED(entered_)) CoUninitialize();
+  }
+  Apartment(const Apartment&) = delete;
+  Apartment& operator=(const Apartment&) = delete;
+
+ private:
+  HRESULT entered_;
+};
+
 /// The rectangle of a frame within the whole picture.
 struct Frame {
   ComPtr<IWICBitmapFrameDecode> picture;
@@ -128,6 +142,7 @@ void copyPixels(Raster& raster, const Frame& frame, IWICImagingFactory& factory,
 
 Raster readPicture(const std::string& path) {
   if (!fileExists(path)) throw Failure(kFileNotFound, path);
+  const Apartment apartment;
   const ComPtr<IWICImagingFactory> factory = imaging(path);
   ComPtr<IWICBitmapDecoder> decoder;
   const HRESULT opened = factory->CreateDecoderFromFilename(

@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <memory>
+#include <utility>
 #include <vector>
 
 #include "platform/Controls.h"
@@ -57,8 +58,16 @@ inline void clickAt(HWND window, int x, int y) {
 /// Controls of a test's own on the screen.
 class ShownForm : public testing::Test {
  protected:
-  void TearDown() override { view.reset(); }  // the controls go before this fixture does
+  void TearDown() override { view.reset(); }  // while the controls are still there
 
+  /// A control that lives as long as the test.
+  template <class Kind, class... Args>
+  Kind& make(Args&&... args) {
+    auto control = std::make_unique<Kind>(std::forward<Args>(args)...);
+    Kind& made = *control;
+    owned.push_back(std::move(control));
+    return made;
+  }
   FormWindow& show(const std::vector<Control*>& controls) {
     form = std::make_unique<PlainForm>("plain", controls);
     return showForm();
@@ -72,6 +81,7 @@ class ShownForm : public testing::Test {
   }
   HWND on(const Control& control) { return view->window(*form).widget(control)->window(); }
 
+  std::vector<std::unique_ptr<Control>> owned;
   HeadlessPlatform platform;
   TimerQueue timers;
   EventGate gate{platform, timers};

@@ -132,11 +132,11 @@ TEST_F(OpenWindows, NothingIsLeftOfTheView) {
 class Tabbing : public ShownForm {};
 
 TEST_F(Tabbing, GoesRoundTheControlsInTheirDeclaredOrder) {
-  Button first("first", {.caption = "first"});
-  Label label("label", {.caption = "label"});
-  TextBox second("second");
-  CheckBox hidden("hidden", {.caption = "hidden", .visible = false});
-  Slider third("third");
+  auto& first = make<Button>("first", Look{.caption = "first"});
+  auto& label = make<Label>("label", Look{.caption = "label"});
+  auto& second = make<TextBox>("second");
+  auto& hidden = make<CheckBox>("hidden", Look{.caption = "hidden", .visible = false});
+  auto& third = make<Slider>("third");
   show({&first, &label, &second, &hidden, &third});
   SetFocus(on(first));
   press(GetFocus(), VK_TAB);
@@ -148,8 +148,8 @@ TEST_F(Tabbing, GoesRoundTheControlsInTheirDeclaredOrder) {
 }
 
 TEST_F(Tabbing, AControlThatIsDisabledGivesTheFocusOn) {
-  Button first("first", {.caption = "first"});
-  Button second("second", {.caption = "second"});
+  auto& first = make<Button>("first", Look{.caption = "first"});
+  auto& second = make<Button>("second", Look{.caption = "second"});
   show({&first, &second});
   SetFocus(on(first));
   first.setEnabled(false);
@@ -157,8 +157,8 @@ TEST_F(Tabbing, AControlThatIsDisabledGivesTheFocusOn) {
 }
 
 TEST_F(Tabbing, AWindowThatComesBackHasTheFocusWhereItWas) {
-  Button first("first", {.caption = "first"});
-  Button second("second", {.caption = "second"});
+  auto& first = make<Button>("first", Look{.caption = "first"});
+  auto& second = make<Button>("second", Look{.caption = "second"});
   FormWindow& window = show({&first, &second});
   PlainForm other("other", {});
   desktop.add(other);
