@@ -7,9 +7,8 @@ namespace korvane {
 namespace {
 
 constexpr int kVisibleEntries = 20;
-constexpr int kArrow = 30;       // of a drop-down list beyond its text
-constexpr int kRoomAbove = 10;   // the same upwards
-constexpr int kClosedFrame = 6;  // of that, around the entry that it shows
+constexpr int kArrow = 30;      // of a drop-down list beyond its text
+constexpr int kRoomAbove = 10;  // the same upwards
 constexpr SIZE kOpenSize{120, 120};
 
 /// The messages of the two window classes that show lists.
@@ -75,10 +74,6 @@ class DropDownWidget : public EntriesWidget {
     RECT open = place;
     open.bottom += kVisibleEntries * (scale().lineHeight() + scale().px(2));
     moveWindow(window(), open);
-  }
-  void setSizes() override {
-    Widget::setSizes();
-    SendMessageW(window(), CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), height() - kClosedFrame);
   }
 
  protected:

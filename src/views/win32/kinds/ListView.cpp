@@ -125,8 +125,10 @@ void RowsWidget::setState(int row, UINT state, UINT mask) const {
 
 // The row with the focus and the mark of selection are two things: the mark can be absent.
 void RowsWidget::showRows() const {
-  if (send(LVM_GETITEMCOUNT) != list_.count())
+  if (send(LVM_GETITEMCOUNT) != list_.count()) {
     send(LVM_SETITEMCOUNT, static_cast<WPARAM>(list_.count()), LVSICF_NOSCROLL);
+    shareWidth();  // a scroll bar may have come or gone
+  }
   const auto next = [this](UINT flags) {
     return static_cast<int>(send(LVM_GETNEXTITEM, static_cast<WPARAM>(-1), flags));
   };
