@@ -37,4 +37,10 @@ inline Rgb colorParts(Color color) {
           static_cast<std::uint8_t>((plain >> 16) & 255)};
 }
 
+/// Contrast of two colours, 1 (none) - 21, after WCAG 2.1, "contrast ratio".
+double contrast(Color one, Color other);
+
+/// Black or white, whichever is read better on a background.
+Color inkOn(Color background);
+
 }  // namespace korvane

@@ -9,16 +9,21 @@ Timer::Timer(TimerQueue& queue, std::string name) : queue_(queue), name_(std::mo
   queue_.timers_.push_back(this);
 }
 
+void Timer::startCount() {
+  if (queue_.onCount) queue_.onCount();
+  due_ = queue_.now_ + interval_;
+}
+
 void Timer::enable() {
   if (enabled_) return;
   enabled_ = true;
-  due_ = queue_.now_ + interval_;
+  startCount();
   order_ = ++queue_.enabledSoFar_;
 }
 
 void Timer::setInterval(std::int32_t milliseconds) {
   interval_ = milliseconds;
-  if (enabled_) due_ = queue_.now_ + interval_;
+  if (enabled_) startCount();
 }
 
 Timer* TimerQueue::earliest(std::int64_t until) const {

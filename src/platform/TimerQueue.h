@@ -32,6 +32,7 @@ class Timer {
 
  private:
   friend class TimerQueue;
+  void startCount();
   bool due(std::int64_t now) const { return enabled_ && interval_ > 0 && due_ <= now; }
 
   TimerQueue& queue_;
@@ -60,7 +61,14 @@ class TimerQueue {
   /// a late caller missed is not made up for.
   void runDue(std::int64_t now, const Gate& gate);
 
+  /// Tells what time it is; nothing fires.
+  void setNow(std::int64_t now) { now_ = now > now_ ? now : now_; }
+
   const std::vector<Timer*>& timers() const { return timers_; }
+
+  /// For who drives the queue by a clock: an interval is about to start its count, perhaps outside
+  /// the events that this clock saw.
+  std::function<void()> onCount;
 
  private:
   friend class Timer;

@@ -1,21 +1,27 @@
 #include "hosts/com/Machine.h"
 
-#include "platform/HeadlessPlatform.h"
+#include "views/win32/View.h"
+#include "views/win32/machine/WinPlatform.h"
 
 namespace korvane {
 namespace {
 
-class Headless : public Machine {
+class Screen : public Machine {
  public:
   Platform& services() override { return platform_; }
-  std::unique_ptr<View> show(Engine&) override { return std::make_unique<View>(); }
+  std::unique_ptr<View> show(Engine& engine) override { return std::make_unique<Shown>(engine); }
 
  private:
-  HeadlessPlatform platform_;
+  struct Shown : View {
+    explicit Shown(Engine& engine) : view(engine) {}
+    WinView view;
+  };
+
+  WinPlatform platform_;
 };
 
 }  // namespace
 
-std::unique_ptr<Machine> makeMachine() { return std::make_unique<Headless>(); }
+std::unique_ptr<Machine> makeMachine() { return std::make_unique<Screen>(); }
 
 }  // namespace korvane

@@ -18,7 +18,7 @@
 #include "hosts/network/NetworkOutput.h"
 #include "platform/Events.h"
 #ifdef KORVANE_PICTURES
-#include "views/qt/pictures/PictureFile.h"
+#include "views/pictures/PictureFile.h"
 #endif
 
 namespace korvane {

@@ -18,7 +18,7 @@
 #include "shell/Plugin.h"
 
 #ifdef KORVANE_PICTURES
-#include "views/qt/pictures/PictureFile.h"
+#include "views/pictures/PictureFile.h"
 #endif
 
 namespace korvane {

@@ -8,6 +8,7 @@
 #include <cstdio>
 
 #include "hosts/desk/DeskWindow.h"
+#include "views/demo/DemoShow.h"
 #include "views/qt/machine/QtPlatform.h"
 #include "views/qt/windows/Theme.h"
 
@@ -18,43 +19,6 @@ using namespace korvane;
 constexpr int kSettleMilliseconds = 20;
 constexpr int kSettleRounds = 5;
 constexpr int kShowMilliseconds = 300;  // how long the show runs before its picture is taken
-
-// One row for each type of effect.
-struct Row {
-  const char* name;
-  EffectType type;
-  int direction;
-  Color color1;
-  Color color2;
-};
-
-constexpr Row kRows[] = {
-    {"Sunset", kGradient, 5, rgb(110, 0, 160), rgb(255, 110, 0)},
-    {"Amber", kColor, 0, rgb(255, 150, 0), 0},
-    {"Heart", kPaint, 0, 0, 0},
-    {"Clouds", kImage, 7, 0, 0},
-    {"Party", kColorChange, 0, 0, 0},
-    {"Rainbow", kColorScroll, 3, 0, 0},
-    {"Embers", kFire, 0, rgb(255, 220, 0), rgb(255, 0, 0)},
-    {"Waves", kFluid, 5, rgb(0, 40, 255), rgb(255, 255, 255)},
-    {"Welcome", kTicker, 3, rgb(255, 255, 255), rgb(0, 0, 60)},
-};
-constexpr Row kOtherRows[] = {
-    {"Deep sea", kGradient, 9, rgb(10, 0, 70), rgb(0, 170, 255)},
-    {"Night", kColor, 0, rgb(0, 0, 80), 0},
-    {"Rain", kFluid, 5, rgb(0, 0, 120), rgb(120, 200, 255)},
-};
-
-struct Slide {
-  const char* name;
-  double seconds;
-};
-constexpr Slide kSlides[] = {{"balloon.bmp", 10}, {"mountains.bmp", 7.5}, {"sunrise.bmp", 30}};
-
-constexpr const char* kHeart[] = {
-    "............", "..##....##..", ".####..####.", "############", "############", "############",
-    ".##########.", "..########..", "...######...", "....####....", ".....##.....", "............",
-};
 
 // A file dialog or a message box must not stop the pictures.
 class SilentPlatform : public QtPlatform {
@@ -73,88 +37,24 @@ class Photographer {
     desk_.show();
     desk_.openTool();
     if (!size_.isEmpty()) view_.window(plugin_.matrixForm).resize(size_);
-    wireLamps();
-    makeShow();
+    show_.make();
+    settle(kShowMilliseconds);
     save(view_.window(plugin_.matrixForm), "main-window");
     taken_ << text(plugin_.matrixForm.name());
     save(desk_, "desk");
     for (int row = 0; row < kEffectTypes; ++row) takeDialog(row);
-    mixOrange();
+    show_.mixOrange();
     takeFullScreen();
     for (Form* form : plugin_.engine.desktop.forms()) takeForm(*form);
     return failed_ ? 1 : 0;
   }
 
  private:
-  // Gives the lamps of the default grid the channels from 1 on, as many as there are.
-  void wireLamps() {
-    Variablen& v = plugin_.engine.v;
-    std::int32_t channel = 0;
-    for (int row = 0; row < v.matrixRows; ++row) {
-      for (int col = 0; col < v.matrixCols; ++col) {
-        for (int part = 0; part < 3; ++part) v.channelMap.set(col, row, part, ++channel);
-        v.cellConfigured.at(col, row) = true;
-      }
-    }
-  }
-
-  void makeShow() {
-    fill(plugin_.engine.v.A, plugin_.matrixForm.panelA, kRows);
-    fill(plugin_.engine.v.B, plugin_.matrixForm.panelB, kOtherRows);
-    gate_.run([this] { plugin_.engine.master.efxXList.click(0, 0); });
-    gate_.run([this] { plugin_.matrixForm.active.setValue(1); });
-    settle(kShowMilliseconds);
-  }
-
-  template <std::size_t N>
-  void fill(Deck& deck, DeckPanel& panel, const Row (&rows)[N]) {
-    for (std::size_t i = 0; i < N; ++i) {
-      if (i > 0) gate_.run([&] { panel.add.click(); });
-      const int row = static_cast<int>(i);
-      gate_.run([&] { deck.efxList.click(row, 0); });
-      gate_.run([&] { deck.type.setIndex(rows[i].type); });
-      setEffect(deck.effect(), rows[i]);
-      deck.efxList.setCell(row, 0, rows[i].name);
-    }
-    gate_.run([&] { deck.efxList.click(0, 0); });
-  }
-
-  static void setEffect(Effect& effect, const Row& row) {
-    effect.name = row.name;
-    effect.color1 = row.color1;
-    effect.color2 = row.color2;
-    effect.direction = static_cast<std::int16_t>(row.direction);
-    effect.colors = {rgb(255, 0, 0), rgb(255, 160, 0), rgb(0, 200, 0), rgb(0, 80, 255),
-                     rgb(0, 0, 0)};
-    effect.colorCount = static_cast<std::int16_t>(effect.colors.size());
-    effect.itemTimes.assign(effect.colors.size(), 3);
-    effect.itemWidths.assign(effect.colors.size(), 2);
-    if (row.type == kImage) setSlides(effect);
-    for (int y = 0; row.type == kPaint && y < 12; ++y) {
-      for (int x = 0; x < 12; ++x)
-        effect.paintPixels.at(x, y) = kHeart[y][x] == '#' ? rgb(255, 0, 60) : rgb(20, 0, 40);
-    }
-  }
-
-  static void setSlides(Effect& effect) {
-    effect.itemTimes.clear();
-    for (const Slide& slide : kSlides) {
-      effect.imageNames.emplace_back(slide.name);
-      effect.imageFiles.push_back(std::string("examples/slides/") + slide.name);
-      effect.itemTimes.push_back(slide.seconds);
-    }
-    effect.imageCount = static_cast<std::int16_t>(effect.imageNames.size());
-    effect.speed = 60;
-    effect.amount = 25;
-  }
-
   void takeDialog(int row) {
-    EffectDialog* dialog = plugin_.dialogs.byType.at(kRows[row].type);
+    Form* dialog = show_.openDialog(row);
     if (dialog == nullptr) return;
-    gate_.run([&] { plugin_.engine.v.A.efxList.click(row, 0); });
-    gate_.run([&] { plugin_.matrixForm.panelA.edit.click(); });
     save(view_.window(*dialog), dialog->name());
-    if (kRows[row].type == kImage) takeImageList();
+    if (dialog == &plugin_.dialogs.image) takeImageList();
     gate_.run([&] { plugin_.engine.desktop.close(*dialog); });
   }
 
@@ -175,13 +75,6 @@ class Photographer {
     save(view_.window(sim), sim.name() + "-full-screen");
     gate_.run([&sim] { sim.onKeyPress(kSpace); });
     gate_.run([&] { plugin_.engine.desktop.hide(sim); });
-  }
-
-  void mixOrange() {
-    MxColorMixer& mixer = plugin_.dialogs.mixer;
-    gate_.run([&mixer] { mixer.Sred.setValue(240); });
-    gate_.run([&mixer] { mixer.Sgreen.setValue(130); });
-    gate_.run([&mixer] { mixer.Sblue.setValue(40); });
   }
 
   void takeForm(Form& form) {
@@ -218,6 +111,7 @@ class Photographer {
   Plugin& plugin_ = desk_.session().plugin;
   EventGate& gate_ = desk_.session().gate;
   DesktopView& view_ = desk_.session().view;
+  DemoShow show_{plugin_, [this](const std::function<void()>& step) { gate_.run(step); }};
 };
 
 }  // namespace

@@ -2,22 +2,13 @@
 
 #include <QKeyEvent>
 #include <QPainterPath>
-#include <algorithm>
-#include <cmath>
 
 namespace korvane {
 namespace {
 
 constexpr double kLineShare = 1.0 / 12;  // width of an icon's lines, as a share of its square
 
-// Relative luminance of a colour, 0 - 1.
-double luminance(const QColor& color) {
-  const auto linear = [](double part) {
-    return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
-  };
-  return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
-         0.0722 * linear(color.blueF());
-}
+Color fromQColor(const QColor& color) { return rgb(color.red(), color.green(), color.blue()); }
 
 QPainterPath pathOf(const IconPart& part, const QRectF& square) {
   QPolygonF polygon;
@@ -50,14 +41,10 @@ QColor toQColor(Color color) {
 }
 
 double contrast(const QColor& one, const QColor& other) {
-  const double a = luminance(one) + 0.05;
-  const double b = luminance(other) + 0.05;
-  return std::max(a, b) / std::min(a, b);
+  return contrast(fromQColor(one), fromQColor(other));
 }
 
-QColor inkOn(const QColor& background) {
-  return contrast(background, Qt::black) >= contrast(background, Qt::white) ? Qt::black : Qt::white;
-}
+QColor inkOn(const QColor& background) { return toQColor(inkOn(fromQColor(background))); }
 
 void drawIcon(QPainter& painter, Icon icon, const QRectF& square, const QColor& ink) {
   painter.setRenderHint(QPainter::Antialiasing);

@@ -15,7 +15,7 @@ QColor toQColor(Color color);
 /// Black or white, whichever is read better on a background.
 QColor inkOn(const QColor& background);
 
-/// Contrast of two colours, 1 (none) - 21, after WCAG 2.1, "contrast ratio".
+/// As for plain colours.
 double contrast(const QColor& one, const QColor& other);
 
 /// Draws an icon into a square.

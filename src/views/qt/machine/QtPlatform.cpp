@@ -7,7 +7,7 @@
 #include <QTime>
 #include <QUrl>
 
-#include "views/qt/pictures/PictureFile.h"
+#include "views/pictures/PictureFile.h"
 
 namespace korvane {
 namespace {

@@ -11,8 +11,8 @@
 #include <string>
 
 #include "platform/Failure.h"
-#include "views/qt/pictures/PictureFile.h"
-#include "views/qt/pictures/PictureSeeds.h"
+#include "views/pictures/PictureFile.h"
+#include "views/pictures/PictureSeeds.h"
 
 namespace korvane {
 namespace {

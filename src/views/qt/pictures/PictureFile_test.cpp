@@ -1,4 +1,4 @@
-#include "views/qt/pictures/PictureFile.h"
+#include "views/pictures/PictureFile.h"
 
 #include <gtest/gtest.h>
 

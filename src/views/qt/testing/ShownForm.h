@@ -11,22 +11,10 @@
 #include "platform/ListView.h"
 #include "platform/PictureBox.h"
 #include "platform/TimerQueue.h"
+#include "testing/PlainForm.h"
 #include "views/qt/windows/DesktopView.h"
 
 namespace korvane {
-
-/// A form made of a few controls, one below the other.
-class PlainForm : public Form {
- public:
-  PlainForm(const std::string& name, const std::vector<Control*>& controls) : Form(name, name) {
-    add(controls);
-    std::vector<Layout> parts;
-    parts.reserve(controls.size());
-    for (Control* control : controls) parts.emplace_back(*control);
-    setLayout(column(std::move(parts)));
-  }
-  using Form::setLayout;
-};
 
 /// Controls of a test's own on the screen.
 class ShownForm : public testing::Test {

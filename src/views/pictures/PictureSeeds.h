@@ -12,7 +12,7 @@ namespace korvane {
 // The picture files that the tests read.
 
 inline std::string seedPath(const std::string& name) {
-  return std::string(KORVANE_SOURCE_DIR "/src/views/qt/pictures/testdata/") + name;
+  return std::string(KORVANE_SOURCE_DIR "/src/views/pictures/testdata/") + name;
 }
 
 inline std::string seedBytes(const std::string& name) {

@@ -1,0 +1,40 @@
+#include "platform/Controls.h"
+#include "views/win32/kinds/Binder.h"
+#include "views/win32/kinds/PushWidget.h"
+
+namespace korvane {
+namespace {
+
+constexpr int kMark = 22;  // width of the mark and the gap beside it
+constexpr int kRoomAbove = 6;
+
+class CheckWidget : public PushWidget {
+ public:
+  CheckWidget(CheckBox& box, const Seat& seat) : PushWidget(box, seat), box_(box) {
+    make(L"BUTTON", WS_TABSTOP | BS_CHECKBOX);
+  }
+
+  Wish measure() const override {
+    const SIZE size{scale().textWidth(caption()) + scale().px(kMark),
+                    scale().lineHeight() + scale().px(kRoomAbove)};
+    return {size, size};
+  }
+
+ protected:
+  void clicked() override { box_.setValue(box_.checked() ? 0 : 1); }
+  void show() override {
+    setWindowText(window(), caption());
+    SendMessageW(window(), BM_SETCHECK, box_.checked() ? BST_CHECKED : BST_UNCHECKED, 0);
+  }
+
+ private:
+  CheckBox& box_;
+};
+
+}  // namespace
+
+std::unique_ptr<Widget> bindCheckBox(Control& control, const Seat& seat) {
+  return std::make_unique<CheckWidget>(static_cast<CheckBox&>(control), seat);
+}
+
+}  // namespace korvane

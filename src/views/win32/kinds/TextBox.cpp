@@ -1,0 +1,100 @@
+#include <algorithm>
+#include <utility>
+
+#include "platform/Controls.h"
+#include "views/win32/kinds/Binder.h"
+
+namespace korvane {
+namespace {
+
+constexpr int kEnterCode = 13;
+constexpr int kEscapeCode = 27;
+constexpr int kLineWidth = 120;
+constexpr int kLeastLine = 56;
+constexpr int kRoomAbove = 7;
+constexpr int kLeastPage = 120;
+constexpr int kPageFrame = 36;  // of a page beyond its text: margins and scroll bar
+constexpr int kLongest = 0x7FFFFFFE;
+
+std::wstring windowLines(std::wstring text) {
+  for (std::size_t at = 0; (at = text.find(L'\n', at)) != std::wstring::npos; at += 2)
+    text.insert(at, 1, L'\r');
+  return text;
+}
+
+std::wstring plainLines(std::wstring text) {
+  std::erase(text, L'\r');
+  return text;
+}
+
+class TextWidget : public Widget {
+ public:
+  TextWidget(TextBox& box, const Seat& seat) : Widget(box, seat), box_(box) {
+    const DWORD lines = page() ? ES_MULTILINE | WS_VSCROLL : ES_AUTOHSCROLL;
+    make(L"EDIT", WS_TABSTOP | lines | (box.style().readOnly ? ES_READONLY : 0), WS_EX_CLIENTEDGE);
+    SendMessageW(window(), EM_SETLIMITTEXT, kLongest, 0);
+  }
+
+  Wish measure() const override { return page() ? pageWish() : lineWish(); }
+
+ protected:
+  void show() override {
+    if (shown() == toWide(box_.text())) return;
+    showing_ = true;
+    SetWindowTextW(window(), windowLines(toWide(box_.text())).c_str());
+    if (GetFocus() == window()) SendMessageW(window(), EM_SETSEL, kLongest, kLongest);
+    showing_ = false;
+  }
+
+  void command(WORD code) override {
+    if (showing_) return;
+    if (code == EN_CHANGE && live()) take();
+    if (code == EN_KILLFOCUS && !live()) take();
+  }
+
+  std::optional<LRESULT> message(UINT message, WPARAM w, LPARAM) override {
+    const bool leaves = !page() && (w == VK_RETURN || w == VK_ESCAPE);
+    if (!leaves || (message != WM_KEYDOWN && message != WM_CHAR)) return std::nullopt;
+    if (message == WM_KEYDOWN) press(w == VK_RETURN ? kEnterCode : kEscapeCode);
+    return 0;
+  }
+
+ private:
+  bool page() const { return box_.style().lines > 1; }
+  bool live() const { return box_.style().commit == TextBoxStyle::Commit::Live; }
+  std::wstring shown() const { return plainLines(windowText(window())); }
+
+  void take() {
+    const std::string typed = toUtf8(shown());
+    if (typed != box_.text()) act([this, typed] { box_.setText(typed); });
+  }
+
+  void press(int code) {
+    if (code == kEnterCode && !live()) take();
+    act([this, code] { box_.keyPress(code); });
+  }
+
+  Wish lineWish() const {
+    const int height = scale().lineHeight() + scale().px(kRoomAbove);
+    return {
+        {scale().px(kLeastLine), height}, {scale().px(kLineWidth), height}, Grow::Wants, Grow::No};
+  }
+  Wish pageWish() const {
+    const int words = scale().textWidth(toWide(box_.text())) + scale().px(kPageFrame);
+    const int line = scale().lineHeight();
+    const SIZE size{std::max(words, scale().px(kLeastPage)),
+                    box_.style().lines * line + 2 * line / 3};
+    return {size, size, Grow::Wants, Grow::Wants};
+  }
+
+  TextBox& box_;
+  bool showing_ = false;
+};
+
+}  // namespace
+
+std::unique_ptr<Widget> bindTextBox(Control& control, const Seat& seat) {
+  return std::make_unique<TextWidget>(static_cast<TextBox&>(control), seat);
+}
+
+}  // namespace korvane

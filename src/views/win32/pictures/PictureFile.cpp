@@ -1,0 +1,161 @@
+#include "views/pictures/PictureFile.h"
+
+#include <ole2.h>
+#include <wincodec.h>
+#include <wrl/client.h>
+
+#include <cstdint>
+#include <vector>
+
+#include "platform/Failure.h"
+#include "platform/TextFile.h"
+#include "platform/WideText_win32.h"
+
+namespace korvane {
+namespace {
+
+using Microsoft::WRL::ComPtr;
+
+constexpr UINT kMostOnASide = 16384;
+constexpr std::uint64_t kMostPixels = 64'000'000;
+
+void require(bool well, const std::string& path, const std::string& reason) {
+  if (!well) throw Failure(kInvalidPicture, path + ": " + reason);
+}
+
+void requireDone(HRESULT result, const std::string& path) {
+  require(SUCCEEDED(result), path, "the picture can't be read");
+}
+
+void requireSize(UINT width, UINT height, const std::string& path) {
+  const bool fits = width <= kMostOnASide && height <= kMostOnASide &&
+                    std::uint64_t{width} * height <= kMostPixels;
+  require(fits, path, "the picture is larger than 16384 on a side or 64 million pixels");
+}
+
+// The decoders are components; a desk's thread has its apartment already.
+class Apartment {
+ public:
+  Apartment() : entered_(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED)) {}
+  ~Apartment() {
+    if (SUCCEEDED(entered_)) CoUninitialize();
+  }
+  Apartment(const Apartment&) = delete;
+  Apartment& operator=(const Apartment&) = delete;
+
+ private:
+  HRESULT entered_;
+};
+
+/// The rectangle of a frame within the whole picture.
+struct Frame {
+  ComPtr<IWICBitmapFrameDecode> picture;
+  UINT width = 0;
+  UINT height = 0;
+  int left = 0;
+  int top = 0;
+};
+
+ComPtr<IWICImagingFactory> imaging(const std::string& path) {
+  ComPtr<IWICImagingFactory> factory;
+  requireDone(CoCreateInstance(CLSID_WICImagingFactory, nullptr, CLSCTX_INPROC_SERVER,
+                               IID_PPV_ARGS(&factory)),
+              path);
+  return factory;
+}
+
+GUID kindOf(IWICBitmapDecoder& decoder, const std::string& path) {
+  GUID kind{};
+  requireDone(decoder.GetContainerFormat(&kind), path);
+  const bool known = kind == GUID_ContainerFormatBmp || kind == GUID_ContainerFormatJpeg ||
+                     kind == GUID_ContainerFormatGif || kind == GUID_ContainerFormatIco;
+  require(known, path, "not a bmp, jpg, gif or ico picture");
+  return kind;
+}
+
+Frame frameOf(IWICBitmapDecoder& decoder, UINT index, const std::string& path) {
+  Frame frame;
+  requireDone(decoder.GetFrame(index, &frame.picture), path);
+  requireDone(frame.picture->GetSize(&frame.width, &frame.height), path);
+  requireSize(frame.width, frame.height, path);
+  return frame;
+}
+
+Frame largestFrame(IWICBitmapDecoder& decoder, const std::string& path) {
+  UINT count = 0;
+  requireDone(decoder.GetFrameCount(&count), path);
+  Frame largest;
+  for (UINT i = 0; i < count; ++i) {
+    Frame frame = frameOf(decoder, i, path);
+    if (std::uint64_t{frame.width} * frame.height > std::uint64_t{largest.width} * largest.height)
+      largest = frame;
+  }
+  require(largest.picture != nullptr, path, "there is no picture in it");
+  return largest;
+}
+
+UINT number(IWICMetadataQueryReader& reader, const wchar_t* name, const std::string& path) {
+  PROPVARIANT value;
+  PropVariantInit(&value);
+  requireDone(reader.GetMetadataByName(name, &value), path);
+  const UINT found = value.vt == VT_UI2 ? value.uiVal : 0;
+  PropVariantClear(&value);
+  return found;
+}
+
+// A frame of a gif file covers a part of its screen.
+Raster screenOf(IWICBitmapDecoder& decoder, Frame& frame, const std::string& path) {
+  ComPtr<IWICMetadataQueryReader> whole;
+  ComPtr<IWICMetadataQueryReader> part;
+  requireDone(decoder.GetMetadataQueryReader(&whole), path);
+  requireDone(frame.picture->GetMetadataQueryReader(&part), path);
+  frame.left = static_cast<int>(number(*part.Get(), L"/imgdesc/Left", path));
+  frame.top = static_cast<int>(number(*part.Get(), L"/imgdesc/Top", path));
+  const UINT width = number(*whole.Get(), L"/logscrdesc/Width", path);
+  const UINT height = number(*whole.Get(), L"/logscrdesc/Height", path);
+  requireSize(width, height, path);
+  return {static_cast<int>(width), static_cast<int>(height)};
+}
+
+// Premultiplied colours are colours over black.
+void copyPixels(Raster& raster, const Frame& frame, IWICImagingFactory& factory,
+                const std::string& path) {
+  ComPtr<IWICFormatConverter> plain;
+  requireDone(factory.CreateFormatConverter(&plain), path);
+  requireDone(plain->Initialize(frame.picture.Get(), GUID_WICPixelFormat32bppPBGRA,
+                                WICBitmapDitherTypeNone, nullptr, 0, WICBitmapPaletteTypeCustom),
+              path);
+  std::vector<std::uint32_t> line(frame.width);
+  for (UINT y = 0; y < frame.height; ++y) {
+    const WICRect row{0, static_cast<INT>(y), static_cast<INT>(frame.width), 1};
+    const UINT bytes = frame.width * 4;
+    requireDone(plain->CopyPixels(&row, bytes, bytes, reinterpret_cast<BYTE*>(line.data())), path);
+    for (UINT x = 0; x < frame.width; ++x) {
+      const auto part = [&](int shift) { return static_cast<int>(line[x] >> shift & 255); };
+      raster.setPixel(frame.left + static_cast<int>(x), frame.top + static_cast<int>(y),
+                      rgb(part(16), part(8), part(0)));
+    }
+  }
+}
+
+}  // namespace
+
+Raster readPicture(const std::string& path) {
+  if (!fileExists(path)) throw Failure(kFileNotFound, path);
+  const Apartment apartment;
+  const ComPtr<IWICImagingFactory> factory = imaging(path);
+  ComPtr<IWICBitmapDecoder> decoder;
+  const HRESULT opened = factory->CreateDecoderFromFilename(
+      toWide(path).c_str(), nullptr, GENERIC_READ, WICDecodeMetadataCacheOnDemand, &decoder);
+  require(SUCCEEDED(opened), path, "not a bmp, jpg, gif or ico picture");
+  const GUID kind = kindOf(*decoder.Get(), path);
+  Frame frame = kind == GUID_ContainerFormatIco ? largestFrame(*decoder.Get(), path)
+                                                : frameOf(*decoder.Get(), 0, path);
+  Raster raster = kind == GUID_ContainerFormatGif
+                      ? screenOf(*decoder.Get(), frame, path)
+                      : Raster(static_cast<int>(frame.width), static_cast<int>(frame.height));
+  copyPixels(raster, frame, *factory.Get(), path);
+  return raster;
+}
+
+}  // namespace korvane
