@@ -216,6 +216,17 @@ TEST_F(MatrixDefinition, ASavedFileHoldsTheGridColumnByColumn) {
   EXPECT_EQ(bytes.substr(bytes.find('\n') + 1), "1,2,True\r\n1,2,3\r\n4,5,6\r\n");
 }
 
+TEST_F(MatrixDefinition, AFileThatIsSavedOverIsKeptBesideIt) {
+  ASSERT_TRUE(open());
+  configure();
+  const std::string path = folder + "/saved.korvaneconf";
+  writeFile(path, "the grid of yesterday\r\n");
+  platform.answers.emplace_back(path);
+  click(conf.save);
+  EXPECT_TRUE(readFile(path).starts_with("unnamed\r\n12,12,False\r\n1,2,3\r\n"));
+  EXPECT_EQ(readFile(path + ".bak"), "the grid of yesterday\r\n");
+}
+
 TEST_F(MatrixDefinition, SavingWithTrueAndLoadingLeavesQuickConfiguredAlone) {
   ASSERT_TRUE(open());
   configure();
@@ -361,7 +372,7 @@ TEST_F(MatrixDefinition, PaintPicturesKeepTheirContentsInBothDimensions) {
   EXPECT_EQ(v.A.effect().paintPixels.cols(), 21);
 }
 
-// The loop ends at the count of rows: the slots that removals have left behind push others beyond it.
+// The loop ends at the count of rows: slots that removals left behind push others beyond it.
 TEST_F(MatrixDefinition, APaintPictureInASlotBeyondTheCountOfRowsKeepsItsSize) {
   ASSERT_TRUE(open());
   click(plugin.matrixForm.panelA.add);
