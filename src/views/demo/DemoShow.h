@@ -17,8 +17,8 @@ struct SilentHost : Host {
 };
 
 /// The show that stands in the pictures of the documentation, made through the windows. Each step
-/// is one event, run through the gate. Its pictures are in examples/slides, below the folder in which
-/// the program runs.
+/// is one event, run through the gate. Its pictures are in examples/slides, below the folder in
+/// which the program runs.
 class DemoShow {
  public:
   DemoShow(Plugin& plugin, TimerQueue::Gate gate) : plugin_(plugin), gate_(std::move(gate)) {}

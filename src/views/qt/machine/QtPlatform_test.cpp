@@ -152,7 +152,8 @@ TEST(QtPlatform, NumbersComeBackUnderEveryLocale) {
        QLocale::matchingLocales(QLocale::AnyLanguage, QLocale::AnyScript, QLocale::AnyTerritory)) {
     const NumberFormat format = formatOf(locale);
     for (const double value : {0.5, -1234.25, 1e-7}) {
-      EXPECT_EQ(parseNumber(formatGeneral(value, format), format), value) << locale.name().toStdString();
+      EXPECT_EQ(parseNumber(formatGeneral(value, format), format), value)
+          << locale.name().toStdString();
       EXPECT_EQ(parseNumber(formatStandard(1234.5, format), format), 1234.5);
     }
   }
