@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <array>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -18,8 +19,9 @@ class Receiver {
     address.sin_family = AF_INET;
     address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
     socklen_t size = sizeof address;
-    bind(socket_, reinterpret_cast<sockaddr*>(&address), size);
-    getsockname(socket_, reinterpret_cast<sockaddr*>(&address), &size);
+    auto* const any = reinterpret_cast<sockaddr*>(&address);
+    if (bind(socket_, any, size) != 0 || getsockname(socket_, any, &size) != 0)
+      throw std::runtime_error("no port of this machine is free");
     port_ = ntohs(address.sin_port);
   }
   ~Receiver() { close(socket_); }

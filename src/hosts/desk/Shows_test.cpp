@@ -41,12 +41,15 @@ class Shows : public testing::Test {
   }
   /// What the next question says; it is answered with the button.
   void answer(QMessageBox::StandardButton button) {
-    QTimer::singleShot(0, [this, button] {
+    asked.disconnect();
+    asked.setSingleShot(true);
+    asked.callOnTimeout([this, button] {
       auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
       ASSERT_NE(box, nullptr);
       question = box->text();
       QTest::mouseClick(box->button(button), Qt::LeftButton);
     });
+    asked.start(0);
   }
   QString write(const QString& name, const QByteArray& bytes) {
     QFile file(folder.filePath(name));
@@ -78,6 +81,7 @@ class Shows : public testing::Test {
   }
 
   QTemporaryDir folder;
+  QTimer asked;
   QString question;
   QList<Example> examples = examplesIn(examplesFolder());
   PicturePlatform platform;

@@ -47,8 +47,9 @@ void begin(DeskWindow& desk, const Options& options) {
   }
   if (options.screenshot.isEmpty()) return;
   QWidget* window = windowNamed(options.window, desk);
-  QTimer::singleShot(kSettleMilliseconds, &desk,
-                     [&options, window] { takePicture(window, options); });
+  auto* settled = new QTimer(&desk);
+  settled->callOnTimeout([&options, window] { takePicture(window, options); });
+  settled->start(kSettleMilliseconds);
 }
 
 }  // namespace
@@ -69,6 +70,7 @@ int main(int argc, char** argv) {
   desk.onClosed = [] { QApplication::exit(); };
   if (options.output) desk.outputPanel().use(*options.output);
   desk.show();
-  QTimer::singleShot(0, &desk, [&] { begin(desk, options); });
+  QMetaObject::invokeMethod(
+      &desk, [&] { begin(desk, options); }, Qt::QueuedConnection);
   return QApplication::exec();
 }
