@@ -173,6 +173,17 @@ TEST_F(DefinitionWindow, TheShowGoesOnWhileTheSizeChanges) {
   EXPECT_EQ(takeFailure(), 0);
 }
 
+TEST_F(DefinitionWindow, AFileThatIsSavedOverIsKeptBesideIt) {
+  ASSERT_TRUE(open());
+  configure();
+  const std::string path = folder + "/saved.korvaneconf";
+  writeFile(path, "the grid of yesterday\r\n");
+  platform.answers.emplace_back(path);
+  click(conf.save);
+  EXPECT_TRUE(readFile(path).starts_with("unnamed\r\n12,12,False\r\n1,2,3\r\n"));
+  EXPECT_EQ(readFile(path + ".bak"), "the grid of yesterday\r\n");
+}
+
 TEST_F(DefinitionWindow, WindowsHaveTheirTexts) {
   ASSERT_TRUE(configure());
   EXPECT_EQ(conf.caption(), "Configure Matrix");
