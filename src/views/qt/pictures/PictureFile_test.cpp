@@ -54,7 +54,7 @@ QByteArray little(int value, int bytes) {
 // The head of a bmp file of 24 bits a pixel, without its pixels.
 QByteArray bmpHead(int width, int height) {
   return "BM" + little(54, 4) + little(0, 4) + little(54, 4) + little(40, 4) + little(width, 4) +
-         little(height, 4) + little(1, 2) + little(24, 2) + little(0, 24);
+         little(height, 4) + little(1, 2) + little(24, 2) + QByteArray(24, '\0');
 }
 
 TEST_F(PictureFile, ReadsABmpPixelByPixel) {
