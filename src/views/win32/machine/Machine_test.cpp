@@ -60,17 +60,19 @@ TEST_F(Gates, AFailingTickIsReportedEachTimeAndTheTimersGoOn) {
 struct BoxAnswerer {
   BoxAnswerer() {
     current = this;
-    timer = SetTimer(nullptr, 0, 20, [](HWND, UINT, UINT_PTR, DWORD) {
-      const HWND box = FindWindowW(L"#32770", L"Korvane");
-      if (box == nullptr) return;
-      current->text = windowText(GetDlgItem(box, 0xFFFF));
-      current->ownerEnabled = IsWindowEnabled(current->watched);
-      PostMessageW(box, WM_COMMAND, IDOK, 0);
-    });
+    timer = SetTimer(nullptr, 0, 20, answer);
   }
   ~BoxAnswerer() { KillTimer(nullptr, timer); }
   BoxAnswerer(const BoxAnswerer&) = delete;
   BoxAnswerer& operator=(const BoxAnswerer&) = delete;
+
+  static void CALLBACK answer(HWND, UINT, UINT_PTR, DWORD) {
+    const HWND box = FindWindowW(L"#32770", L"Korvane");
+    if (box == nullptr) return;
+    current->text = windowText(GetDlgItem(box, 0xFFFF));
+    current->ownerEnabled = IsWindowEnabled(current->watched);
+    PostMessageW(box, WM_COMMAND, IDOK, 0);
+  }
 
   static inline BoxAnswerer* current = nullptr;
   UINT_PTR timer = 0;
@@ -78,6 +80,11 @@ struct BoxAnswerer {
   BOOL ownerEnabled = TRUE;
   std::wstring text;
 };
+
+BOOL CALLBACK findTimes(HWND child, LPARAM found) {
+  if (GetPropW(child, L"Korvane.times")) *reinterpret_cast<HWND*>(found) = child;
+  return TRUE;
+}
 
 class Machines : public ShownForm {
  protected:
@@ -109,13 +116,7 @@ TEST_F(Machines, AFailureThatComesAgainCountsUpInOneBox) {
   EXPECT_EQ(boxes(), 1);
   const HWND box = FindWindowW(kFormClass, L"Korvane");
   HWND times = nullptr;
-  EnumChildWindows(
-      box,
-      [](HWND child, LPARAM found) -> BOOL {
-        if (GetPropW(child, L"Korvane.times")) *reinterpret_cast<HWND*>(found) = child;
-        return TRUE;
-      },
-      reinterpret_cast<LPARAM>(&times));
+  EnumChildWindows(box, findTimes, reinterpret_cast<LPARAM>(&times));
   EXPECT_EQ(windowText(times), L"5 times so far");
   machine.failed(Failure(kSubscript));
   EXPECT_EQ(boxes(), 1);

@@ -10,6 +10,7 @@
 #include "platform/Failure.h"
 #include "platform/TextFile.h"
 #include "platform/WideText_win32.h"
+#include "views/win32/pictures/IconFile.h"
 
 namespace korvane {
 namespace {
@@ -142,6 +143,7 @@ void copyPixels(Raster& raster, const Frame& frame, IWICImagingFactory& factory,
 
 Raster readPicture(const std::string& path) {
   if (!fileExists(path)) throw Failure(kFileNotFound, path);
+  for (const auto& [width, height] : iconSizes(path)) requireSize(width, height, path);
   const Apartment apartment;
   const ComPtr<IWICImagingFactory> factory = imaging(path);
   ComPtr<IWICBitmapDecoder> decoder;

@@ -30,6 +30,11 @@ MONITORINFO monitorOf(HWND window) {
   return info;
 }
 
+BOOL CALLBACK setFont(HWND child, LPARAM font) {
+  SendMessageW(child, WM_SETFONT, static_cast<WPARAM>(font), TRUE);
+  return TRUE;
+}
+
 std::wstring markOf(const Form& form) { return toWide("Korvane." + form.name()); }
 
 }  // namespace
@@ -184,13 +189,7 @@ void FormWindow::followSize() {
 void FormWindow::setDpi(int dpi, const RECT& place) {
   scale_->setDpi(dpi);
   for (auto& [control, widget] : widgets_) widget->rescale();
-  EnumChildWindows(
-      window_,
-      [](HWND child, LPARAM font) -> BOOL {
-        SendMessageW(child, WM_SETFONT, static_cast<WPARAM>(font), TRUE);
-        return TRUE;
-      },
-      reinterpret_cast<LPARAM>(scale_->font()));
+  EnumChildWindows(window_, setFont, reinterpret_cast<LPARAM>(scale_->font()));
   moveWindow(window_, place);
   arrange();
 }
