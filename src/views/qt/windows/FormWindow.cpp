@@ -6,13 +6,13 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
+#include "views/qt/windows/FittingArea.h"
 #include "views/qt/windows/LayoutBuilder.h"
 
 namespace korvane {
 namespace {
 
 constexpr int kMargin = 12;
-constexpr QSize kFrame{10, 40};  // room for the frame that the window system adds
 
 struct Key {
   int key;
@@ -33,7 +33,7 @@ FormWindow::FormWindow(Form& form, Desktop& desktop, EventGate& gate, QWidget* o
   form.surface != nullptr ? makeSurface() : makeControls();
   form.onShown = [this] { refresh(); };
   refresh();
-  resize(sizeHint().boundedTo(screen()->availableSize() - kFrame));
+  resize(sizeHint().boundedTo(roomOn(*screen())));
 }
 
 FormWindow::~FormWindow() { form_.onShown = nullptr; }
@@ -47,8 +47,13 @@ void FormWindow::makeSurface() {
 }
 
 void FormWindow::makeControls() {
-  LayoutBuilder builder(form_, seat_);
-  auto* layout = new QVBoxLayout(this);
+  auto* content = new QWidget;
+  auto* area = new FittingArea(content);
+  auto* surround = new QVBoxLayout(this);
+  surround->setContentsMargins(0, 0, 0, 0);
+  surround->addWidget(area);
+  LayoutBuilder builder(form_, {content, seat_.gate});
+  auto* layout = new QVBoxLayout(content);
   layout->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
   layout->addLayout(builder.build());
   widgets_ = builder.widgets();
@@ -81,8 +86,11 @@ void FormWindow::followSize() {
   sizes_[declaredWidth_] = size();
   declaredWidth_ = form_.width();
   QTimer::singleShot(0, this, [this] {
+    layout()->invalidate();
+    layout()->activate();
     const auto known = sizes_.find(declaredWidth_);
-    resize(known == sizes_.end() ? QSize(sizeHint().width(), height()) : known->second);
+    const QSize fresh = QSize(sizeHint().width(), height()).boundedTo(roomOn(*screen()));
+    resize(known == sizes_.end() ? fresh : known->second);
   });
 }
 

@@ -4,6 +4,8 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLayout>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QSlider>
 #include <QTest>
 #include <QTreeView>
@@ -24,6 +26,13 @@ class Windows : public TestPlugin {
   template <class Widget>
   Widget& inside(Control& control) {
     return *on(control).findChild<Widget*>();
+  }
+  /// What the main window scrolls on a screen that is too small for it.
+  QWidget& content() { return *view.window(plugin.matrixForm).findChild<QScrollArea*>()->widget(); }
+  /// Lays out a window that need not be shown.
+  static void arrange(FormWindow& window) {
+    window.layout()->activate();
+    if (auto* area = window.findChild<QScrollArea*>()) area->widget()->adjustSize();
   }
   void press(Control& control) { QTest::mouseClick(&on(control), Qt::LeftButton); }
 
@@ -111,7 +120,7 @@ TEST_F(Windows, ThePreviewsFillTheirBoxesOnTheScreen) {
 TEST_F(Windows, EveryControlThatCanBeSeenStandsInTheLayout) {
   for (Form* form : engine.desktop.forms()) {
     FormWindow& window = view.window(*form);
-    window.layout()->activate();
+    arrange(window);
     for (const Control* control : form->controls()) {
       const QWidget* widget = window.widget(*control);
       if (widget->isHidden()) continue;
@@ -135,7 +144,7 @@ TEST_F(Windows, NoTextOfAButtonIsCutOff) {
   for (Form* form : engine.desktop.forms()) {
     if (form->surface != nullptr) continue;
     FormWindow& window = view.window(*form);
-    window.layout()->activate();
+    arrange(window);
     for (const Control* control : form->controls()) {
       const QWidget* widget = window.widget(*control);
       if (control->kind() != Kind::Button || widget->isHidden()) continue;
@@ -157,10 +166,21 @@ TEST_F(Windows, SlidersBelowEachOtherBeginAtTheSamePlace) {
 }
 
 TEST_F(Windows, TheMainWindowFitsASmallScreen) {
-  const QSize least = view.window(plugin.matrixForm).minimumSizeHint();
+  const QSize least = content().minimumSizeHint();
   const QSize room(1280 - 10, 800 - 35);  // less the frame of the system's windows
   EXPECT_LE(least.width(), room.width());
   EXPECT_LE(least.height(), room.height());
+}
+
+TEST_F(Windows, OnASmallerScreenItScrolls) {
+  FormWindow& window = view.window(plugin.matrixForm);
+  const QSize screen = window.screen()->availableSize();
+  ASSERT_LT(screen.width(), content().minimumSizeHint().width());
+  EXPECT_LT(window.width(), screen.width());
+  auto& area = *window.findChild<QScrollArea*>();
+  EXPECT_GT(area.horizontalScrollBar()->maximum(), 0);
+  area.ensureWidgetVisible(&on(v.B.type));
+  EXPECT_FALSE(on(v.B.type).visibleRegion().isEmpty());
 }
 
 TEST_F(Windows, TheColourOfAFadeFindsItsRoomWithoutMovingAnything) {
@@ -169,19 +189,19 @@ TEST_F(Windows, TheColourOfAFadeFindsItsRoomWithoutMovingAnything) {
   QTest::qWait(20);
   EXPECT_TRUE(on(master.MFadeColor).isVisible());
   EXPECT_EQ(on(plugin.matrixForm.FrameXX).geometry(), before);
-  EXPECT_LE(view.window(plugin.matrixForm).minimumSizeHint().width(), 1280 - 10);
+  EXPECT_LE(content().minimumSizeHint().width(), 1280 - 10);
 }
 
 TEST_F(Windows, TheNarrowViewHidesTheListsAndShrinksTheWindow) {
-  const int wide = view.window(plugin.matrixForm).width();
+  const int wide = content().width();
   gate.run([this] { plugin.plugIn.ITharnPlugin_MessageHandle(kMessageViewChange, 1, 0); });
   QTest::qWait(20);
   EXPECT_FALSE(on(v.A.efxList).isVisible());
-  EXPECT_LT(view.window(plugin.matrixForm).width(), wide);
+  EXPECT_LT(content().width(), wide);
   gate.run([this] { plugin.plugIn.ITharnPlugin_MessageHandle(kMessageViewChange, 0, 0); });
   QTest::qWait(20);
   EXPECT_TRUE(on(v.A.efxList).isVisible());
-  EXPECT_EQ(view.window(plugin.matrixForm).width(), wide);
+  EXPECT_EQ(content().width(), wide);
 }
 
 TEST_F(Windows, CloseallHidesTheWindow) {

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QEvent>
+#include <QScreen>
+#include <QScrollArea>
+
+namespace korvane {
+
+/// The size that a window can have, less the frame that the window system adds.
+inline QSize roomOn(const QScreen& screen) { return screen.availableSize() - QSize(10, 40); }
+
+/// Asks for the size of its content, but is content with less than the screen: then it scrolls.
+class FittingArea : public QScrollArea {
+ public:
+  explicit FittingArea(QWidget* content) {
+    setFrameShape(QFrame::NoFrame);
+    setFocusPolicy(Qt::NoFocus);
+    setWidgetResizable(true);
+    setWidget(content);
+  }
+
+  QSize sizeHint() const override { return widget()->sizeHint(); }
+  QSize minimumSizeHint() const override {
+    return widget()->minimumSizeHint().boundedTo(roomOn(*screen()));
+  }
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (watched == widget() && event->type() == QEvent::LayoutRequest) updateGeometry();
+    return QScrollArea::eventFilter(watched, event);
+  }
+};
+
+}  // namespace korvane
