@@ -120,6 +120,13 @@ Form* DemoShow::openDialog(int row) {
   return dialog;
 }
 
+Form& DemoShow::openImageList() {
+  MxImageList& list = plugin_.dialogs.imageList;
+  gate_([this] { plugin_.dialogs.image.BImage.click(); });
+  gate_([&list] { list.myImageList.click(1, 0); });
+  return list;
+}
+
 void DemoShow::mixOrange() {
   MxColorMixer& mixer = plugin_.dialogs.mixer;
   gate_([&mixer] { mixer.Sred.setValue(240); });

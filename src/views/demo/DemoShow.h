@@ -27,6 +27,8 @@ class DemoShow {
   void make();
   /// Opens the dialog of an effect of the left deck, by its row; nullptr if its type has none.
   Form* openDialog(int row);
+  /// Opens the list of pictures from the open dialog of an image effect, its second row selected.
+  Form& openImageList();
   /// Moves the sliders of the colour mixer to a colour that shows all three.
   void mixOrange();
 

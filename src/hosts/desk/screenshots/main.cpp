@@ -59,9 +59,7 @@ class Photographer {
   }
 
   void takeImageList() {
-    MxImageList& list = plugin_.dialogs.imageList;
-    gate_.run([this] { plugin_.dialogs.image.BImage.click(); });
-    gate_.run([&list] { list.myImageList.click(1, 0); });
+    Form& list = show_.openImageList();
     save(view_.window(list), list.name());
     gate_.run([&] { plugin_.engine.desktop.close(list); });
   }

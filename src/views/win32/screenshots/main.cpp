@@ -89,7 +89,14 @@ class Photographer {
     Form* dialog = show_.openDialog(row);
     if (dialog == nullptr) return;
     save(*dialog, dialog->name());
+    if (dialog == &plugin_.dialogs.image) takeImageList();
     run([&] { plugin_.engine.desktop.close(*dialog); });
+  }
+
+  void takeImageList() {
+    Form& list = show_.openImageList();
+    save(list, list.name());
+    run([&] { plugin_.engine.desktop.close(list); });
   }
 
   void takeForm(Form& form) {
