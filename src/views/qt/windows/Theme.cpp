@@ -65,9 +65,13 @@ QHeaderView::section {
 }
 QHeaderView { background: {window}; border: none; }
 
-QScrollBar:vertical { background: {well}; width: 12px; margin: 0; }
-QScrollBar::handle:vertical { background: {line}; min-height: 28px; border-radius: 4px; margin: 2px; }
-QScrollBar::handle:vertical:hover { background: {disabled}; }
+QScrollBar { background: {well}; margin: 0; }
+QScrollBar:vertical { width: 12px; }
+QScrollBar:horizontal { height: 12px; }
+QScrollBar::handle { background: {line}; border-radius: 4px; margin: 2px; }
+QScrollBar::handle:vertical { min-height: 28px; }
+QScrollBar::handle:horizontal { min-width: 28px; }
+QScrollBar::handle:hover { background: {disabled}; }
 QScrollBar::add-line, QScrollBar::sub-line { height: 0; width: 0; }
 QScrollBar::add-page, QScrollBar::sub-page { background: none; }
 
