@@ -318,18 +318,7 @@ TEST_P(Fire, StepsAsASlowModelOfItDoes) {
     const int most = setUp % 20 == 0 ? 50 : 13;
     dimension(1 + number(most), 1 + number(most));
     burning(number(1 << 24), number(1 << 24), static_cast<std::int16_t>(number(112) - 5));
-    v.fadeRunning = number(5) == 0;
-    platform.time = number(86'400'000);
-    for (int step = 0; step < 4 && !HasFailure(); ++step) {
-      SlowDeck slow(v, deck);
-      ++platform.time;
-      engine.randomize();
-      slowStep(slow, effect(), engine.random);
-      takeCalls();
-      --platform.time;
-      ASSERT_TRUE(tick());
-      slow.expectSame(engine, deck, takeCalls());
-    }
+    expectSteps(fireTick, slowStep);
     if (HasFailure()) ADD_FAILURE() << "in set-up " << setUp;
   }
 }

@@ -206,18 +206,7 @@ TEST_P(Fluid, StepsAsASlowModelOfItDoes) {
     dimension(1 + number(most), 1 + number(most));
     flowing(number(1 << 24), number(1 << 24), static_cast<std::int16_t>(number(101)),
             number(4) != 0 ? 1 + 2 * number(4) : number(12) - 1);
-    v.fadeRunning = number(5) == 0;
-    platform.time = number(86'400'000);
-    for (int step = 0; step < 4 && !HasFailure(); ++step) {
-      SlowDeck slow(v, deck);
-      ++platform.time;
-      engine.randomize();
-      slowStep(slow, effect(), engine.random);
-      takeCalls();
-      --platform.time;
-      ASSERT_TRUE(tick());
-      slow.expectSame(engine, deck, takeCalls());
-    }
+    expectSteps(fluidTick, slowStep);
     if (HasFailure()) ADD_FAILURE() << "in set-up " << setUp;
   }
 }

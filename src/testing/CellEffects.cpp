@@ -151,6 +151,21 @@ void CellEffects::dimension(int cols, int rows) {
   v.masterValue = deck.isB() ? 1 : 0;
 }
 
+void CellEffects::expectSteps(void (*tick)(Engine&, Deck&),
+                              void (*slowStep)(SlowDeck&, const Effect&, Random)) {
+  v.fadeRunning = number(5) == 0;
+  platform.time = number(86'400'000);
+  for (int step = 0; step < 4 && !HasFailure(); ++step) {
+    SlowDeck slow(v, deck);
+    ++platform.time;  // the random numbers start from the clock
+    engine.randomize();
+    slowStep(slow, effect(), engine.random);
+    takeCalls();
+    ASSERT_TRUE(event([this, tick] { tick(engine, deck); }));
+    slow.expectSame(engine, deck, takeCalls());
+  }
+}
+
 void CellEffects::fill(Color color) { deck.frame.fill(colorParts(color)); }
 
 int CellEffects::number(int below) { return static_cast<int>(double{random_.next()} * below); }

@@ -52,6 +52,10 @@ class CellEffects : public TestDecks {
   void dimension(int cols, int rows);
   /// Gives every cell of the deck's frame a colour that is nowhere noted, drawn or mixed.
   void fill(Color color);
+  /// Runs four steps of an effect and fails unless each does what a slow model of it does, whose
+  /// random numbers start as those of the effect. A fade runs in one case of five.
+  void expectSteps(void (*tick)(Engine&, Deck&),
+                   void (*slowStep)(SlowDeck&, const Effect&, Random));
   int number(int below);  ///< a number of the test's own random generator, 0 - below - 1
 
   Effect& effect() { return deck.effect(); }

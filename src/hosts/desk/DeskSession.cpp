@@ -48,8 +48,8 @@ DeskSession::~DeskSession() {
 bool DeskSession::load(const std::string& show) {
   const bool loaded = gate.run([this, &show] {
     plugin.matrixForm.Form::load();
-    plugin.matrixForm.panelA.clear
-        .click();  // the lamps must not flash in the colours of a new list
+    // The lamps must not flash in the colours of a new list.
+    plugin.matrixForm.panelA.clear.click();
     plugin.matrixForm.panelB.clear.click();
     openProject(plugin.engine, show);
   });
