@@ -1,8 +1,8 @@
 // One whole tick of Fire, Fluid and Ticker: the cells, both previews, the mix and the output.
 
 #include "Stage.h"
-#include "generators/FireAndWaterCode.h"
-#include "generators/TickerCode.h"
+#include "generators/fireandwater/FireAndWaterCode.h"
+#include "generators/ticker/TickerCode.h"
 
 namespace korvane {
 namespace {

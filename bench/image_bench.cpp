@@ -4,7 +4,7 @@
 
 #include "Stage.h"
 #include "generators/Dialogs.h"
-#include "generators/ImageCode.h"
+#include "generators/image/ImageCode.h"
 #include "platform/Numbers.h"
 
 namespace korvane {

@@ -2,8 +2,8 @@
 // output. Every tick changes what it paints, so the host is handed all that it can be.
 
 #include "Stage.h"
-#include "generators/ColorChangeCode.h"
-#include "generators/ColorScrollCode.h"
+#include "generators/colorchange/ColorChangeCode.h"
+#include "generators/colorscroll/ColorScrollCode.h"
 #include "platform/Numbers.h"
 
 namespace korvane {

@@ -2,18 +2,18 @@
 
 #include <array>
 
-#include "generators/EffectDialog.h"
-#include "generators/MxColorChange.h"
-#include "generators/MxColorForm.h"
-#include "generators/MxColorMixer.h"
-#include "generators/MxColorScroll.h"
-#include "generators/MxFire.h"
-#include "generators/MxGradientForm.h"
-#include "generators/MxImageForm.h"
-#include "generators/MxImageList.h"
-#include "generators/MxPaintForm.h"
-#include "generators/MxTickerForm.h"
-#include "generators/MxWater.h"
+#include "generators/color/MxColorForm.h"
+#include "generators/color/MxGradientForm.h"
+#include "generators/colorchange/MxColorChange.h"
+#include "generators/colorscroll/MxColorScroll.h"
+#include "generators/fireandwater/MxFire.h"
+#include "generators/fireandwater/MxWater.h"
+#include "generators/image/MxImageForm.h"
+#include "generators/image/MxImageList.h"
+#include "generators/kit/EffectDialog.h"
+#include "generators/kit/MxColorMixer.h"
+#include "generators/paint/MxPaintForm.h"
+#include "generators/ticker/MxTickerForm.h"
 #include "state/Effect.h"
 
 namespace korvane {

@@ -1,10 +1,10 @@
 #include "playback/DeckPlayback.h"
 
-#include "generators/ColorChangeCode.h"
-#include "generators/ColorScrollCode.h"
-#include "generators/FireAndWaterCode.h"
-#include "generators/ImageCode.h"
-#include "generators/TickerCode.h"
+#include "generators/colorchange/ColorChangeCode.h"
+#include "generators/colorscroll/ColorScrollCode.h"
+#include "generators/fireandwater/FireAndWaterCode.h"
+#include "generators/image/ImageCode.h"
+#include "generators/ticker/TickerCode.h"
 
 namespace korvane {
 namespace {

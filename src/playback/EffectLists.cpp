@@ -3,8 +3,8 @@
 #include <array>
 #include <cstddef>
 
-#include "generators/ColorCode.h"
 #include "generators/Dialogs.h"
+#include "generators/color/ColorCode.h"
 #include "output/Preview.h"
 #include "platform/Numbers.h"
 #include "playback/DeckPlayback.h"

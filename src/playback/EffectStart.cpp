@@ -2,13 +2,13 @@
 
 #include <array>
 
-#include "generators/ColorChangeCode.h"
-#include "generators/ColorCode.h"
-#include "generators/ColorScrollCode.h"
-#include "generators/FireAndWaterCode.h"
-#include "generators/ImageCode.h"
-#include "generators/PaintCode.h"
-#include "generators/TickerCode.h"
+#include "generators/color/ColorCode.h"
+#include "generators/colorchange/ColorChangeCode.h"
+#include "generators/colorscroll/ColorScrollCode.h"
+#include "generators/fireandwater/FireAndWaterCode.h"
+#include "generators/image/ImageCode.h"
+#include "generators/paint/PaintCode.h"
+#include "generators/ticker/TickerCode.h"
 #include "output/Preview.h"
 #include "platform/Numbers.h"
 

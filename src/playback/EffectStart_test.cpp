@@ -1,6 +1,6 @@
 #include "playback/EffectStart.h"
 
-#include "generators/ColorScrollCode.h"
+#include "generators/colorscroll/ColorScrollCode.h"
 #include "playback/EffectLists.h"
 #include "testing/CellEffects.h"
 #include "testing/Drawing.h"

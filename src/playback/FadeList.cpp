@@ -2,7 +2,7 @@
 
 #include <optional>
 
-#include "generators/MxColorMixer.h"
+#include "generators/kit/MxColorMixer.h"
 #include "output/Preview.h"
 #include "platform/Numbers.h"
 #include "platform/Text.h"

@@ -1,6 +1,6 @@
 #include "shell/clsTharnPlugIn.h"
 
-#include "generators/BeatCode.h"
+#include "generators/kit/BeatCode.h"
 
 namespace korvane {
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "generators/ImageCode.h"
+#include "generators/image/ImageCode.h"
 #include "testing/Drawing.h"
 #include "testing/TestPlugin.h"
 

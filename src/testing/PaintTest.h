@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "generators/Dialogs.h"
-#include "generators/MxPaintForm.h"
+#include "generators/paint/MxPaintForm.h"
 #include "testing/Drawing.h"
 #include "testing/TestPlugin.h"
 

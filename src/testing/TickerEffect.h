@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "generators/TickerCode.h"
+#include "generators/ticker/TickerCode.h"
 #include "testing/CellEffects.h"
 
 namespace korvane {

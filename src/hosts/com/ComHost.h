@@ -2,8 +2,8 @@
 
 #include <cstddef>
 
+#include "commands/HostCalls.h"
 #include "hosts/com/LateObject.h"
-#include "hosts/console/HostCalls.h"
 #include "state/Host.h"
 
 namespace korvane {

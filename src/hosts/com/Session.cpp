@@ -4,7 +4,7 @@
 #include <mutex>
 #include <vector>
 
-#include "hosts/console/Operations.h"
+#include "commands/Operations.h"
 #include "platform/Failure.h"
 
 namespace korvane {

@@ -6,12 +6,12 @@
 #include <memory>
 #include <string>
 
+#include "commands/Interpreter.h"
 #include "hosts/com/ComHost.h"
 #include "hosts/com/Component.h"
 #include "hosts/com/Machine.h"
 #include "hosts/com/ScriptPlatform.h"
 #include "hosts/com/Turn.h"
-#include "hosts/console/Interpreter.h"
 #include "shell/Plugin.h"
 
 namespace korvane {

@@ -4,8 +4,8 @@
 
 #include <filesystem>
 
-#include "hosts/common/LocaleFormat.h"
-#include "hosts/console/Arguments.h"
+#include "commands/Arguments.h"
+#include "platform/LocaleFormat.h"
 
 namespace korvane {
 

@@ -11,7 +11,7 @@
 #include <filesystem>
 #include <fstream>
 
-#include "hosts/console/Json.h"
+#include "commands/Json.h"
 #include "platform/Text.h"
 
 namespace korvane {

@@ -8,17 +8,17 @@
 #include <filesystem>
 #include <iostream>
 
-#include "hosts/common/WallClock.h"
-#include "hosts/console/ConsoleHost.h"
-#include "hosts/console/ConsolePlatform.h"
+#include "commands/ConsoleHost.h"
+#include "commands/ConsolePlatform.h"
+#include "commands/Interpreter.h"
+#include "commands/Operations.h"
+#include "desk/network/NetworkOutput.h"
 #include "hosts/console/InputLines.h"
-#include "hosts/console/Interpreter.h"
-#include "hosts/console/Operations.h"
 #include "hosts/console/Options.h"
-#include "hosts/network/NetworkOutput.h"
 #include "platform/Events.h"
+#include "platform/WallClock.h"
 #ifdef KORVANE_PICTURES
-#include "views/pictures/PictureFile.h"
+#include "views/shared/pictures/PictureFile.h"
 #endif
 
 namespace korvane {

@@ -6,7 +6,7 @@
 #include <functional>
 #include <string>
 
-#include "hosts/network/NetworkOutput.h"
+#include "desk/network/NetworkOutput.h"
 #include "state/Host.h"
 
 namespace korvane {

@@ -4,7 +4,7 @@
 #include <optional>
 #include <string>
 
-#include "hosts/network/OutputTarget.h"
+#include "desk/network/OutputTarget.h"
 
 namespace korvane {
 

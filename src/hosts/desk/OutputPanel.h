@@ -6,7 +6,7 @@
 #include <QSpinBox>
 #include <QTimer>
 
-#include "hosts/network/NetworkOutput.h"
+#include "desk/network/NetworkOutput.h"
 #include "views/qt/kinds/DropDown.h"
 
 namespace korvane {

@@ -12,7 +12,7 @@
 #include "hosts/desk/DeskWindow.h"
 #include "hosts/desk/Receiver.h"
 #include "platform/HeadlessPlatform.h"
-#include "views/pictures/PictureFile.h"
+#include "views/shared/pictures/PictureFile.h"
 
 namespace korvane {
 namespace {

@@ -6,19 +6,19 @@
 #include <iostream>
 #include <optional>
 
-#include "hosts/common/LocaleFormat.h"
-#include "hosts/common/WallClock.h"
-#include "hosts/network/NetworkOutput.h"
+#include "desk/network/NetworkOutput.h"
 #include "hosts/play/PlayOptions.h"
 #include "hosts/play/Terminal.h"
 #include "hosts/play/TerminalPicture.h"
 #include "platform/Events.h"
 #include "platform/HeadlessPlatform.h"
+#include "platform/LocaleFormat.h"
 #include "platform/TextFile.h"
+#include "platform/WallClock.h"
 #include "shell/Plugin.h"
 
 #ifdef KORVANE_PICTURES
-#include "views/pictures/PictureFile.h"
+#include "views/shared/pictures/PictureFile.h"
 #endif
 
 namespace korvane {

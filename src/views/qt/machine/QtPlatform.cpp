@@ -7,7 +7,7 @@
 #include <QTime>
 #include <QUrl>
 
-#include "views/pictures/PictureFile.h"
+#include "views/shared/pictures/PictureFile.h"
 
 namespace korvane {
 namespace {

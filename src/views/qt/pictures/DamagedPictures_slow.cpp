@@ -11,8 +11,8 @@
 #include <string>
 
 #include "platform/Failure.h"
-#include "views/pictures/PictureFile.h"
-#include "views/pictures/PictureSeeds.h"
+#include "views/shared/pictures/PictureFile.h"
+#include "views/shared/pictures/PictureSeeds.h"
 
 namespace korvane {
 namespace {

@@ -1,4 +1,4 @@
-#include "views/pictures/PictureFile.h"
+#include "views/shared/pictures/PictureFile.h"
 
 #include <QFile>
 #include <QImageReader>

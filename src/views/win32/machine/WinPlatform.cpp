@@ -5,7 +5,7 @@
 #include <shellapi.h>
 
 #include "platform/WideText_win32.h"
-#include "views/pictures/PictureFile.h"
+#include "views/shared/pictures/PictureFile.h"
 #include "views/win32/machine/FileDialog.h"
 #include "views/win32/machine/OthersDisabled.h"
 #include "views/win32/windows/FailureBox.h"

@@ -1,0 +1,89 @@
+#include "generators/colorscroll/MxColorScroll.h"
+
+#include "generators/Dialogs.h"
+#include "generators/colorscroll/ColorScrollCode.h"
+#include "platform/Numbers.h"
+
+namespace korvane {
+namespace {
+
+constexpr int kLastDirection = 12;
+constexpr std::int16_t kDefaultSpeed = 50;
+constexpr double kIntervalFactor = 0.8;
+
+}  // namespace
+
+MxColorScroll::MxColorScroll(Engine& engine)
+    : ColorListDialog(engine, {"MxColorScroll", "Color Scroll", "", "10s - 0,2s"},
+                      {"Width", "1", normalWidth}),
+      directionLabel("directionLabel",
+                     {.caption = "Direction : ", .toolTip = "where the colours scroll"}),
+      richtung(directionsUpTo(kLastDirection)),
+      fadeMode("fadeMode",
+               {.toolTip = "let each colour blend into the next", .label = "Fade Mode : "}) {
+  add({&myName, &ColorList, &addColor, &removeColor, &upColor, &downColor, &slSpeed,
+       &directionLabel});
+  add(richtung.controls());
+  add({&fadeMode, &beatControl, &OK});
+  setLayout(column({fields({myName}), listLayout(),
+                    fields({slSpeed, row({directionLabel, row(richtung.controls()), space()}),
+                            fadeMode, beatControl}),
+                    row({space(), OK})}));
+  bindSlider(slSpeed, &Effect::speed, [this] { setStepInterval(); });
+  richtung.onClick = [this](int index) { richtung_Click(index); };
+  fadeMode.onClick = [this] { fadeMode_Click(); };
+  beatControl.onClick = [this] { beatControl_Click(); };
+  onActivate = [this] { richtung.show(effect().direction); };
+}
+
+// The speed opens in the slider of the Color Change dialog; the slider here keeps the position of
+// its last use. That is meant.
+void MxColorScroll::fill() {
+  myName.setText(effect().name);
+  fillList(effect().itemWidths);
+  if (effect().speed == 0) effect().speed = kDefaultSpeed;
+  engine_.dialogs->colorChange.slSpeed.setValue(effect().speed);
+  fadeMode.setValue(effect().scrollFadeMode);
+  beatControl.setValue(effect().beatControl);
+}
+
+void MxColorScroll::setStepInterval() {
+  deck().timer1.setInterval(stepInterval(kIntervalFactor, effect().speed));
+}
+
+void MxColorScroll::updateColorList2() {
+  takeColors();
+  effect().itemWidths.assign(colorCount() + 1, 0);
+  for (std::size_t i = 0; i < colorCount(); ++i) {
+    effect().itemWidths[i] = roundToInt32(numberOf(static_cast<int>(i)));
+  }
+  buildScrollStrip(engine_, deck());
+  // `steps` is the counter of a colour change's transitions. The test against it is meant.
+  if (deck().colorIndex == -1 || deck().colorIndex > deck().steps) deck().colorIndex = 0;
+  if (effect().colorCount < 2 || beatControl.checked()) return;
+  setStepInterval();
+  deck().timer1.enable();
+}
+
+void MxColorScroll::richtung_Click(int index) {
+  effect().direction = toInt16(index);
+  deck().step = 0;
+  richtung.show(index);
+}
+
+void MxColorScroll::fadeMode_Click() {
+  effect().scrollFadeMode = toInt16(fadeMode.value());
+  buildScrollStrip(engine_, deck());
+}
+
+void MxColorScroll::OK_Click() {
+  markEdited(effect().colorCount >= 1);
+  writeRowText(myName.text());
+  // On deck B the new name lives in the list alone, and a saved project holds the old one. That is
+  // meant.
+  if (!deck().isB()) effect().name = myName.text();
+  if (!deck().timer1.enabled()) updateColorList2();
+  engine_.desktop.hide(*this);
+}
+
+}  // namespace korvane

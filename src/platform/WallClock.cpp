@@ -1,0 +1,45 @@
+#include "platform/WallClock.h"
+
+#include <algorithm>
+#include <ctime>
+#include <limits>
+#include <thread>
+
+namespace korvane {
+
+using std::chrono::duration_cast;
+using std::chrono::milliseconds;
+
+std::int64_t wallTimeOfDay() {
+  const auto now = std::chrono::system_clock::now();
+  const std::time_t seconds = std::chrono::system_clock::to_time_t(now);
+  const std::tm local = *std::localtime(&seconds);
+  const auto fraction = duration_cast<milliseconds>(now.time_since_epoch()).count() % 1000;
+  return ((local.tm_hour * 60 + local.tm_min) * 60 + local.tm_sec) * 1000LL + fraction;
+}
+
+std::int64_t WallClock::elapsed() const {
+  return duration_cast<milliseconds>(Steady::now() - start_).count();
+}
+
+void WallClock::pass(const TimerQueue::Gate& gate) {
+  timers_.runDue(elapsed(), gate);
+  passed_();
+}
+
+void WallClock::advance(std::int64_t time, const TimerQueue::Gate& gate) {
+  const std::int64_t end = elapsed() + time;
+  for (;;) {
+    pass(gate);
+    if (timers_.now() >= end) return;
+    std::this_thread::sleep_until(start_ + milliseconds(std::min(timers_.nextDue(), end)));
+  }
+}
+
+int WallClock::untilNext() const {
+  if (timers_.nextDue() == TimerQueue::kNever) return -1;
+  const std::int64_t wait = std::max<std::int64_t>(timers_.nextDue() - elapsed(), 0);
+  return static_cast<int>(std::min<std::int64_t>(wait, std::numeric_limits<int>::max()));
+}
+
+}  // namespace korvane

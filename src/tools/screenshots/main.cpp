@@ -1,0 +1,128 @@
+// Takes the pictures of the documentation: korvane-screenshots FOLDER [WIDTH HEIGHT]
+// The desk, the main window with a show, at the size if one is given, and every other window. Takes
+// the pictures of a show from examples/slides, below the folder in which it runs.
+
+#include <QApplication>
+#include <QDir>
+#include <QThread>
+#include <cstdio>
+
+#include "hosts/desk/DeskWindow.h"
+#include "tools/demo/DemoShow.h"
+#include "views/qt/machine/QtPlatform.h"
+#include "views/qt/windows/Theme.h"
+
+namespace {
+
+using namespace korvane;
+
+constexpr int kSettleMilliseconds = 20;
+constexpr int kSettleRounds = 5;
+constexpr int kShowMilliseconds = 300;  // how long the show runs before its picture is taken
+
+// A file dialog or a message box must not stop the pictures.
+class SilentPlatform : public QtPlatform {
+ public:
+  void messageBox(const std::string&) override {}
+  std::optional<std::string> askFile(const FileQuestion&) override { return std::nullopt; }
+};
+
+class Photographer {
+ public:
+  Photographer(const QString& folder, QSize size) : folder_(folder), size_(size) {
+    QDir().mkpath(folder_);
+  }
+
+  int run() {
+    desk_.show();
+    desk_.openTool();
+    if (!size_.isEmpty()) view_.window(plugin_.matrixForm).resize(size_);
+    show_.make();
+    settle(kShowMilliseconds);
+    save(view_.window(plugin_.matrixForm), "main-window");
+    taken_ << text(plugin_.matrixForm.name());
+    save(desk_, "desk");
+    for (int row = 0; row < kEffectTypes; ++row) takeDialog(row);
+    show_.mixOrange();
+    takeFullScreen();
+    for (Form* form : plugin_.engine.desktop.forms()) takeForm(*form);
+    return failed_ ? 1 : 0;
+  }
+
+ private:
+  void takeDialog(int row) {
+    Form* dialog = show_.openDialog(row);
+    if (dialog == nullptr) return;
+    save(view_.window(*dialog), dialog->name());
+    if (dialog == &plugin_.dialogs.image) takeImageList();
+    gate_.run([&] { plugin_.engine.desktop.close(*dialog); });
+  }
+
+  void takeImageList() {
+    Form& list = show_.openImageList();
+    save(view_.window(list), list.name());
+    gate_.run([&] { plugin_.engine.desktop.close(list); });
+  }
+
+  // The simulation window without its frame; the one with it is taken with the other windows.
+  void takeFullScreen() {
+    MxSimForm& sim = plugin_.mxSimForm;
+    constexpr int kSpace = 32;
+    gate_.run([&] { plugin_.engine.desktop.show(sim); });
+    gate_.run([&sim] { sim.onKeyPress(kSpace); });
+    save(view_.window(sim), sim.name() + "-full-screen");
+    gate_.run([&sim] { sim.onKeyPress(kSpace); });
+    gate_.run([&] { plugin_.engine.desktop.hide(sim); });
+  }
+
+  void takeForm(Form& form) {
+    if (taken_.contains(text(form.name()))) return;
+    gate_.run([&] { plugin_.engine.desktop.show(form); });
+    save(view_.window(form), form.name());
+    gate_.run([&] { plugin_.engine.desktop.hide(form); });
+  }
+
+  void settle(int milliseconds) {
+    for (int i = 0; i < kSettleRounds; ++i) {
+      QThread::msleep(static_cast<unsigned long>(milliseconds / kSettleRounds));
+      QApplication::processEvents();
+    }
+  }
+
+  void save(QWidget& window, const std::string& name) {
+    settle(kSettleMilliseconds);
+    const QString path = QDir(folder_).filePath(text(name) + ".png");
+    if (!window.grab().save(path)) {
+      std::fprintf(stderr, "korvane-screenshots: cannot write %s\n", qUtf8Printable(path));
+      failed_ = true;
+    }
+    taken_ << text(name);
+  }
+
+  QString folder_;
+  QSize size_;
+  QStringList taken_;
+  bool failed_ = false;
+  SilentPlatform platform_;
+  NetworkOutput output_{"korvane-screenshots"};
+  DeskWindow desk_{platform_, output_, "show", examplesIn(examplesFolder())};
+  Plugin& plugin_ = desk_.session().plugin;
+  EventGate& gate_ = desk_.session().gate;
+  DesktopView& view_ = desk_.session().view;
+  DemoShow show_{plugin_, [this](const std::function<void()>& step) { gate_.run(step); }};
+};
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  QApplication application(argc, argv);
+  applyTheme(application);
+  const QStringList arguments = QApplication::arguments();
+  if (arguments.size() != 2 && arguments.size() != 4) {
+    std::fprintf(stderr, "usage: korvane-screenshots FOLDER [WIDTH HEIGHT]\n");
+    return 2;
+  }
+  const QSize size =
+      arguments.size() == 4 ? QSize(arguments[2].toInt(), arguments[3].toInt()) : QSize();
+  return Photographer(arguments[1], size).run();
+}
