@@ -24,9 +24,9 @@ class ConsoleHost : public Host {
   std::int32_t ChannelMAXCHANNELS() override { return channels_; }
   std::string ProjectName() override { return project_.name; }
   std::string ProjectBaseFilename() override { return project_.baseFilename; }
-  void UserInteraction() override { calls.add({HostCall::kUserInteraction, 0}); }
+  void UserInteraction() override { calls.add(HostCall::userInteraction()); }
   void SetChannel(std::int32_t channel, std::int32_t value, bool) override {
-    calls.add({channel, value});
+    calls.add(HostCall::setChannel(channel, value));
     if (onChannel) onChannel(channel, value);
   }
 

@@ -6,12 +6,18 @@
 
 namespace korvane {
 
-/// A call that the plug-in made to the desk: `SetChannel`, or `UserInteraction`.
+/// A call that the plug-in made to the desk. Any number may be a channel's.
 struct HostCall {
-  static constexpr std::int32_t kUserInteraction = -1;
+  enum class Kind : std::uint8_t { UserInteraction, SetChannel };
 
-  std::int32_t channel;  ///< kUserInteraction for that call
-  std::int32_t value;
+  static HostCall userInteraction() { return {0, 0, Kind::UserInteraction}; }
+  static HostCall setChannel(std::int32_t channel, std::int32_t value) {
+    return {channel, static_cast<std::int16_t>(value), Kind::SetChannel};
+  }
+
+  std::int32_t channel;
+  std::int16_t value;  ///< 0 - 255; millions of calls are kept
+  Kind kind;
 };
 
 /// The calls that a desk got, in order. Of more than so many the older half goes, so that a program

@@ -141,7 +141,7 @@ void snapshot(Console& console, const Arguments& arguments, Json&) {
 void calls(Console& console, const Arguments&, Json& reply) {
   Json all = Json::array();
   for (const HostCall& call : console.calls.all()) {
-    if (call.channel == HostCall::kUserInteraction)
+    if (call.kind == HostCall::Kind::UserInteraction)
       all.push_back(Json::array({"UserInteraction"}));
     else
       all.push_back(Json::array({"SetChannel", call.channel, call.value}));

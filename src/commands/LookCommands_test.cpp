@@ -206,6 +206,12 @@ TEST_F(TestConsole, CallsAreToldOnceInOrder) {
        {"calls", R"({"ok":true,"calls":[]})"}});
 }
 
+TEST_F(TestConsole, NegativeChannelsAreToldAsTheyWereSet) {
+  host.SetChannel(-1, 7, true);
+  host.SetChannel(-32768, 8, true);
+  expect({{"calls", R"({"ok":true,"calls":[["SetChannel",-1,7],["SetChannel",-32768,8]]})"}});
+}
+
 TEST_F(TestConsole, OfVeryManyCallsTheNewestAreKept) {
   const auto most = static_cast<std::int32_t>(ConsoleHost::kMostCalls);
   for (std::int32_t i = 0; i <= most; ++i) host.SetChannel(i, 0, true);

@@ -10,6 +10,10 @@ namespace korvane {
 using std::chrono::duration_cast;
 using std::chrono::milliseconds;
 
+namespace {
+constexpr std::int64_t kLongestSleep = 50;  // ms
+}  // namespace
+
 std::int64_t wallTimeOfDay() {
   const auto now = std::chrono::system_clock::now();
   const std::time_t seconds = std::chrono::system_clock::to_time_t(now);
@@ -31,8 +35,9 @@ void WallClock::advance(std::int64_t time, const TimerQueue::Gate& gate) {
   const std::int64_t end = elapsed() + time;
   for (;;) {
     pass(gate);
-    if (timers_.now() >= end) return;
-    std::this_thread::sleep_until(start_ + milliseconds(std::min(timers_.nextDue(), end)));
+    if (timers_.now() >= end || (mayGoOn && !mayGoOn())) return;
+    const std::int64_t next = std::min({timers_.nextDue(), end, elapsed() + kLongestSleep});
+    std::this_thread::sleep_until(start_ + milliseconds(next));
   }
 }
 

@@ -24,6 +24,9 @@ class WallClock {
   /// Milliseconds until the next timer is due, -1 if none runs.
   int untilNext() const;
 
+  /// Asked while time goes by, often enough for a person who waits: no ends `advance` early.
+  std::function<bool()> mayGoOn;
+
  private:
   using Steady = std::chrono::steady_clock;
 

@@ -49,9 +49,14 @@ void NetworkOutput::endOfPass() {
 
 std::string NetworkOutput::status() const {
   if (!target_) return "off";
+  const std::string problem = error();
+  return describe(*target_) + (problem.empty() ? "" : ": " + problem);
+}
+
+std::string NetworkOutput::error() const {
+  if (!target_) return {};
   const std::lock_guard lock(mutex_);
-  const std::string& error = error_.text();
-  return describe(*target_) + (error.empty() ? "" : ": " + error);
+  return error_.text();
 }
 
 /// The sender thread. The lock is not held while a packet is sent.

@@ -49,6 +49,8 @@ class NetworkOutput {
   /// For people: "off", or "sACN universe 1 to 239.255.0.1:5568", with ": " and the system's text
   /// of an error appended while there is one.
   std::string status() const;
+  /// The last error alone; empty when off, and while all is well.
+  std::string error() const;
 
  private:
   void run();

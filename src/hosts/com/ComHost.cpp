@@ -41,13 +41,13 @@ std::string ComHost::ProjectBaseFilename() {
 
 void ComHost::UserInteraction() {
   stream_.fetch(helper_, L"MyStream");
-  calls.add({HostCall::kUserInteraction, 0});
+  calls.add(HostCall::userInteraction());
   stream_.call(L"UserInteraction");
 }
 
 void ComHost::SetChannel(std::int32_t channel, std::int32_t value, bool flag) {
   stream_.fetch(helper_, L"MyStream");
-  calls.add({channel, value});
+  calls.add(HostCall::setChannel(channel, value));
   LONG givenChannel = channel;
   LONG givenValue = value;
   std::array<VARIANT, 3> arguments = {boolean(flag), byReference(givenValue),

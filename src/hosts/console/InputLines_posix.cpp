@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "hosts/console/InputLines.h"
+#include "platform/Signals.h"
 
 namespace korvane {
 namespace {
@@ -32,8 +33,8 @@ InputLines::Found InputLines::next(std::string& line, int timeout) {
     line = std::exchange(buffer_, {});
     return line.empty() ? Found::End : Found::Line;
   }
-  pollfd wait{descriptor_, POLLIN, 0};
-  if (poll(&wait, 1, timeout) <= 0) return Found::Nothing;
+  pollfd waits[] = {{descriptor_, POLLIN, 0}, {Signals::descriptor(), POLLIN, 0}};
+  if (poll(waits, 2, timeout) <= 0 || waits[0].revents == 0) return Found::Nothing;
   const std::size_t old = buffer_.size();
   buffer_.resize(old + kPiece);
   const ssize_t count = read(descriptor_, buffer_.data() + old, kPiece);

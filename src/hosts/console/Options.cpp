@@ -24,7 +24,8 @@ input. Each command is answered with one line, a JSON object.
   --output TARGET         send the lamps their values, as in sacn:1 or artnet:0@192.168.1.20
   --help                  print this text
 
-Exit status: 0 every command was ok, 1 one was not, 2 wrong usage, 3 the script can't be read.
+Exit status: 0 every command was ok, 1 one was not, 2 wrong usage, 3 the script can't be read;
+with --output 128 and the number of a signal that ended it.
 )";
 
 namespace {

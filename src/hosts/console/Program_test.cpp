@@ -7,6 +7,7 @@
 #include <unistd.h>
 
 #include <array>
+#include <csignal>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
@@ -262,6 +263,8 @@ class Receiver {
   }
   ~Receiver() { close(socket_); }
 
+  /// The target for the program.
+  std::string target() const { return "sacn:1@127.0.0.1:" + std::to_string(port); }
   /// The last packet that has arrived; empty if none has.
   std::string last() {
     std::string packet;
@@ -312,12 +315,23 @@ class Running {
   ~Running() {
     std::fclose(to_);
     std::fclose(from_);
-    waitpid(child_, nullptr, 0);
+    if (child_ > 0) waitpid(child_, nullptr, 0);
   }
 
-  Json ask(const std::string& command) {
+  /// The exit status after this signal.
+  int endBy(int signal) {
+    int status = 0;
+    kill(child_, signal);
+    waitpid(std::exchange(child_, -1), &status, 0);
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+  }
+
+  void give(const std::string& command) {
     std::fputs((command + "\n").c_str(), to_);
     std::fflush(to_);
+  }
+  Json ask(const std::string& command) {
+    give(command);
     std::string reply;
     for (int c = 0; (c = std::fgetc(from_)) != EOF && c != '\n';) reply += static_cast<char>(c);
     return Json::parse(reply, nullptr, false);
@@ -328,6 +342,41 @@ class Running {
   FILE* to_ = nullptr;
   FILE* from_ = nullptr;
 };
+
+TEST(RunningProgram, SignalsEndTheStreamAsItsProtocolSays) {
+  constexpr std::size_t kOptions = 112;
+  for (const char* clock : {"real", "virtual"}) {
+    for (const int signal : {SIGHUP, SIGINT, SIGTERM}) {
+      SCOPED_TRACE(testing::Message() << clock << " " << signal);
+      Receiver receiver;
+      const std::string target = receiver.target();
+      Running program({"--clock", clock, "--output", target.c_str()});
+      EXPECT_EQ(program.ask("now")["ok"], true);
+      EXPECT_EQ(program.endBy(signal), 128 + signal);
+      const std::string packet = receiver.last();
+      ASSERT_EQ(packet.size(), 638U);
+      EXPECT_EQ(packet[kOptions], 0x40) << "terminated";
+    }
+  }
+}
+
+TEST(RunningProgram, ASignalEndsALongAdvanceToo) {
+  Receiver receiver;
+  const std::string target = receiver.target();
+  for (const char* clock : {"real", "virtual"}) {
+    Running program({"--clock", clock, "--output", target.c_str()});
+    program.ask("click MatrixForm.AutoFadeB");
+    program.give("advance 2000000000");
+    EXPECT_EQ(program.endBy(SIGTERM), 128 + SIGTERM);
+  }
+}
+
+TEST_F(Program, NetworkErrorsAreToldOnceOnStandardError) {
+  const Result result = run("--clock real --output sacn:1%nosuchif", "advance 700\nadvance 700\n");
+  EXPECT_EQ(result.status, 0);
+  EXPECT_EQ(result.complaint,
+            "korvane-console: sACN universe 1 to 239.255.0.1:5568 by nosuchif: No such device\n");
+}
 
 TEST(RunningProgram, AnswersEachCommandBeforeTheNextIsGiven) {
   Running program({"--seed", "1"});

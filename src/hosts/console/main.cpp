@@ -12,10 +12,12 @@
 #include "commands/ConsolePlatform.h"
 #include "commands/Interpreter.h"
 #include "commands/Operations.h"
+#include "desk/network/ErrorNews.h"
 #include "desk/network/NetworkOutput.h"
 #include "hosts/console/InputLines.h"
 #include "hosts/console/Options.h"
 #include "platform/Events.h"
+#include "platform/Signals.h"
 #include "platform/WallClock.h"
 #ifdef KORVANE_PICTURES
 #include "views/shared/pictures/PictureFile.h"
@@ -26,7 +28,10 @@ namespace {
 
 enum ExitStatus { kAllOk, kNotAllOk, kWrongUsage, kUnreadableScript };
 
+constexpr int kSignalled = 128;  // and the signal's number, as shells tell it
+
 constexpr std::int64_t kDay = 86'400'000;
+constexpr int kNewsInterval = 500;  // ms between two looks at how the network fares
 
 void complain(const std::string& text) { std::cerr << "korvane-console: " << text << std::endl; }
 
@@ -40,12 +45,16 @@ class Desk {
   Desk(const Options& options, const std::optional<OutputTarget>& target);
 
   /// Carries out the commands of an open file; the exit status.
-  ExitStatus run(int descriptor);
+  int run(int descriptor);
 
  private:
   void start(const Options& options);
   bool perform(const std::string& line);
   void advance(std::int64_t milliseconds, const TimerQueue::Gate& gate);
+  void advanceVirtual(std::int64_t end, const TimerQueue::Gate& gate);
+  int patience() const;
+  void tellNetwork();
+  bool asked();
   /// The gate of what no command waits for: a failure is told at once.
   void background(const std::function<void()>& event);
 
@@ -53,6 +62,8 @@ class Desk {
   ConsolePlatform platform_;
   ConsoleHost host_;
   NetworkOutput output_{"korvane-console"};
+  std::optional<ErrorNews> news_;  ///< of the output, if there is one
+  int signal_ = 0;                 ///< that asked the program to end
   Plugin plugin_{platform_};
   WallClock clock_{plugin_.engine.timers, [this] { output_.endOfPass(); }};
   Interpreter interpreter_;
@@ -78,7 +89,13 @@ Desk::Desk(const Options& options, const std::optional<OutputTarget>& target)
   host_.onChannel = [this](std::int32_t channel, std::int32_t value) {
     output_.setChannel(channel, static_cast<std::uint8_t>(value));
   };
-  if (target) output_.start(*target);
+  if (target) {
+    // Without lamps a signal ends the program at once, as it does others.
+    noteEndSignals();
+    clock_.mayGoOn = [this] { return !asked(); };
+    news_.emplace(describe(*target));
+    output_.start(*target);
+  }
   start(options);
 }
 
@@ -97,7 +114,32 @@ void Desk::background(const std::function<void()>& event) {
 void Desk::advance(std::int64_t milliseconds, const TimerQueue::Gate& gate) {
   TimerQueue& timers = plugin_.engine.timers;
   if (realClock_) return clock_.advance(milliseconds, gate);
-  timers.advanceTo(timers.now() + milliseconds, gate);
+  if (!news_) return timers.advanceTo(timers.now() + milliseconds, gate);
+  advanceVirtual(timers.now() + milliseconds, gate);
+}
+
+/// The same as advancing at once, but a signal ends it between two ticks.
+void Desk::advanceVirtual(std::int64_t end, const TimerQueue::Gate& gate) {
+  TimerQueue& timers = plugin_.engine.timers;
+  while (timers.now() < end && !asked()) timers.advanceTo(std::min(timers.nextDue(), end), gate);
+}
+
+/// Whether a signal asked the program to end.
+bool Desk::asked() {
+  if (signal_ == 0) signal_ = takeEndSignal();
+  return signal_ != 0;
+}
+
+/// How long the console may wait for a command, in ms; -1 for ever.
+int Desk::patience() const {
+  const int next = realClock_ ? clock_.untilNext() : -1;
+  if (!news_) return next;
+  return next < 0 ? kNewsInterval : std::min(next, kNewsInterval);
+}
+
+void Desk::tellNetwork() {
+  if (!news_) return;
+  if (const auto news = news_->of(output_.error())) complain(*news);
 }
 
 /// Whether there is more to do.
@@ -108,18 +150,22 @@ bool Desk::perform(const std::string& line) {
   return !interpreter_.ended() && std::cout.good();
 }
 
-ExitStatus Desk::run(int descriptor) {
+int Desk::run(int descriptor) {
   InputLines lines(descriptor);
   const TimerQueue::Gate gate = [this](const std::function<void()>& tick) { background(tick); };
   std::string line;
   for (bool more = true; more;) {
-    const InputLines::Found found = lines.next(line, realClock_ ? clock_.untilNext() : -1);
+    Signals::drain();
+    if (asked()) return kSignalled + signal_;
+    const InputLines::Found found = lines.next(line, patience());
+    tellNetwork();
     if (found == InputLines::Found::Error) {
       complain(std::string("the commands can't be read: ") + std::strerror(errno));
       return kUnreadableScript;
     }
     if (realClock_) clock_.pass(gate);
     if (found == InputLines::Found::Line) more = perform(line);
+    if (signal_ != 0) return kSignalled + signal_;
     if (found == InputLines::Found::End) more = false;
   }
   return interpreter_.allOk() && std::cout.good() ? kAllOk : kNotAllOk;

@@ -2,8 +2,6 @@
 
 #include <filesystem>
 
-#include "platform/Failure.h"
-
 namespace korvane {
 
 DeskHost::DeskHost(const std::string& stem, NetworkOutput& output) : output_(output) {
@@ -16,11 +14,9 @@ DeskHost::DeskHost(const std::string& stem, NetworkOutput& output) : output_(out
 }
 
 void DeskHost::SetChannel(std::int32_t channel, std::int32_t value, bool) {
-  if (channel < 0 || channel > kChannels)
-    throw Failure(kSubscript, "no channel " + std::to_string(channel));
+  if (channel < 1 || channel > kChannels) return;
   const auto byte = static_cast<std::uint8_t>(value);
   levels_[static_cast<std::size_t>(channel)] = byte;
-  if (channel == 0) return;
   output_.setChannel(channel, byte);
   if (onLevel) onLevel(channel);
 }

@@ -24,7 +24,7 @@ class DeskHost : public Host {
   std::string ProjectName() override { return name_; }
   std::string ProjectBaseFilename() override { return stem_; }
   void UserInteraction() override { endOfPass_.start(); }
-  /// kSubscript for a channel outside 0 - 512. Channel 0 stands for a lamp without one.
+  /// Channels outside 1 - 512 name no lamp and are passed over; 0 stands for a lamp without one.
   void SetChannel(std::int32_t channel, std::int32_t value, bool flag) override;
 
   /// Takes the output over from the host of another project: its channels go to 0.

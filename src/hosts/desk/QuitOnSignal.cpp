@@ -1,25 +1,20 @@
 #include "hosts/desk/QuitOnSignal.h"
 
-#include <sys/signalfd.h>
-
 #include <QCoreApplication>
-#include <csignal>
+
+#include "platform/Signals.h"
 
 namespace korvane {
 
-QuitOnSignal::QuitOnSignal() {
-  sigset_t set;
-  sigemptyset(&set);
-  sigaddset(&set, SIGTERM);
-  sigaddset(&set, SIGINT);
-  sigprocmask(SIG_BLOCK, &set, nullptr);
-  signals_ = signalfd(-1, &set, SFD_CLOEXEC);
-}
+QuitOnSignal::QuitOnSignal() { noteEndSignals(); }
 
 void QuitOnSignal::listen() {
-  if (signals_ < 0) return;
-  notifier_ = std::make_unique<QSocketNotifier>(signals_, QSocketNotifier::Read);
-  QObject::connect(notifier_.get(), &QSocketNotifier::activated, [] { QCoreApplication::exit(); });
+  if (Signals::descriptor() < 0) return;
+  notifier_ = std::make_unique<QSocketNotifier>(Signals::descriptor(), QSocketNotifier::Read);
+  QObject::connect(notifier_.get(), &QSocketNotifier::activated, [] {
+    Signals::drain();
+    if (takeEndSignal() != 0) QCoreApplication::exit();
+  });
 }
 
 }  // namespace korvane

@@ -5,8 +5,8 @@
 
 namespace korvane {
 
-/// Ends the event loop when the system asks the program to end (SIGTERM, SIGINT), so that the
-/// output is closed in good order. Made before any thread.
+/// Ends the event loop when the system asks the program to end (SIGHUP, SIGINT, SIGTERM), so that
+/// the output is closed in good order. Made before any thread.
 class QuitOnSignal {
  public:
   QuitOnSignal();
@@ -15,7 +15,6 @@ class QuitOnSignal {
   void listen();
 
  private:
-  int signals_;
   std::unique_ptr<QSocketNotifier> notifier_;
 };
 

@@ -2,8 +2,6 @@
 
 #include <getopt.h>
 
-#include <optional>
-
 #include "platform/Text.h"
 
 namespace korvane {
@@ -18,7 +16,10 @@ SHOW.korvaneconf beside it.
   --seconds N        end after N seconds (default: play on)
   --help             print this text
 
-Keys: a, b fade to the left or right deck; space is a beat; q or Ctrl-C ends.
+Keys: a, b fade to the left or right deck; space is a beat; q or Ctrl-C ends. In the background, and
+without a terminal, it plays on and tells only what matters.
+
+Exit status: 0 played, 1 the show can't be opened, 2 wrong usage; with 1 and 2 nothing was sent.
 )";
 
 namespace {
@@ -29,6 +30,14 @@ constexpr option kOptions[] = {{"output", required_argument, nullptr, kOutput},
                                {"seconds", required_argument, nullptr, kSeconds},
                                {"help", no_argument, nullptr, kHelp},
                                {nullptr, 0, nullptr, 0}};
+
+OutputTarget target(const char* word) {
+  try {
+    return parseOutputTarget(word);
+  } catch (const std::invalid_argument& error) {
+    throw PlayUsageError(error.what());
+  }
+}
 
 double seconds(const std::string& word) {
   const std::optional<double> value = parseEitherDecimal(word);
@@ -44,7 +53,7 @@ PlayOptions parsePlayOptions(int count, char** words) {
   for (int which = 0; (which = getopt_long(count, words, ":", kOptions, nullptr)) != -1;) {
     switch (which) {
       case kOutput:
-        options.output = optarg;
+        options.output = target(optarg);
         break;
       case kSeconds:
         options.seconds = seconds(optarg);

@@ -1,14 +1,17 @@
 #pragma once
 
+#include <optional>
 #include <stdexcept>
 #include <string>
+
+#include "desk/network/OutputTarget.h"
 
 namespace korvane {
 
 /// The command line of the player.
 struct PlayOptions {
-  std::string show;    ///< project file; empty plays the two plain decks of a new show
-  std::string output;  ///< network target as parseOutputTarget reads it; empty for none
+  std::string show;  ///< project file; empty plays the two plain decks of a new show
+  std::optional<OutputTarget> output;
   double seconds = 0;  ///< length of the play, 0 plays until it is ended
   bool help = false;
 };

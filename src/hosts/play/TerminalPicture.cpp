@@ -1,31 +1,82 @@
 #include "hosts/play/TerminalPicture.h"
 
+#include <algorithm>
+#include <optional>
+
 namespace korvane {
 namespace {
 
-std::string sgr(int plane, const Rgb& color) {
-  return "\x1b[" + std::to_string(plane) + ";2;" + std::to_string(color[0]) + ";" +
-         std::to_string(color[1]) + ";" + std::to_string(color[2]) + "m";
+constexpr int kMostPoints = 4;  // of a lamp's side; more would only cost the terminal time
+
+struct Points {
+  int width;
+  int height;
+};
+
+/// The size of the picture in points: a multiple of the frame's, or what fits of it.
+Points pointsOf(const Frame& frame, const TerminalSize& room) {
+  const int width = room.columns, height = 2 * room.lines;
+  if (frame.cols() <= 0 || frame.rows() <= 0 || width <= 0 || height <= 0) return {0, 0};
+  const int larger = std::min({width / frame.cols(), height / frame.rows(), kMostPoints});
+  if (larger > 0) return {larger * frame.cols(), larger * frame.rows()};
+  const bool wide = frame.cols() * height > frame.rows() * width;
+  if (wide) return {width, std::max(1, frame.rows() * width / frame.cols())};
+  return {std::max(1, frame.cols() * height / frame.rows()), height};
 }
 
-int lines(const Frame& frame) { return (frame.rows() + 1) / 2; }
+/// One line of the picture, with a colour's sequence only where the colour changes.
+class Line {
+ public:
+  void add(const Rgb& above, const std::optional<Rgb>& below) {
+    if (above_ != above) text_ += sgr(38, above);
+    if (!started_ || below_ != below) text_ += below ? sgr(48, *below) : "\x1b[49m";
+    text_ += "▀";
+    above_ = above;
+    below_ = below;
+    started_ = true;
+  }
+  std::string take() { return std::move(text_) + "\x1b[0m"; }
+
+ private:
+  static std::string sgr(int plane, const Rgb& color) {
+    return "\x1b[" + std::to_string(plane) + ";2;" + std::to_string(color[0]) + ";" +
+           std::to_string(color[1]) + ";" + std::to_string(color[2]) + "m";
+  }
+
+  std::string text_;
+  bool started_ = false;
+  std::optional<Rgb> above_;
+  std::optional<Rgb> below_;
+};
 
 }  // namespace
 
-std::string terminalPicture(const Frame& frame) {
-  std::string picture;
-  for (int line = 0; line < lines(frame); ++line) {
-    for (int col = 0; col < frame.cols(); ++col) {
-      const bool below = 2 * line + 1 < frame.rows();
-      picture += sgr(38, frame.at(col, 2 * line));
-      picture += below ? sgr(48, frame.at(col, 2 * line + 1)) : "\x1b[49m";
-      picture += "▀▀";
-    }
-    picture += "\x1b[0m\n";
+std::vector<std::string> terminalLines(const Frame& frame, const TerminalSize& room) {
+  const Points points = pointsOf(frame, room);
+  const auto lamp = [&](int x, int y) {
+    return frame.at(x * frame.cols() / points.width, y * frame.rows() / points.height);
+  };
+  std::vector<std::string> lines;
+  for (int y = 0; y < points.height; y += 2) {
+    Line line;
+    for (int x = 0; x < points.width; ++x)
+      line.add(lamp(x, y), y + 1 < points.height ? std::optional(lamp(x, y + 1)) : std::nullopt);
+    lines.push_back(line.take());
   }
-  return picture;
+  return lines;
 }
 
-std::string backToTop(const Frame& frame) { return "\x1b[" + std::to_string(lines(frame)) + "A"; }
+std::string linesThatDiffer(const std::vector<std::string>& lines,
+                            const std::vector<std::string>& shown) {
+  const auto at = [](const std::vector<std::string>& all, std::size_t line) {
+    return line < all.size() ? all[line] : std::string();
+  };
+  std::string text;
+  for (std::size_t line = 0; line < std::max(lines.size(), shown.size()); ++line) {
+    if (at(lines, line) == at(shown, line)) continue;
+    text += "\x1b[" + std::to_string(line + 1) + ";1H" + at(lines, line) + "\x1b[K";
+  }
+  return text;
+}
 
 }  // namespace korvane

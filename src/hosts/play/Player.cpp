@@ -1,0 +1,134 @@
+#include "hosts/play/Player.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "persistence/ProjectFile.h"
+#include "platform/Events.h"
+#include "platform/Signals.h"
+
+#ifdef KORVANE_PICTURES
+#include "views/shared/pictures/PictureFile.h"
+#endif
+
+namespace korvane {
+namespace {
+
+constexpr int kPictureInterval = 40;  // ms between two pictures in the terminal
+
+std::string cut(const std::string& text, int columns) {
+  std::string line;
+  const std::vector<std::string> all = characters(text);
+  for (std::size_t at = 0; at < all.size() && std::cmp_less(at, columns); ++at) line += all[at];
+  return line;
+}
+
+}  // namespace
+
+Raster PlayerPlatform::loadPicture(const std::string& path) {
+#ifdef KORVANE_PICTURES
+  return readPicture(path);
+#else  // without Qt no picture can be read
+  return HeadlessPlatform::loadPicture(path);
+#endif
+}
+
+Player::Player(const PlayOptions& options) : options_(options), host_(showPath(), output_) {
+  platform_.tell = [this](const std::string& text) { tell(text); };
+}
+
+std::filesystem::path Player::showPath() const {
+  return std::filesystem::absolute(options_.show.empty() ? "untitled" : options_.show);
+}
+
+void Player::tell(const std::string& text) {
+  messages_.tell(text, terminal_ && terminal_->hasPictures());
+}
+
+bool Player::event(const std::function<void()>& what) {
+  const bool well = runEvent(platform_, what);
+  output_.endOfPass();
+  return well;
+}
+
+// The lamps must not flash in the colours of a new list, so nothing is sent before all is there.
+void Player::openShow() {
+  plugin_.engine.desktop.show(plugin_.matrixForm);
+  if (options_.show.empty()) return;
+  plugin_.matrixForm.panelA.clear.click();
+  plugin_.matrixForm.panelB.clear.click();
+  openProject(plugin_.engine, showPath().string());
+}
+
+bool Player::open() {
+  const bool opened = event([this] {
+    plugin_.plugIn.ITharnPlugin_Init("korvane-play", options_.show, host_);
+    openShow();
+  });
+  if (!opened) return false;
+  if (options_.output) {
+    news_.emplace(describe(*options_.output));
+    output_.start(*options_.output);
+  }
+  return event([this] { plugin_.matrixForm.active.setValue(1); });
+}
+
+/// False to end.
+bool Player::press(char key) {
+  Master& master = plugin_.engine.master;
+  if (key != 0) messages_.forgetNewest();
+  if (key == 'a') event([&] { master.AutoFadeA.click(); });
+  if (key == 'b') event([&] { master.AutoFadeB.click(); });
+  if (key == ' ') event([&] { plugin_.plugIn.ITharnPlugin_MessageHandle(kMessageBeat, 0, 0); });
+  return key != 'q';
+}
+
+void Player::tellNetwork() {
+  if (!news_) return;
+  if (const auto news = news_->of(output_.error())) tell(*news);
+}
+
+std::string Player::statusLine() const {
+  if (!messages_.newest().empty()) return messages_.newest();
+  const Variablen& v = plugin_.engine.v;
+  return "q ends; a, b fade; space beats. " +
+         (options_.show.empty() ? "A new show" : showPath().stem().string()) + ", " +
+         std::to_string(v.matrixCols) + " x " + std::to_string(v.matrixRows) + " lamps, output " +
+         output_.status();
+}
+
+void Player::draw() {
+  if (!terminal_->hasPictures()) return messages_.flush();
+  const TerminalSize room = terminal_->size();
+  std::vector<std::string> lines =
+      terminalLines(plugin_.engine.v.frameM, {room.columns, room.lines - 1});
+  lines.push_back(cut(statusLine(), room.columns - 1));
+  terminal_->show(lines);
+}
+
+bool Player::play() {
+  noteEndSignals();
+  if (!open()) return false;
+  terminal_.emplace();
+  const TimerQueue::Gate gate = [this](const std::function<void()>& tick) {
+    runEvent(platform_, tick);
+  };
+  const TimerQueue& timers = plugin_.engine.timers;
+  const auto end = timers.now() + static_cast<std::int64_t>(std::lround(options_.seconds * 1000));
+  bool more = true;
+  while (more && (options_.seconds == 0 || timers.now() < end)) {
+    Signals::drain();
+    terminal_->attend();
+    clock_.pass(gate);
+    tellNetwork();
+    draw();
+    const int next = clock_.untilNext();
+    const int wait = next < 0 ? kPictureInterval : std::min(next, kPictureInterval);
+    more = takeEndSignal() == 0 && press(terminal_->waitForKey(wait));
+  }
+  terminal_.reset();
+  messages_.flush();
+  return true;
+}
+
+}  // namespace korvane

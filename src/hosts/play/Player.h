@@ -1,0 +1,80 @@
+#pragma once
+
+#include <filesystem>
+#include <optional>
+
+#include "desk/network/ErrorNews.h"
+#include "desk/network/NetworkOutput.h"
+#include "hosts/play/Messages.h"
+#include "hosts/play/PlayOptions.h"
+#include "hosts/play/Terminal.h"
+#include "platform/HeadlessPlatform.h"
+#include "platform/LocaleFormat.h"
+#include "platform/WallClock.h"
+#include "shell/Plugin.h"
+
+namespace korvane {
+
+/// Message boxes and failures are lines of text; there is nobody to press OK.
+class PlayerPlatform : public HeadlessPlatform {
+ public:
+  PlayerPlatform() { format = localeFormat(); }
+  void messageBox(const std::string& text) override { tell(text); }
+  void failed(const Failure& failure) override { tell(failure.what()); }
+  std::int64_t timeOfDay() override { return wallTimeOfDay(); }
+  Raster loadPicture(const std::string& path) override;
+
+  std::function<void(const std::string& text)> tell;
+};
+
+/// The desk: the project is the show, the channels go to the network.
+class PlayerHost : public Host {
+ public:
+  PlayerHost(const std::filesystem::path& show, NetworkOutput& output)
+      : stem_(show.parent_path() / show.stem()), output_(output) {}
+
+  std::int32_t ChannelMAXCHANNELS() override { return 512; }
+  std::string ProjectName() override { return stem_.filename().string(); }
+  std::string ProjectBaseFilename() override { return stem_.string(); }
+  void UserInteraction() override {}
+  void SetChannel(std::int32_t channel, std::int32_t value, bool) override {
+    output_.setChannel(channel, static_cast<std::uint8_t>(value));
+  }
+
+ private:
+  std::filesystem::path stem_;
+  NetworkOutput& output_;
+};
+
+/// A show that plays in the terminal and to the lamps.
+class Player {
+ public:
+  explicit Player(const PlayOptions& options);
+
+  /// Plays until the time is over, a key or a signal ends it. False, with the reason told and
+  /// nothing sent, if the show can't be opened.
+  bool play();
+
+ private:
+  std::filesystem::path showPath() const;
+  bool event(const std::function<void()>& what);
+  void tell(const std::string& text);
+  bool open();
+  void openShow();
+  bool press(char key);
+  void tellNetwork();
+  void draw();
+  std::string statusLine() const;
+
+  PlayOptions options_;
+  NetworkOutput output_{"korvane-play"};
+  std::optional<ErrorNews> news_;
+  PlayerPlatform platform_;
+  PlayerHost host_;
+  Plugin plugin_{platform_};
+  WallClock clock_{plugin_.engine.timers, [this] { output_.endOfPass(); }};
+  Messages messages_;
+  std::optional<Terminal> terminal_;
+};
+
+}  // namespace korvane

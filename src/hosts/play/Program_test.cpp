@@ -1,0 +1,323 @@
+// Runs the real player: on a terminal, in the background, and without one.
+
+#include <arpa/inet.h>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/socket.h>
+
+#include <array>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+
+#include "hosts/play/TestTerminal.h"
+
+namespace korvane {
+namespace {
+
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Not;
+using testing::StartsWith;
+
+const std::string kShow = KORVANE_SOURCE_DIR "/examples/1-club-night.Korvane";
+constexpr const char* kOwnScreen = "\x1b[?1049h";
+constexpr const char* kScreenBack = "\x1b[?1049l";
+
+/// What comes from the player, on this machine.
+class Lamps {
+ public:
+  Lamps() {
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    socklen_t size = sizeof address;
+    auto* const any = reinterpret_cast<sockaddr*>(&address);
+    EXPECT_EQ(bind(socket_, any, size), 0);
+    EXPECT_EQ(getsockname(socket_, any, &size), 0);
+    port_ = ntohs(address.sin_port);
+  }
+  ~Lamps() { close(socket_); }
+  Lamps(const Lamps&) = delete;
+  Lamps& operator=(const Lamps&) = delete;
+
+  std::string target() const { return "sacn:1@127.0.0.1:" + std::to_string(port_); }
+  /// Reads what has come; how many packets that were, and how many of them end a stream.
+  int take() {
+    std::array<unsigned char, 1024> packet{};
+    int count = 0;
+    while (recv(socket_, packet.data(), packet.size(), 0) > 0) {
+      ++count;
+      terminated += (packet[112] & 0x40) != 0;
+    }
+    return count;
+  }
+  /// Whether packets come, or come on.
+  bool shine() {
+    take();
+    return TestTerminal::wait([this] { return take() > 0; });
+  }
+
+  int terminated = 0;
+
+ private:
+  int socket_ = socket(AF_INET, SOCK_DGRAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0);
+  int port_ = 0;
+};
+
+/// The player on a terminal, and the lamps.
+class OnATerminal : public testing::Test {
+ protected:
+  void play(bool foreground = true) {
+    before = terminal.settings();
+    terminal.start({KORVANE_PLAY, "--output", lamps.target(), kShow}, foreground);
+  }
+  void playUntilPictured() {
+    play();
+    ASSERT_TRUE(terminal.shows("▀")) << terminal.screen;
+    EXPECT_TRUE(terminal.raw());
+  }
+  void expectSettingsBack() {
+    const termios now = terminal.settings();
+    EXPECT_EQ(std::memcmp(&now, &before, sizeof now), 0);
+  }
+  void expectEndedAsIfNothingHadBeen() {
+    expectSettingsBack();
+    EXPECT_TRUE(terminal.shows(kScreenBack));
+    EXPECT_TRUE(terminal.shows("\x1b[?25h")) << "the cursor";
+  }
+  void expectStreamEnded() {
+    lamps.take();
+    EXPECT_EQ(lamps.terminated, 3);
+  }
+
+  TestTerminal terminal;
+  Lamps lamps;
+  termios before{};
+};
+
+TEST_F(OnATerminal, TheKeyQEndsThePlayAndTheTerminalIsAsBefore) {
+  playUntilPictured();
+  terminal.type("q");
+  EXPECT_EQ(terminal.status(), 0);
+  expectEndedAsIfNothingHadBeen();
+  expectStreamEnded();
+}
+
+TEST_F(OnATerminal, CtrlCEndsThePlayAndTheTerminalIsAsBefore) {
+  playUntilPictured();
+  terminal.type("\x03");
+  EXPECT_EQ(terminal.status(), 0);
+  expectEndedAsIfNothingHadBeen();
+  expectStreamEnded();
+}
+
+TEST_F(OnATerminal, SigtermAndSighupEndThePlayAndTheTerminalIsAsBefore) {
+  for (const int signal : {SIGTERM, SIGHUP}) {
+    SCOPED_TRACE(signal);
+    TestTerminal own;
+    Lamps their;
+    before = own.settings();
+    own.start({KORVANE_PLAY, "--output", their.target(), kShow});
+    ASSERT_TRUE(own.shows("▀"));
+    own.signal(signal);
+    EXPECT_EQ(own.status(), 0);
+    const termios now = own.settings();
+    EXPECT_EQ(std::memcmp(&now, &before, sizeof now), 0);
+    EXPECT_TRUE(own.shows(kScreenBack));
+    their.take();
+    EXPECT_EQ(their.terminated, 3);
+  }
+}
+
+TEST_F(OnATerminal, ACrashPutsTheTerminalBack) {
+  for (const int signal : {SIGSEGV, SIGABRT, SIGQUIT}) {
+    SCOPED_TRACE(signal);
+    TestTerminal own;
+    before = own.settings();
+    own.start({KORVANE_PLAY, kShow});
+    ASSERT_TRUE(own.shows("▀"));
+    EXPECT_TRUE(own.raw());
+    own.signal(signal);
+    const int status = own.status();
+    EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == signal) << status;
+    const termios now = own.settings();
+    EXPECT_EQ(std::memcmp(&now, &before, sizeof now), 0);
+    EXPECT_TRUE(own.shows(kScreenBack));
+  }
+}
+
+TEST_F(OnATerminal, CtrlZGivesTheTerminalBackAndTheForegroundTakesItAgain) {
+  playUntilPictured();
+  terminal.type("\x1a");
+  const int stopped = terminal.status();
+  ASSERT_TRUE(WIFSTOPPED(stopped)) << stopped;
+  expectEndedAsIfNothingHadBeen();
+  terminal.screen.clear();
+  terminal.signal(SIGCONT);
+  EXPECT_TRUE(terminal.shows(kOwnScreen));
+  EXPECT_TRUE(terminal.shows("▀"));
+  EXPECT_TRUE(terminal.raw());
+  EXPECT_TRUE(lamps.shine());
+  terminal.type("q");
+  EXPECT_EQ(terminal.status(), 0);
+  expectEndedAsIfNothingHadBeen();
+}
+
+TEST_F(OnATerminal, AStopThatCanNotBeNotedLeavesNoRawTerminalAtTheEnd) {
+  playUntilPictured();
+  terminal.signal(SIGSTOP);
+  ASSERT_TRUE(WIFSTOPPED(terminal.status()));
+  terminal.screen.clear();
+  terminal.signal(SIGCONT);
+  EXPECT_TRUE(terminal.shows("▀"));
+  terminal.type("q");
+  EXPECT_EQ(terminal.status(), 0);
+  expectEndedAsIfNothingHadBeen();
+}
+
+TEST_F(OnATerminal, InTheBackgroundItPlaysOnWithoutTouchingTheTerminal) {
+  play(false);
+  for (int i = 0; i < 3; ++i) EXPECT_TRUE(lamps.shine());
+  expectSettingsBack();
+  terminal.take();
+  EXPECT_EQ(terminal.screen, "");
+  terminal.foreground(true);
+  terminal.signal(SIGCONT);
+  EXPECT_TRUE(terminal.shows(kOwnScreen));
+  terminal.type("q");
+  EXPECT_EQ(terminal.status(), 0);
+  expectEndedAsIfNothingHadBeen();
+}
+
+TEST_F(OnATerminal, SentToTheBackgroundItPlaysOnAndAKeyIsNotItsOwn) {
+  playUntilPictured();
+  terminal.type("\x1a");
+  ASSERT_TRUE(WIFSTOPPED(terminal.status()));
+  terminal.foreground(false);
+  terminal.signal(SIGCONT);
+  EXPECT_TRUE(lamps.shine());
+  terminal.screen.clear();
+  terminal.type("q\n");
+  for (int i = 0; i < 3; ++i) EXPECT_TRUE(lamps.shine());
+  expectSettingsBack();
+  terminal.take();
+  EXPECT_THAT(terminal.screen, Not(HasSubstr("▀")));
+  terminal.signal(SIGTERM);
+  EXPECT_EQ(terminal.status(), 0);
+}
+
+TEST_F(OnATerminal, CtrlSNeverStopsTheLamps) {
+  playUntilPictured();
+  terminal.type("\x13");
+  for (int i = 0; i < 5; ++i) EXPECT_TRUE(lamps.shine());
+  terminal.screen.clear();
+  EXPECT_TRUE(terminal.shows("▀")) << "it is a key like others";
+}
+
+TEST_F(OnATerminal, ATerminalThatIsNotReadNeverStopsTheLamps) {
+  play();
+  ASSERT_TRUE(terminal.shows(kOwnScreen));
+  // Nobody reads it any more, so it fills up.
+  for (int i = 0; i < 40; ++i) EXPECT_TRUE(lamps.shine());
+  terminal.signal(SIGTERM);
+  EXPECT_EQ(terminal.status(), 0);
+  expectSettingsBack();
+}
+
+TEST_F(OnATerminal, ThePictureFollowsTheSizeOfTheTerminal) {
+  playUntilPictured();
+  EXPECT_TRUE(terminal.shows("q ends")) << "the line below the picture";
+  terminal.screen.clear();
+  terminal.resize(40, 10);
+  EXPECT_TRUE(terminal.shows("\x1b[2J"));
+  EXPECT_TRUE(terminal.shows("▀"));
+  terminal.screen.clear();
+  EXPECT_TRUE(terminal.shows("▀"));
+  EXPECT_THAT(terminal.screen, Not(HasSubstr("\x1b[11;1H")));
+}
+
+TEST_F(OnATerminal, ATerminalThatIsGoneEndsThePlay) {
+  playUntilPictured();
+  terminal.hangUp();
+  EXPECT_EQ(terminal.status(), 0);
+  expectStreamEnded();
+}
+
+/// The player in a shell without a terminal.
+class WithoutATerminal : public testing::Test {
+ protected:
+  WithoutATerminal() { std::filesystem::create_directories(folder); }
+  ~WithoutATerminal() override { std::filesystem::remove_all(folder); }
+
+  /// The exit status; what it wrote stands in `out` and `err`.
+  int run(const std::string& options) {
+    const std::string command =
+        "cd " + folder + " && " KORVANE_PLAY " " + options + " </dev/null >out 2>err";
+    const int status = std::system(command.c_str());
+    out = bytesOf("out");
+    err = bytesOf("err");
+    return WEXITSTATUS(status);
+  }
+  std::string bytesOf(const std::string& name) const {
+    std::ifstream stream(folder + "/" + name, std::ios::binary);
+    return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
+  }
+  std::string write(const std::string& name, const std::string& bytes) const {
+    std::ofstream(folder + "/" + name, std::ios::binary) << bytes;
+    return name;
+  }
+
+  const std::string folder = testing::TempDir() + "korvane-play-" +
+                             testing::UnitTest::GetInstance()->current_test_info()->name();
+  Lamps lamps;
+  std::string out;
+  std::string err;
+};
+
+TEST_F(WithoutATerminal, ItIsSilentAndPlaysForItsTime) {
+  EXPECT_EQ(run("--seconds 0.3 --output " + lamps.target() + " " + kShow), 0);
+  EXPECT_EQ(out, "");
+  EXPECT_EQ(err, "");
+  EXPECT_GT(lamps.take(), 3);
+  EXPECT_EQ(lamps.terminated, 3);
+}
+
+TEST_F(WithoutATerminal, AFileThatIsNoShowIsToldAndNothingIsSent) {
+  const struct {
+    std::string name, bytes, told;
+  } files[] = {
+      {"wrong.Korvane", "wrong\r\nV2.0\r\n", "no show of version V1.0"},
+      {"empty.Korvane", "", "empty.Korvane"},
+      {"half.Korvane", "half\r\nV1.0\r\n0,5\r\n1\r\n", "half.Korvane"},
+      {"picture.Korvane", std::string(3000, '\0'), "picture.Korvane"},
+  };
+  for (const auto& file : files) {
+    SCOPED_TRACE(file.name);
+    EXPECT_EQ(run("--output " + lamps.target() + " " + write(file.name, file.bytes)), 1);
+    EXPECT_THAT(err, StartsWith("korvane-play: "));
+    EXPECT_THAT(err, HasSubstr(file.told));
+    EXPECT_EQ(lamps.take(), 0);
+  }
+}
+
+TEST_F(WithoutATerminal, AShowThatIsNotThereIsToldAndNothingIsSent) {
+  EXPECT_EQ(run("--output " + lamps.target() + " nowhere.Korvane"), 1);
+  EXPECT_EQ(err, "korvane-play: there is no show nowhere.Korvane\n");
+  EXPECT_EQ(lamps.take(), 0);
+}
+
+TEST_F(WithoutATerminal, AWrongTargetIsWrongUsage) {
+  EXPECT_EQ(run("--output sacn:0@127.0.0.1 " + kShow), 2);
+  EXPECT_THAT(err, HasSubstr("sACN universe 0 is out of range"));
+  EXPECT_EQ(run("--seconds soon " + kShow), 2);
+  EXPECT_THAT(err, HasSubstr("--seconds must be a number above 0"));
+}
+
+TEST_F(WithoutATerminal, NetworkErrorsAreToldOnceAndAgainWhenItWorks) {
+  EXPECT_EQ(run("--seconds 1 --output sacn:1%nosuchif " + kShow), 0);
+  EXPECT_EQ(err, "korvane-play: sACN universe 1 to 239.255.0.1:5568 by nosuchif: No such device\n");
+}
+
+}  // namespace
+}  // namespace korvane
