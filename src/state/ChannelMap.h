@@ -21,6 +21,8 @@ class ChannelMap {
   /// The codes of a cell; outside the bounds raises kSubscript.
   const Codes& at(int col, int row) const { return codes_.at(col, row); }
   void set(int col, int row, int component, std::int32_t code);
+  /// All codes, spare cells included.
+  const Grid<Codes>& codes() const { return codes_; }
 
   /// In the memory order of a frame: 255 for a byte whose channel is sent, else 0. Spare cells
   /// are never sent.
