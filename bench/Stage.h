@@ -2,7 +2,7 @@
 
 #include <benchmark/benchmark.h>
 
-#include "BesideMemcpy.h"
+#include "BesideLoop.h"
 #include "output/Preview.h"
 #include "persistence/MatrixDefinition.h"
 #include "platform/HeadlessPlatform.h"
@@ -64,12 +64,12 @@ struct Stage {
   Engine engine;
 };
 
-/// Runs `tick` on deck A beside a memcpy of the frame, and reports what the desk was handed per
-/// tick, too. The benchmark must be registered with inTurns.
+/// Runs `tick` on deck A beside a plain loop over the frame, and reports what the desk was handed
+/// per tick, too. The benchmark must be registered with inTurns.
 template <class Tick>
 void measure(benchmark::State& state, Stage& stage, Tick tick) {
   double ticks = 0;
-  measureBesideMemcpy(state, stage.bytes(), [&] {
+  measureBesideLoop(state, stage.bytes(), [&] {
     tick(stage.engine, stage.engine.v.A);
     ++ticks;
   });

@@ -2,10 +2,7 @@
 // is mixed and handed to the desk, or a fade runs over it. Only the painting of windows on a screen
 // is left out, which is the view's.
 
-#include <ctime>
-
-#include "Stage.h"
-#include "shell/Plugin.h"
+#include "FullSpeed.h"
 
 namespace korvane {
 namespace {
@@ -18,12 +15,9 @@ class Show {
   Show(int side, int fadeType) : fadeType_(fadeType) {
     plugin_.plugIn.ITharnPlugin_Init("", "", host_);
     engine_.desktop.show(plugin_.matrixForm);
-    wire(engine_, side);
-    plugin_.matrixForm.active.setValue(1);
-    for (Deck* deck : {&engine_.v.A, &engine_.v.B}) play(*deck);
+    playAtFullSpeed(plugin_, side, kFluid);
     if (fadeType_ != kNoFade) engine_.master.fadeType.setIndex(fadeType_);
     engine_.v.fadeTime = 2.5;  // on 50 x 50 a step each millisecond, where a step is a cell
-    engine_.master.faderM.setValue(20);
   }
 
   void turn() {
@@ -39,18 +33,6 @@ class Show {
   }
 
  private:
-  // Every cell differs from its neighbour, so every cell is published in each step.
-  void play(Deck& deck) {
-    deck.type.setIndex(kFluid);
-    Effect& effect = deck.effect();
-    effect.color1 = rgb(10, 20, 30);
-    effect.color2 = rgb(200, 200, 200);
-    effect.amount = 100;
-    effect.speed = 100;
-    effect.direction = 7;
-    deck.efxList.click(0, 0);
-  }
-
   // One fade after the other, there and back; a running one takes no notice.
   void fade() {
     Master& master = engine_.master;
@@ -64,22 +46,14 @@ class Show {
   Engine& engine_ = plugin_.engine;
 };
 
-double microsecondsOfCore() { return static_cast<double>(std::clock()) * 1e6 / CLOCKS_PER_SEC; }
-
 // Reports the share of a core that the show takes, in percent: time of the processor, for a second
 // of show is long enough to be interrupted.
 void secondOfShow(benchmark::State& state) {
   Show show(static_cast<int>(state.range(0)), static_cast<int>(state.range(1)));
-  std::vector<double> times;
-  for ([[maybe_unused]] auto second : state) {
-    const double start = microsecondsOfCore();
+  measureShare(state, [&show] {
     show.turn();
-    times.push_back(microsecondsOfCore() - start);
-    state.SetIterationTime(times.back() / 1e6);
-  }
-  const double middle = median(times);
-  state.counters["ns"] = middle * 1e3;
-  state.counters["percent"] = middle / (kMillisecondsATurn * 1e3) * 100;
+    return kMillisecondsATurn / 1e3;
+  });
 }
 
 BENCHMARK(secondOfShow)

@@ -26,7 +26,7 @@ DeskWindow::DeskWindow(Platform& platform, NetworkOutput& output, const std::str
       output_(output),
       session_(std::make_unique<DeskSession>(platform, output, stem)),
       outputPanel_(new OutputPanel(output, this)),
-      levels_(new LevelGrid(this)),
+      levels_(new LevelGrid(platform, this)),
       project_(new QGroupBox(this)) {
   setWindowTitle("Korvane");
   setObjectName("Desk");

@@ -1,5 +1,6 @@
 #include "platform/PictureBox.h"
 
+#include <QBackingStore>
 #include <QPaintEvent>
 
 #include "views/qt/testing/ShownForm.h"
@@ -13,10 +14,13 @@ using Mouse = PictureBox::Mouse;
 class PaintLog : public QObject {
  public:
   bool eventFilter(QObject*, QEvent* event) override {
-    if (event->type() == QEvent::Paint) painted += static_cast<QPaintEvent*>(event)->region();
+    if (event->type() != QEvent::Paint) return false;
+    painted += static_cast<QPaintEvent*>(event)->region();
+    ++times;
     return false;
   }
   QRegion painted;
+  int times = 0;
 };
 
 class PictureBoxes : public ShownForm {
@@ -40,6 +44,31 @@ class PictureBoxes : public ShownForm {
   }
   double scale() { return on<>(square).devicePixelRatioF(); }
   int screen(int length) { return static_cast<int>(length * scale()); }
+
+  // What the window holds for the screen at the place of a box.
+  QImage seen(PictureBox& box) {
+    QWidget& window = view->window(*form);
+    const QPoint corner = on<>(box).mapTo(&window, QPoint(0, 0));
+    const auto& all = dynamic_cast<const QImage&>(*window.backingStore()->paintDevice());
+    return all.copy({corner * scale(), on<>(box).size() * scale()})
+        .convertToFormat(QImage::Format_RGB32);
+  }
+  // The pixels of a box that fills its place, as the screen should have them.
+  static QImage wanted(const PictureBox& box) {
+    const auto* bytes = reinterpret_cast<const uchar*>(box.raster().data());
+    return QImage(bytes, box.width(), box.height(), QImage::Format_RGBX8888)
+        .convertToFormat(QImage::Format_RGB32);
+  }
+  bool standsOnTheScreen(PictureBox& box) {
+    return QTest::qWaitFor([&] { return seen(box) == wanted(box); }, 2000);
+  }
+  // As a step of an effect does it: cell after cell, each a little other than before.
+  static void paintCells(PictureBox& box, int color) {
+    for (int y = 0; y + 9 < box.height(); y += 10) {
+      for (int x = 0; x + 9 < box.width(); x += 10)
+        box.fillRect(x, y, x + 8, y + 8, rgb(color, x % 256, y % 256));
+    }
+  }
 
   PictureBox square{"square", {50, 50}};
   PictureBox grown{"grown", {50, 50, PictureBox::Sizing::Grow}};
@@ -112,6 +141,84 @@ TEST_F(PictureBoxes, RepaintOnlyWhatHasChanged) {
   ASSERT_FALSE(log.painted.isEmpty());
   EXPECT_LE(log.painted.boundingRect().width(), 10 / scale() + 2);
   EXPECT_TRUE(cell.contains(log.painted.boundingRect()));
+}
+
+TEST_F(PictureBoxes, PaintThousandsOfChangedCellsAtOnce) {
+  ASSERT_TRUE(standsOnTheScreen(grown));
+  PaintLog log;
+  on<>(grown).installEventFilter(&log);
+  paintCells(grown, 1);
+  paintCells(grown, 2);
+  EXPECT_EQ(log.times, 0) << "not within the event";
+  EXPECT_TRUE(standsOnTheScreen(grown));
+  EXPECT_EQ(log.times, 1);
+  EXPECT_EQ(log.painted.rectCount(), 1);
+}
+
+TEST_F(PictureBoxes, PaintSmallChangesWhereTheyAre) {
+  ASSERT_TRUE(standsOnTheScreen(grown));
+  for (int turn = 0; turn < 20; ++turn) {
+    const int x = turn * 37 % (grown.width() - 20);
+    const int y = turn * 53 % (grown.height() - 20);
+    grown.fillRect(x, y, x + turn % 17, y + turn % 13, rgb(turn * 5, 255 - turn, turn));
+    ASSERT_TRUE(standsOnTheScreen(grown)) << "turn " << turn;
+  }
+}
+
+TEST_F(PictureBoxes, ShowInAWindowThatWasHiddenWhatChangedMeanwhile) {
+  QWidget& window = view->window(*form);
+  window.hide();
+  PaintLog log;
+  on<>(grown).installEventFilter(&log);
+  paintCells(grown, 3);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(log.times, 0);
+  window.show();
+  EXPECT_TRUE(standsOnTheScreen(grown));
+  paintCells(grown, 4);
+  EXPECT_TRUE(standsOnTheScreen(grown));
+}
+
+TEST_F(PictureBoxes, FollowAWindowThatGetsAnotherSize) {
+  for (const QSize size : {QSize(520, 760), QSize(431, 733)}) {
+    view->window(*form).resize(size);
+    ASSERT_TRUE(QTest::qWaitFor(
+        [&] { return grown.width() == screen(on<>(grown).width()) && grown.width() > 100; }, 2000));
+    paintCells(grown, 5);
+    EXPECT_TRUE(standsOnTheScreen(grown));
+  }
+}
+
+TEST_F(PictureBoxes, RepaintAPartThatTheSystemUncovers) {
+  paintCells(grown, 6);
+  ASSERT_TRUE(standsOnTheScreen(grown));
+  PaintLog log;
+  on<>(grown).installEventFilter(&log);
+  on<>(grown).repaint(QRegion(3, 5, 20, 7) + QRegion(40, 30, 9, 21));
+  EXPECT_EQ(log.times, 1);
+  EXPECT_TRUE(standsOnTheScreen(grown));
+}
+
+TEST_F(PictureBoxes, ACellOfAFixedOneIsEnlargedWhereItStands) {
+  const int factor = std::min(screen(on<>(fixed).width()) / 28, screen(on<>(fixed).height()) / 32);
+  const QPoint origin((screen(on<>(fixed).width()) - 28 * factor) / 2,
+                      (screen(on<>(fixed).height()) - 32 * factor) / 2);
+  ASSERT_TRUE(QTest::qWaitFor([&] { return seen(fixed).pixel(origin) == qRgb(0, 0, 0); }, 2000));
+  fixed.fillRect(4, 6, 5, 6, rgb(9, 8, 7));
+  const QRect cell(origin + QPoint(4, 6) * factor, QSize(2, 1) * factor);
+  ASSERT_TRUE(
+      QTest::qWaitFor([&] { return seen(fixed).pixel(cell.topLeft()) == qRgb(9, 8, 7); }, 2000));
+  const QImage image = seen(fixed);
+  for (int y = 0; y < image.height(); ++y) {
+    for (int x = 0; x < image.width(); ++x)
+      ASSERT_EQ(image.pixel(x, y) == qRgb(9, 8, 7), cell.contains(x, y)) << x << ", " << y;
+  }
+}
+
+TEST_F(PictureBoxes, HaveNoHolesInAPictureOfTheWindow) {
+  const QImage image = view->window(*form).grab().toImage().convertToFormat(QImage::Format_ARGB32);
+  const QPoint inside = on<>(grown).mapTo(&view->window(*form), QPoint(5, 5)) * scale();
+  EXPECT_EQ(qAlpha(image.pixel(inside)), 255);
 }
 
 TEST_F(PictureBoxes, HandOnTheMouseInPixelsOfTheBox) {

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <QImage>
+
+#include "platform/Damage.h"
 #include "platform/PictureBox.h"
 #include "views/qt/kinds/Binder.h"
 
@@ -26,19 +29,25 @@ class PictureWidget : public QWidget {
  private:
   void send(PictureBox::Mouse event, const QPoint& at);
   void fit();
-  void showPixels(int x1, int y1, int x2, int y2);
+  void note(int x1, int y1, int x2, int y2);
+  void showDamage();
+  void paintPixels(QPainter& painter, const QRect& part);
   void paintOverlay(QPainter& painter) const;
   /// Screen pixels per pixel of the box, and the widget's own size in screen pixels.
   int factor() const;
   QSize screenSize() const;
   /// Where the box begins, in screen pixels from the widget's corner.
   QPoint origin() const;
-  /// A point of the widget in pixels of the box, and back as a rectangle.
+  /// A point of the widget in pixels of the box, and back as a rectangle, there and in screen
+  /// pixels.
   QPoint toBox(const QPointF& at) const;
+  QRect toScreen(const QRect& pixels) const;
   QRectF toWidget(const QRect& pixels) const;
 
   PictureBox& box_;
   Seat seat_;
+  Damage damage_;
+  QImage image_;  // the raster as the screen wants it, where it was painted
   QSize hint_;
   QSize least_;
   bool pressed_ = false;

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "platform/Damage.h"
 #include "views/win32/kinds/Binder.h"
 #include "views/win32/kinds/Painting.h"
 #include "views/win32/kinds/PictureWindow.h"
@@ -33,7 +34,7 @@ class PictureWidget : public Widget {
   PictureWidget(PictureBox& box, const Seat& seat)
       : Widget(box, seat), box_(box), width_(box.width()), height_(box.height()) {
     make(kPictureClass, 0);
-    box.onPixels = [this](int, int, int, int) { changed(); };
+    box.onPixels = [this](int x1, int y1, int x2, int y2) { note(x1, y1, x2, y2); };
   }
   ~PictureWidget() override { box_.onPixels = nullptr; }
 
@@ -57,10 +58,11 @@ class PictureWidget : public Widget {
   void arrange(const RECT& place) override {
     Widget::arrange(place);
     fit();
-    changed();
+    InvalidateRect(window(), nullptr, FALSE);
   }
 
  protected:
+  void show() override { InvalidateRect(window(), nullptr, FALSE); }
   std::optional<LRESULT> message(UINT message, WPARAM w, LPARAM l) override;
 
  private:
@@ -88,11 +90,16 @@ class PictureWidget : public Widget {
     return {pixel(at.x - origin().x), pixel(at.y - origin().y)};
   }
 
-  // The whole box is copied, so that one message serves for a frame of many cells.
-  void changed() {
-    if (waiting_) return;
-    waiting_ = true;
-    InvalidateRect(window(), nullptr, FALSE);
+  RECT toWindow(const Damage::Area& pixels) const {
+    const POINT from = origin();
+    return {from.x + pixels.x1 * factor(), from.y + pixels.y1 * factor(),
+            from.x + (pixels.x2 + 1) * factor(), from.y + (pixels.y2 + 1) * factor()};
+  }
+
+  // All that changes before the messages are through is painted once, when the system finds time:
+  // it asks for that by itself, without an area that would have to grow with each cell.
+  void note(int x1, int y1, int x2, int y2) {
+    if (damage_.add(x1, y1, x2, y2)) RedrawWindow(window(), nullptr, nullptr, RDW_INTERNALPAINT);
   }
 
   void send(Mouse event, POINT at) {
@@ -102,6 +109,7 @@ class PictureWidget : public Widget {
   void fit();
   void paint();
   void paintGround(HDC target) const;
+  void paintPixels(HDC target, const RECT& exposed) const;
   void paintOverlay(HDC target) const;
   void press(POINT at, bool twice);
   void move(POINT at, bool held);
@@ -111,7 +119,7 @@ class PictureWidget : public Widget {
   PictureBox& box_;
   int width_;  // as it was declared
   int height_;
-  bool waiting_ = false;  // to be painted
+  Damage damage_;
   bool pressed_ = false;
   bool followed_ = false;  // the system will tell when the pointer leaves
 };
@@ -127,24 +135,39 @@ void PictureWidget::fit() {
 }
 
 void PictureWidget::paint() {
+  const Damage::Area area = damage_.take(box_.width(), box_.height());
+  if (!area.empty()) {
+    const RECT place = toWindow(area);
+    InvalidateRect(window(), &place, FALSE);
+  }
   PAINTSTRUCT paint;
   const HDC target = BeginPaint(window(), &paint);
-  waiting_ = false;
   paintGround(target);
+  paintPixels(target, paint.rcPaint);
+  paintOverlay(target);
+  EndPaint(window(), &paint);
+}
+
+// Of the raster, the lines and columns that lie in the exposed part.
+void PictureWidget::paintPixels(HDC target, const RECT& exposed) const {
+  const POINT first = toBox({exposed.left, exposed.top});
+  const POINT last = toBox({exposed.right - 1, exposed.bottom - 1});
+  const Damage::Area part{std::max<int>(first.x, 0), std::max<int>(first.y, 0),
+                          std::min<int>(last.x, box_.width() - 1),
+                          std::min<int>(last.y, box_.height() - 1)};
+  if (part.empty()) return;
   PictureInfo info;
   info.header.biSize = sizeof info.header;
   info.header.biWidth = box_.width();
-  info.header.biHeight = -box_.height();
+  info.header.biHeight = -part.height();
   info.header.biPlanes = 1;
   info.header.biBitCount = 32;
   info.header.biCompression = BI_BITFIELDS;
-  const POINT at = origin();
+  const RECT place = toWindow(part);
   SetStretchBltMode(target, COLORONCOLOR);
-  StretchDIBits(target, at.x, at.y, box_.width() * factor(), box_.height() * factor(), 0, 0,
-                box_.width(), box_.height(), box_.raster().data(),
+  StretchDIBits(target, place.left, place.top, place.right - place.left, place.bottom - place.top,
+                part.x1, 0, part.width(), part.height(), box_.raster().line(part.y1),
                 reinterpret_cast<const BITMAPINFO*>(&info), DIB_RGB_COLORS, SRCCOPY);
-  paintOverlay(target);
-  EndPaint(window(), &paint);
 }
 
 // What the box leaves over of its window.
