@@ -69,12 +69,10 @@ endfunction()
 
 # korvane_run_tests(NAME [PROPERTIES ...]): hands the tests of a test program to ctest, one by one.
 # A program lists its tests when they are to run, so that no build needs a screen.
-# Under Wine, and with the sanitizers, a program takes long to start and is one test.
+# Under Wine a program takes long to start and is one test.
 function(korvane_run_tests name)
   if(WIN32)
     korvane_wine_test(${name} $<TARGET_FILE:${name}>)
-  elseif(CMAKE_BUILD_TYPE STREQUAL Sanitize)
-    add_test(NAME ${name} COMMAND ${name})
   else()
     gtest_discover_tests(${name} ${ARGN} DISCOVERY_MODE PRE_TEST)
     return()

@@ -13,7 +13,7 @@
 namespace korvane {
 namespace {
 
-// What the manual says of one lamp, component by component and with no regard to speed.
+// The mix of one lamp by each fade, component by component and with no regard to speed.
 struct Lamp {
   Rgb color;
   float map;
@@ -227,7 +227,7 @@ TEST_F(Mixing, CrossFadeIsFlooredNotRounded) {
 }
 
 TEST_F(Mixing, CrossFadeOfTwoEqualBytesMayLoseOne) {
-  // 253 x 0.7 and 253 x 0.3 fall short of 253 together. Meant: this is the formula.
+  // 253 x 0.7 and 253 x 0.3 fall short of 253 together. That is the formula's.
   EXPECT_EQ(mixed(kCrossFade, {253, 0, 0}, {253, 0, 0}, 0.3)[0], floored(253 * 0.7 + 253 * 0.3));
 }
 

@@ -153,7 +153,8 @@ void MatrixConf::mxbild_DblClick() {
   });
 }
 
-// A code that is a multiple of 512 decodes to the next universe and to no channel. Meant.
+// A code that is a multiple of 512 decodes to the next universe and to no channel (docs/kept.md,
+// grid-multiple).
 void MatrixConf::prefill() {
   const Variablen& v = engine_.v;
   const bool configured = v.cellConfigured.at(v.cellCol, v.cellRow);
@@ -170,7 +171,8 @@ void MatrixConf::prefill() {
   }
 }
 
-// The counters advance before they are used, so channel 1 is never suggested. Meant.
+// The counters advance before they are used, so channel 1 is never suggested (docs/kept.md,
+// grid-suggestion).
 void MatrixConf::suggest(ListBox& channel, ListBox& universe) {
   if (nextChannel_ != kChannelsOfUniverse) {
     ++nextChannel_;

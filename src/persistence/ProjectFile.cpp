@@ -42,7 +42,8 @@ std::size_t slotOf(const ListView& list, int row) {
   return static_cast<std::size_t>(floorToInt16(toReal(list.cell(row, kSlotColumn), {})));
 }
 
-// A list without a selected row writes no line, though the reader expects one. Meant.
+// A list without a selected row writes no line, though the reader expects one
+// (docs/kept.md, show-no-selection).
 void writeSelection(LineWriter& out, const ListView& list) {
   if (list.selected() >= 0) out.put(list.selected());
 }
@@ -142,8 +143,8 @@ std::string takeVersion(LineReader& in) {
   return version;
 }
 
-// All that follows the version. The deleted counters are not reset, though the slots are compacted.
-// Meant.
+// All that follows the version. The deleted counters are not reset, though the slots are compacted
+// (docs/kept.md, show-counters).
 void readComposition(Engine& engine, LineReader& in) {
   stopPlayback(engine);
   readMaster(engine, in);

@@ -68,7 +68,7 @@ struct FieldReader {
     const std::vector<std::string> sides = split(size, ',');
     if (sides.size() < 2) in.fail(kSubscript, "the size of a picture needs two numbers");
     // A picture from a larger grid has more lines than are read here, and so loses its place; one
-    // from a smaller grid leaves the other cells black. Both are meant.
+    // from a smaller grid leaves the other cells black (docs/kept.md, show-other-grid).
     const int cols = std::min(in.integer16(sides[0]), room.cols);
     const int rows = std::min(in.integer16(sides[1]), room.rows);
     for (int col = 0; col < cols; ++col) {

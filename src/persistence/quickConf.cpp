@@ -52,8 +52,8 @@ quickConf::quickConf(Engine& engine, MatrixConf& conf)
   engine.desktop.add(*this);
 }
 
-// The lamps are numbered row by row, unlike those of the default map. Meant. A map that starts in
-// or reaches a higher universe is taken, though only the first one is sent.
+// The lamps are numbered row by row, unlike those of the default map (docs/kept.md, grid-rows). A
+// map that starts in or reaches a higher universe is taken, though only the first one is sent.
 void quickConf::OKButton_Click() {
   Variablen& v = engine_.v;
   const std::int32_t base = number(BaseAddress) + (number(Universe) - 1) * kChannelsOfUniverse;

@@ -28,7 +28,8 @@ int rowOfSlot(const ListView& list, std::int16_t slot) {
   return -1;
 }
 
-// Dialogs that are committed before another one opens. The Paint dialog is not among them; meant.
+// Dialogs that are committed before another one opens. The Paint dialog is not among them
+// (docs/kept.md, paint-stays-open).
 constexpr std::array<EffectType, 8> kCommittedFirst = {
     kColor, kGradient, kImage, kColorChange, kColorScroll, kFire, kFluid, kTicker};
 
@@ -85,7 +86,8 @@ void copyMem_Click(Engine& engine, Deck& deck) {
   copyEffectFields(effect, v.efxClipboard);
   // A picture that missed a change of the grid is copied in the size of the grid.
   if (effect.type == kPaint) v.efxClipboard.paintPixels.resizeKeeping(v.matrixCols, v.matrixRows);
-  // Copying on the right deck marks the source as edited, on the left it doesn't. Meant.
+  // Copying on the right deck marks the source as edited, on the left it doesn't
+  // (docs/kept.md, deck-copy).
   if (deck.isB()) editedFlag(deck) = true;
 }
 
@@ -113,7 +115,8 @@ void type_Click(Engine& engine, Deck& deck) {
 }
 
 void edit_Click(Engine& engine, Deck& deck) {
-  // Only the right deck keeps a copy for Cancel; the left one's backup stays as it was. Meant.
+  // Only the right deck keeps a copy for Cancel; the left one's backup stays as it was
+  // (docs/kept.md, deck-cancel).
   if (deck.isB()) deck.efxBackup = deck.effect();
   commitOpenDialogs(*engine.dialogs);
   engine.v.editDeck = deck.isB() ? 1 : 0;

@@ -79,7 +79,8 @@ void defaultsTicker(Engine& engine, Deck& deck) {
   effect.tickerText = "Korvane - TharnDesk - ";
   effect.direction = 3;
   effect.speed = 75;
-  // Only the left deck leaves letter mode here; the right one keeps what the record held. Meant.
+  // Only the left deck leaves letter mode here; the right one keeps what the record held
+  // (docs/kept.md, deck-letters).
   if (!deck.isB()) effect.tickerLetter = 0;
 }
 
@@ -121,7 +122,8 @@ void loadFirstImage(Engine& engine, Deck& deck, StartCause cause) {
 
 void startImage(Engine& engine, Deck& deck, StartCause cause) {
   const bool selected = cause == StartCause::RowSelected;
-  // The left deck sets its step interval before the image is loaded, the right one doesn't. Meant.
+  // The left deck sets its step interval before the image is loaded, the right one doesn't
+  // (docs/kept.md, deck-image-speed).
   if (selected && !deck.isB())
     deck.timer1.setInterval(stepInterval(kSlowCurve, deck.effect().speed));
   if (deck.effect().imageCount > 0) loadFirstImage(engine, deck, cause);
@@ -138,7 +140,8 @@ void startColorChangeEffect(Engine& engine, Deck& deck, StartCause) {
 
 void startColorScroll(Engine& engine, Deck& deck, StartCause cause) {
   Effect& effect = deck.effect();
-  // The right deck's type list leaves `beatOn` as it is where the left one clears it. Meant.
+  // The right deck's type list leaves `beatOn` as it is where the left one clears it
+  // (docs/kept.md, deck-scroll-beat).
   const bool clearsBeat = !(byType(cause) && deck.isB());
   if (effect.colorCount < 2) {
     deck.timer1.disable();

@@ -33,7 +33,7 @@ void refuseTime(Engine& engine, const std::string& message) {
 }
 
 // The running fade ends unfinished: `timerM2` goes on, the buttons keep their colour and the slider
-// stays where it is. That is meant.
+// stays where it is (docs/kept.md, fade-broken-off).
 void breakOffFade(Engine& engine) {
   if (!engine.v.fadeRunning) return;
   engine.v.fadeRunning = false;
@@ -115,7 +115,8 @@ void fadeType_Click(Engine& engine) {
   mixAndDraw(engine);
 }
 
-// The message says 0.5 and the test says 0: a time of 0.2 passes without a word. Meant.
+// The message says 0.5 and the test says 0: a time of 0.2 passes without a word
+// (docs/kept.md, fade-time-words).
 void fadeTimeText_Change(Engine& engine) {
   const std::optional<double> seconds =
       parseNumber(engine.master.fadeTimeText.text(), engine.platform.numberFormat());

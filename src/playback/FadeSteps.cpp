@@ -33,7 +33,7 @@ void stepRandom(Variablen& v) {
 
 // Finds the column's first cell, from `first` on, that has not arrived. A column that holds none,
 // as an interrupted fade can leave it, ends the search one past its end: below the last row, which
-// does no harm, or above the first, which is a subscript failure. Both are meant.
+// does no harm, or above the first, which is a subscript failure (docs/kept.md, fade-fill).
 void stepFill(Variablen& v, int first, int by) {
   const Arriving deck = arriving(v);
   const float waiting = v.fadeDirection == 1 ? 0.0F : 1.0F;
@@ -45,7 +45,8 @@ void stepFill(Variablen& v, int first, int by) {
 }
 
 // A line lands at the place that the sweep has reached; the upward and leftward sweeps bring the
-// source's line from the opposite side, for as long as the next mix leaves it. Meant.
+// source's line from the opposite side, for as long as the next mix leaves it (docs/kept.md,
+// fade-sweep).
 void stepRowSweep(Variablen& v, bool mirrored) {
   const Arriving deck = arriving(v);
   const int target = mirrored ? v.matrixRows - 1 - v.fadeStep : v.fadeStep;

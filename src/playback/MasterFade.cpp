@@ -11,11 +11,13 @@ namespace {
 
 constexpr std::int16_t kTowardsA = -1;
 constexpr std::int16_t kTowardsB = 1;
-constexpr std::int32_t kFadeRefresh = 50;  // ms; every fade starts with 20 frames a second. Meant.
+// In ms: every fade starts with 20 frames a second (docs/kept.md, fade-refresh).
+constexpr std::int32_t kFadeRefresh = 50;
 
 bool movesWholePicture(std::int16_t type) { return type < kRandom || type == kAdd; }
 
-// Steps done where the slider stands, reckoned with the steps of the fade before. Meant.
+// Steps done where the slider stands, reckoned with the steps of the fade before (docs/kept.md,
+// fade-start).
 std::int32_t stepOfSlider(const Engine& engine) {
   const Variablen& v = engine.v;
   const std::int32_t fromA =

@@ -32,7 +32,7 @@ bool clsTharnPlugIn::ITharnPlugin_Configure() {
 }
 
 // Blackout and freeze are answered with a message box alone: the mixing and the timers go on behind
-// it. That is meant.
+// it (docs/kept.md, blackout-words).
 std::int32_t clsTharnPlugIn::ITharnPlugin_MessageHandle(std::int32_t Msg, std::int32_t arg1,
                                                         std::int32_t) {
   switch (Msg) {

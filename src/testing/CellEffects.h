@@ -9,7 +9,7 @@
 namespace korvane {
 
 /// A second, slow deck for the effects that move cell by cell: nested lists, and each cell
-/// published by the book. What it expects of the frame, of what was noted, of the previews, of the
+/// published for itself. What it expects of the frame, of what was noted, of the previews, of the
 /// mix and of the desk's calls is compared with the product after a tick.
 class SlowDeck {
  public:

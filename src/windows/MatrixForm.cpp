@@ -257,7 +257,7 @@ void MatrixForm::mxsim_active_Click() {
   simDrawFrame(engine_);
 }
 
-// `timerM2` is not stopped, and some dialogs stay open. Both are meant.
+// `timerM2` is not stopped, and some dialogs stay open (docs/kept.md, close-all).
 void MatrixForm::Closeall_Click() {
   Variablen& v = engine_.v;
   for (Timer* timer :

@@ -40,7 +40,7 @@ MxSimForm::MxSimForm(Engine& engine, CheckBox& mxsim_active)
   };
   engine.desktop.add(*this);
   // The frame's close button has no handler: `simActive` and the check box stay set, and further
-  // drawing goes to a window that nobody sees. Meant.
+  // drawing goes to a window that nobody sees (docs/kept.md, simulation-close).
 }
 
 void MxSimForm::fitGrid() {

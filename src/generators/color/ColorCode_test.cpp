@@ -26,7 +26,8 @@ KORVANE_BOTH_DECKS(ColorEffect);
 constexpr Color kRedColor = rgb(255, 0, 0);
 constexpr Color kBlueColor = rgb(0, 0, 255);
 
-// Written from the words of the manual, cell by cell: where a cell stands on the way of the arrow.
+// Cell by cell: where a cell stands on the way from the first colour to the second, along the
+// arrow.
 struct Place {
   int p, n;
   bool fromFirst;

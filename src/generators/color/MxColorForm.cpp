@@ -19,8 +19,8 @@ void MxColorForm::fill() {
   Color.setBackColor(effect().color1);
 }
 
-// The backup of deck A is never filled: Cancel there empties the name and turns the effect black.
-// That is meant.
+// The backup of deck A is never filled: Cancel there empties the name and turns the effect black
+// (docs/kept.md, deck-cancel).
 void MxColorForm::Cancel_Click() {
   const Effect& backup = deck().efxBackup;
   myName.setText(backup.name);

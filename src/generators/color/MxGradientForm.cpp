@@ -55,7 +55,7 @@ void MxGradientForm::richtung_Click(int index) {
   renderGradient(engine_, deck());
 }
 
-// As in the Color dialog, the backup of deck A is never filled; that is meant.
+// As in the Color dialog, the backup of deck A is never filled (docs/kept.md, deck-cancel).
 void MxGradientForm::Cancel_Click() {
   const Effect& backup = deck().efxBackup;
   myName.setText(backup.name);

@@ -21,8 +21,8 @@ std::size_t current(const Deck& deck) { return static_cast<std::size_t>(deck.col
 Color currentColor(Deck& deck) { return deck.effect().colors.at(current(deck)); }
 double currentTime(Deck& deck) { return deck.effect().itemTimes.at(current(deck)); }
 
-// Only red is cleared, so that green and blue stay lit, and the preview is not drawn. Both are
-// meant.
+// Only red is cleared, so that green and blue stay lit, and the preview is not drawn
+// (docs/kept.md, change-red-alone).
 void clearRed(const Variablen& v, Frame& frame) {
   for (int col = 0; col < v.matrixCols; ++col) {
     for (int row = 0; row < v.matrixRows; ++row) frame.at(col, row)[0] = 0;
@@ -39,7 +39,8 @@ void refuseEmptyList(Engine& engine, Deck& deck) {
 std::int32_t firstHoldInterval(Deck& deck) {
   const std::int16_t speed = deck.effect().speed;
   // Deck B stretches its first interval at a high speed too, instead of shortening it: the first
-  // colour of a fast effect stays longer there. That is meant.
+  // colour of a fast effect stays longer there (docs/kept.md,
+  // deck-first-colour).
   if (deck.isB()) return roundToInt32(1000 * currentTime(deck) * stretch(speed));
   return colorHoldInterval(currentTime(deck), speed);
 }
@@ -178,7 +179,8 @@ std::int32_t transitionInterval(const Effect& effect, std::int16_t steps) {
 
 void startTransition(Engine& engine, Deck& deck) {
   const Transition* transition = transitionOf(deck.effect());
-  // A file can hold a mode that does not exist. The effect stands still then; that is meant.
+  // A file can hold a mode that does not exist. The effect stands still then (docs/kept.md,
+  // change-odd-mode).
   if (transition == nullptr) return deck.timer2.disable();
   deck.steps = transition->steps(engine.v, deck.effect());
   deck.timer2.setInterval(transitionInterval(deck.effect(), deck.steps));
@@ -211,7 +213,8 @@ void startColorChange(Engine& engine, Deck& deck) {
   if (effect.colorCount < 2) return;  // a static colour
   if (effect.speed == 0) effect.speed = kPlainSpeed;
   deck.timer1.setInterval(firstHoldInterval(deck));
-  // Deck B starts its timer even if the effect follows the beat. That is meant.
+  // Deck B starts its timer even if the effect follows the beat (docs/kept.md,
+  // deck-change-beat).
   if (deck.isB() || effect.beatControl == 0) deck.timer1.enable();
 }
 

@@ -49,7 +49,7 @@ void MxColorChange::setHoldInterval(int speed) {
 
 void MxColorChange::setStepInterval() { setHoldInterval(effect().speed); }
 
-// The timer starts even if the effect follows the beat. That is meant.
+// The timer starts even if the effect follows the beat (docs/kept.md, change-list-beat).
 void MxColorChange::updateColorList() {
   takeColors();
   effect().itemTimes.assign(colorCount() + 1, 0);
@@ -101,7 +101,7 @@ void MxColorChange::OK_Click() {
     effect().color1 = currentColor();
     setStepInterval();
     // The next colour stands in for the one before, at the end of the list the spare slot's 0.
-    // That is meant; the next step overwrites it.
+    // The next step overwrites it (docs/kept.md, change-ok-colour).
     const int index = deck().colorIndex;
     effect().color2 = effect().colors.at(
         static_cast<std::size_t>(index != 0 ? index + 1 : effect().colorCount - 1));

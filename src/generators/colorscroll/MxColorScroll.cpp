@@ -37,7 +37,7 @@ MxColorScroll::MxColorScroll(Engine& engine)
 }
 
 // The speed opens in the slider of the Color Change dialog; the slider here keeps the position of
-// its last use. That is meant.
+// its last use (docs/kept.md, scroll-speed).
 void MxColorScroll::fill() {
   myName.setText(effect().name);
   fillList(effect().itemWidths);
@@ -58,7 +58,8 @@ void MxColorScroll::updateColorList2() {
     effect().itemWidths[i] = roundToInt32(numberOf(static_cast<int>(i)));
   }
   buildScrollStrip(engine_, deck());
-  // `steps` is the counter of a colour change's transitions. The test against it is meant.
+  // `steps` is the counter of a colour change's transitions. The test against it is kept
+  // (docs/kept.md, scroll-position).
   if (deck().colorIndex == -1 || deck().colorIndex > deck().steps) deck().colorIndex = 0;
   if (effect().colorCount < 2 || beatControl.checked()) return;
   setStepInterval();
@@ -79,8 +80,8 @@ void MxColorScroll::fadeMode_Click() {
 void MxColorScroll::OK_Click() {
   markEdited(effect().colorCount >= 1);
   writeRowText(myName.text());
-  // On deck B the new name lives in the list alone, and a saved project holds the old one. That is
-  // meant.
+  // On deck B the new name lives in the list alone, and a saved project holds the old one
+  // (docs/kept.md, deck-scroll-name).
   if (!deck().isB()) effect().name = myName.text();
   if (!deck().timer1.enabled()) updateColorList2();
   engine_.desktop.hide(*this);

@@ -34,7 +34,8 @@ Rgb spark(const Flame& flame, double a, double b) {
 }
 
 // Counts the cells of a step; every third one is repainted. Deck B counts in 16 bits, so on a grid
-// of some 32,767 cells its step ends with an overflow, where deck A's goes on. That is meant.
+// of some 32,767 cells its step ends with an overflow, where deck A's goes on (docs/kept.md,
+// deck-fire-count).
 class CellCounter {
  public:
   CellCounter(std::int32_t start, bool in16Bits)
@@ -67,7 +68,7 @@ void burn(Engine& engine, Deck& deck) {
         const double a = (random() * 0.6 + 0.4) * mainShare;
         const double b = body ? random() / 3 : random() / 3 * 2 * secondShare;
         // Only red is noted: a cell whose red has settled counts as changed as long as its green or
-        // blue differ from what was noted before. That is meant.
+        // blue differ from what was noted before (docs/kept.md, fire-red-alone).
         setCell(engine, deck, col, row, spark(flame, a, b), Noted::RedAlone);
       }
       counter.next();

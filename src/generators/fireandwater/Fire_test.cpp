@@ -278,7 +278,7 @@ TEST_P(Fire, TheCountOfDeckBMayReachItsLastNumberButNotPassIt) {
   }
 }
 
-// The step by the book, with nested lists.
+// The step done slowly: every third cell anew, from the bottom row up, in nested lists.
 void slowStep(SlowDeck& slow, const Effect& effect, Random random) {
   if (effect.amount <= 0) {
     for (auto* cells : {&slow.frame, &slow.noted}) {

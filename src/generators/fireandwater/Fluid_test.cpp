@@ -180,7 +180,7 @@ TEST_P(Fluid, AVeryLargeRoughnessSaturates) {
   expectPicture(deck.frame, {"RRRR"});
 }
 
-// The step by the book, with nested lists.
+// The step done slowly: all lines move by one, a new one comes behind, in nested lists.
 void slowStep(SlowDeck& slow, const Effect& effect, Random random) {
   const Rgb main = colorParts(effect.color1);
   const Rgb second = colorParts(effect.color2);

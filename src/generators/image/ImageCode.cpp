@@ -35,7 +35,8 @@ void moveTo(Deck& deck, int x, int y) {
 }
 
 // The start of a travel, which the diagonal ones also come back to. Directions 3 and 7 take y from
-// the width's difference too. That is meant: shows rely on how far the offset reaches.
+// the width's difference too. Shows rely on how far the offset reaches
+// (docs/kept.md, image-offset).
 void moveToStart(Deck& deck, const Travel& t) {
   switch (deck.effect().direction) {
     case 0:
@@ -69,7 +70,7 @@ constexpr std::array<Move, 9> kMoves = {
     {{0, 0}, {0, 1}, {1, 1}, {1, 0}, {1, -1}, {0, -1}, {-1, -1}, {-1, 0}, {-1, 1}}};
 
 // Up and left look at 0, the others at what lies beyond; and of the diagonals one watches both
-// axes, the others one. Both are meant.
+// axes, the others one (docs/kept.md, image-wrap).
 void wrap(Deck& deck, const Travel& t) {
   std::int16_t& x = deck.imagePosX;
   std::int16_t& y = deck.imagePosY;
@@ -111,7 +112,7 @@ void step(Deck& deck, const Travel& t) {
 }
 
 // The part of a window that lies on the image, and the rest beyond its end. A window that reaches
-// beyond drops the image's last line. That is meant.
+// beyond drops the image's last line (docs/kept.md, image-seam).
 struct Seam {
   Seam(int position, int window, int image) : before(window) {
     if (position + window > image) before = image - position - 1;
@@ -240,7 +241,7 @@ void nextImage(Engine& engine, Deck& deck) {
                                       effect.imageFiles[static_cast<std::size_t>(index)]);
   }
   // On the right deck the next image starts at the corner, and a travel keeps the limits of the
-  // image before. That is meant.
+  // image before (docs/kept.md, deck-image-next).
   if (deck.isB()) {
     moveTo(deck, 0, 0);
   } else {

@@ -97,7 +97,7 @@ void MxImageForm::OK_Click() {
 }
 
 // As in the Color dialog, the backup of deck A is never filled: Cancel there empties the list of
-// pictures. That is meant.
+// pictures (docs/kept.md, deck-cancel-image).
 void MxImageForm::Cancel_Click() {
   Effect backup = deck().efxBackup;
   backup.type = kImage;

@@ -178,7 +178,7 @@ TEST_P(Beats, MoveAColorScroll) {
 
 // Beat control comes on in the middle of a transition: it stops where it stands. The next beat
 // wakes it with the timer that it shares, and its end starts the step timer of an effect that
-// follows the beat. That is meant.
+// follows the beat (docs/kept.md, beat-transition).
 TEST_P(Beats, WakeATransitionThatBeatControlStopped) {
   dimension(4, 4);
   colorChange({rgb(255, 0, 0), rgb(0, 255, 0), rgb(0, 0, 255)});

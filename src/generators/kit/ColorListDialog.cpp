@@ -75,8 +75,8 @@ void ColorListDialog::ColorList_Click(int entry, int col) {
   deck().timer1.enable();
 }
 
-// `pickedColorBefore` is not set: a mixer left with Cancel adds the colour of its previous use.
-// That is meant.
+// `pickedColorBefore` is not set: a mixer left with Cancel adds the colour of its previous use
+// (docs/kept.md, mixer-cancel).
 void ColorListDialog::addColor_Click() {
   engine_.dialogs->mixer.open(0, [this](Color picked) {
     ColorList.add(kColorBar, {numbers_.firstText}, picked);

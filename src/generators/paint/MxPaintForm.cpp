@@ -148,7 +148,7 @@ void MxPaintForm::bindMouse() {
   };
 }
 
-// Ignoring is meant: a stroke that can't be done leaves the picture as it is.
+// A stroke that can't be done leaves the picture as it is (docs/kept.md, paint-quiet).
 void MxPaintForm::quietly(const std::function<void()>& handler) {
   try {
     handler();

@@ -10,7 +10,7 @@ struct Glyph {
 };
 
 // `O` and `0` are alike, so are `l` and `|`, `Ö` and `Ü`. `#` is wider than its width: its fifth
-// cell falls on the spacing column. That is meant.
+// cell falls on the spacing column (docs/kept.md, ticker-hash).
 constexpr std::array<Glyph, kGlyphs> kFont = {
     {{"A", 4, {6, 9, 9, 15, 9}},     {"B", 4, {7, 9, 7, 9, 7}},      {"C", 3, {6, 1, 1, 1, 6}},
      {"D", 4, {7, 9, 9, 9, 7}},      {"E", 3, {7, 1, 7, 1, 7}},      {"F", 3, {7, 1, 7, 1, 1}},

@@ -49,8 +49,8 @@ void feed(Engine& engine, Deck& deck) {
     case kDown:
       return feedRow(engine, deck, top, -1);
     case kRight:
-      // Deck B feeds the strip's unpainted last row too: its text trails a black row. That is
-      // meant.
+      // Deck B feeds the strip's unpainted last row too: its text trails a black row
+      // (docs/kept.md, deck-ticker-row).
       return feedColumn(engine, deck, left, effect.tickerFont + (deck.isB() ? 1 : 0), -1);
     default:
       return;
@@ -71,7 +71,8 @@ void runText(Engine& engine, Deck& deck) {
 }
 
 // The advance is that of the widest glyph, not of the strip's lines: with narrow letters the
-// display drifts over their boundaries, and past the strip's end it fails. That is meant.
+// display drifts over their boundaries, and past the strip's end it fails (docs/kept.md,
+// ticker-drift).
 void showLetter(Engine& engine, Deck& deck) {
   const std::int32_t width = deck.tickerMaxWidth;
   for (int x = 0; x < width; ++x) {

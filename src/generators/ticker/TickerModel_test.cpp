@@ -1,4 +1,4 @@
-// A second Ticker, written from its description alone and as slow as may be, beside the product.
+// A second Ticker, as plain and slow as may be, that shares no code with the product, beside it.
 
 #include <cmath>
 #include <map>

@@ -27,7 +27,7 @@ std::vector<std::int16_t> glyphsOf(const std::string& text) {
 }
 
 // Dimensions the strip and fills it with the background. Its last column and row are left as they
-// are, so the line below the text stays black. That is meant.
+// are, so the line below the text stays black (docs/kept.md, ticker-black-line).
 void clearStrip(Deck& deck, std::int32_t cols, std::int32_t rows, std::int64_t steps) {
   deck.tickerStrip.redim(cols, rows);
   deck.steps = toInt16(steps);
