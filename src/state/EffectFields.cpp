@@ -31,10 +31,13 @@ const ItemColumn itemTimes{"itemTimes", &E::itemTimes};
 const ItemColumn itemWidths{"itemWidths", &E::itemWidths};
 const ItemColumn colors{"colors", &E::colors};
 
-const EffectField images{"imageCount",
-                         ItemList{&E::imageCount, {imageNames, itemTimes, imageFiles}, false}};
-const EffectField timedColors{"colorCount", ItemList{&E::colorCount, {colors, itemTimes}, true}};
-const EffectField wideColors{"colorCount", ItemList{&E::colorCount, {colors, itemWidths}, true}};
+const ItemList imageList{&E::imageCount, {imageNames, itemTimes, imageFiles}, false};
+const ItemList timedList{&E::colorCount, {colors, itemTimes}, true};
+const ItemList wideList{&E::colorCount, {colors, itemWidths}, true};
+
+const EffectField images{"imageCount", imageList};
+const EffectField timedColors{"colorCount", timedList};
+const EffectField wideColors{"colorCount", wideList};
 
 // One row per type, in the order of their numbers.
 const std::array<std::vector<EffectField>, kEffectTypes> kFields = {{
@@ -49,6 +52,19 @@ const std::array<std::vector<EffectField>, kEffectTypes> kFields = {{
     {color1, color2, speed, amount, tickerText, tickerFont, direction, tickerBackward, tickerMirror,
      beatControl, tickerLetter},
 }};
+
+void fitList(Effect& effect, const ItemList& list) {
+  const std::int16_t count = effect.*list.count;
+  if (count <= 0) return;
+  const std::size_t slots = static_cast<std::size_t>(count) + (list.emptyHasSlot ? 1 : 0);
+  for (const ItemColumn& column : list.columns) {
+    std::visit(
+        [&](auto values) {
+          if ((effect.*values).size() < slots) (effect.*values).resize(slots);
+        },
+        column.values);
+  }
+}
 
 struct Copier {
   const Effect& from;
@@ -71,10 +87,15 @@ const std::vector<EffectField>& effectFields(std::int16_t type) {
   return type < 0 || type >= kEffectTypes ? none : kFields[static_cast<std::size_t>(type)];
 }
 
+void fitLists(Effect& effect) {
+  for (const ItemList* list : {&imageList, &timedList, &wideList}) fitList(effect, *list);
+}
+
 void copyEffectFields(const Effect& from, Effect& to) {
   for (const EffectField& field : effectFields(from.type)) {
     std::visit(Copier{from, to}, field.value);
   }
+  fitLists(to);
 }
 
 const std::vector<FadeField>& fadeFields() {

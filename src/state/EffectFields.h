@@ -37,6 +37,11 @@ struct EffectField {
 /// for a type that does not exist.
 const std::vector<EffectField>& effectFields(std::int16_t type);
 
+/// Gives the arrays of every list their slots, whatever the type of the effect: two lists share an
+/// array, two a count, and a record may become of another type. To be called wherever a count or an
+/// array was set. Never shortens an array.
+void fitLists(Effect& effect);
+
 /// Copies the fields of the type `from.type` from one record to another; those of other types stay.
 void copyEffectFields(const Effect& from, Effect& to);
 

@@ -1,5 +1,7 @@
 #include "generators/colorchange/MxColorChange.h"
 
+#include <algorithm>
+
 #include "generators/color/ColorCode.h"
 #include "generators/colorchange/ColorChangeCode.h"
 #include "platform/Numbers.h"
@@ -51,12 +53,10 @@ void MxColorChange::setStepInterval() { setHoldInterval(effect().speed); }
 
 // The timer starts even if the effect follows the beat (docs/kept.md, change-list-beat).
 void MxColorChange::updateColorList() {
-  takeColors();
-  effect().itemTimes.assign(colorCount() + 1, 0);
-  for (std::size_t i = 0; i < colorCount(); ++i) {
-    effect().itemTimes[i] = numberOf(static_cast<int>(i));
-  }
-  if (deck().colorIndex == -1) deck().colorIndex = 0;
+  takeEntries<double>(&Effect::itemTimes, [](double seconds) { return seconds; });
+  // The colour that the deck shows may be the one that was removed.
+  const int last = std::max(effect().colorCount - 1, 0);
+  deck().colorIndex = toInt16(std::clamp<int>(deck().colorIndex, 0, last));
   if (effect().colorCount < 2) return;
   effect().color1 = currentColor();
   setHoldInterval(slSpeed.value());

@@ -255,5 +255,31 @@ TEST_P(ColorChangeDialog, ARecordWithAModeThatDoesNotExistCannotBeShown) {
   EXPECT_EQ(effect.fadeMode, 9);
 }
 
+TEST_P(ColorChangeDialog, RunsOnWhenTheLastColourIsRemovedWhileItShows) {
+  open({kRed, kGreen, rgb(0, 0, 255)}, {1, 1, 1});
+  event([&] { dialog.ColorList.click(2, 0); });
+  EXPECT_EQ(deck.colorIndex, 2);
+  click(dialog.removeColor);
+  EXPECT_EQ(deck.colorIndex, 1);
+  EXPECT_EQ(effect.color1, kGreen);
+  advance(20000);
+  EXPECT_TRUE(deck.timer1.enabled());
+  click(dialog.OK);
+  EXPECT_EQ(takeFailure(), 0);
+  EXPECT_FALSE(dialog.visible());
+}
+
+TEST_P(ColorChangeDialog, TheIndexStaysWithinAListThatIsEmptied) {
+  open({kRed, kGreen}, {1, 1});
+  for (const int last : {1, 0}) {
+    event([&] { dialog.ColorList.click(last, 0); });
+    click(dialog.removeColor);
+    EXPECT_EQ(deck.colorIndex, 0);
+  }
+  advance(20000);
+  click(dialog.OK);
+  EXPECT_EQ(takeFailure(), 0);
+}
+
 }  // namespace
 }  // namespace korvane

@@ -52,15 +52,12 @@ void MxColorScroll::setStepInterval() {
 }
 
 void MxColorScroll::updateColorList2() {
-  takeColors();
-  effect().itemWidths.assign(colorCount() + 1, 0);
-  for (std::size_t i = 0; i < colorCount(); ++i) {
-    effect().itemWidths[i] = roundToInt32(numberOf(static_cast<int>(i)));
-  }
+  takeEntries<std::int32_t>(&Effect::itemWidths, roundToInt32);
   buildScrollStrip(engine_, deck());
   // `steps` is the counter of a colour change's transitions. The test against it is kept
-  // (docs/kept.md, scroll-position).
-  if (deck().colorIndex == -1 || deck().colorIndex > deck().steps) deck().colorIndex = 0;
+  // (docs/kept.md, scroll-position); that against the strip keeps a shorter one running.
+  std::int16_t& index = deck().colorIndex;
+  if (index == -1 || index > deck().steps || index > deck().scrollLength) index = 0;
   if (effect().colorCount < 2 || beatControl.checked()) return;
   setStepInterval();
   deck().timer1.enable();

@@ -8,6 +8,7 @@
 #include "generators/kit/NumberCell.h"
 #include "platform/Numbers.h"
 #include "platform/Text.h"
+#include "state/EffectFields.h"
 
 namespace korvane {
 namespace {
@@ -112,6 +113,7 @@ void MxImageList::storeList() {
   effect.imageNames = std::move(names);
   effect.itemTimes = std::move(times);
   effect.imageFiles = std::move(files);
+  fitLists(effect);
 }
 
 void MxImageList::OK_Click() {

@@ -7,6 +7,7 @@
 #include "generators/kit/EffectDialog.h"
 #include "generators/kit/NumberCell.h"
 #include "platform/ListView.h"
+#include "state/EffectFields.h"
 
 namespace korvane {
 
@@ -47,10 +48,16 @@ class ColorListDialog : public EffectDialog {
       addEntry(effect().colors.at(i), static_cast<double>(numbers.at(i)));
     }
   }
-  /// Copies the entries' colours to the record, one slot of 0 behind them.
-  void takeColors();
-  /// The number of an entry. kTypeMismatch if its text is none.
-  double numberOf(int entry) const;
+  /// Copies the entries to the record: their colours, and their numbers to this array, one slot of
+  /// 0 behind them. kTypeMismatch if the text of an entry is no number.
+  template <class Number>
+  void takeEntries(std::vector<Number> Effect::*numbers, Number (*convert)(double)) {
+    takeColors();
+    (effect().*numbers).assign(colorCount() + 1, 0);
+    fitLists(effect());
+    for (std::size_t i = 0; i < colorCount(); ++i)
+      (effect().*numbers)[i] = convert(numberOf(static_cast<int>(i)));
+  }
   std::size_t colorCount() { return static_cast<std::size_t>(effect().colorCount); }
   /// The list, its buttons beside it.
   Layout listLayout();
@@ -59,6 +66,8 @@ class ColorListDialog : public EffectDialog {
   void beatControl_Click();
 
  private:
+  void takeColors();
+  double numberOf(int entry) const;
   void addEntry(Color color, double number);
   void ColorList_Click(int entry, int col);
   void addColor_Click();
