@@ -14,7 +14,12 @@ class ConsolePlatform : public HeadlessPlatform {
   Raster loadPicture(const std::string& path) override {
     return pictures ? pictures(path) : HeadlessPlatform::loadPicture(path);
   }
+  void saveFailed(const FailedSave& failed) override {
+    HeadlessPlatform::saveFailed(failed);
+    if (tell) tell(failed.told());
+  }
 
+  std::function<void(const std::string& text)> tell;        ///< of what no reply speaks
   std::function<std::int64_t()> clock;                      ///< milliseconds since midnight
   std::function<Raster(const std::string& path)> pictures;  ///< as Platform::loadPicture
 };

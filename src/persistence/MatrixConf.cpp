@@ -91,6 +91,10 @@ void MatrixConf::takeDefinition() {
     showSize();
     return makeDefaultDefinition(engine_);
   }
+  orDefaultDefinition(engine_, [&] { readDefinition(path); });
+}
+
+void MatrixConf::readDefinition(const std::string& path) {
   LineReader file(path, {});
   std::string name;
   file.take(name);

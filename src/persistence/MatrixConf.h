@@ -41,6 +41,7 @@ class MatrixConf : public Form {
   void bind();
   void Form_Load();
   void takeDefinition();
+  void readDefinition(const std::string& path);
   void showSize();
   /// Gives a side of the matrix the size chosen in its list, which clears the map.
   void resize(std::int16_t& side, const ListBox& list);

@@ -1,6 +1,7 @@
 #include "persistence/MatrixDefinition.h"
 
 #include <cstddef>
+#include <exception>
 #include <vector>
 
 #include "platform/Numbers.h"
@@ -25,12 +26,27 @@ const std::string& field(const std::vector<std::string>& fields, std::size_t ind
   file.fail(kSubscript, "the line has too few fields");
 }
 
+// In every slot: after removals, rows refer to slots beyond their number.
 void resizePaintPictures(const Variablen& v, Deck& deck) {
-  // The loop runs over slots up to the count of rows, so a picture in a later slot keeps its old
-  // size.
-  for (int slot = 0; slot < deck.efxCount; ++slot) {
-    Effect& effect = deck.efx.at(static_cast<std::size_t>(slot));
+  for (Effect& effect : deck.efx) {
     if (effect.type == kPaint) effect.paintPixels.resizeKeeping(v.matrixCols, v.matrixRows);
+  }
+}
+
+bool definitionEndsEarly(const std::string& path) {
+  bool sized = false;
+  try {
+    LineReader file(path, {});
+    if (file.size() == 0) return true;
+    file.skip();
+    const std::vector<std::string> size = nextFields(file);
+    std::int64_t cells =
+        std::int64_t{file.integer16(field(size, 0, file))} * file.integer16(field(size, 1, file));
+    sized = true;
+    for (; cells > 0; --cells) file.skip();
+    return false;
+  } catch (const Failure& failure) {
+    return sized && failure.number == kPastEndOfFile;
   }
 }
 
@@ -107,16 +123,33 @@ void readDefinitionCells(Engine& engine, LineReader& file) {
   }
 }
 
+void writeDefinition(const Engine& engine, const std::string& name, TextWriter& file) {
+  const Variablen& v = engine.v;
+  file.writeLine(name);
+  file.writeLine(std::to_string(v.matrixCols) + "," + std::to_string(v.matrixRows) +
+                 (v.quickConfigured ? ",True" : ",False"));
+  for (int col = 0; col < v.matrixCols; ++col) {
+    for (int row = 0; row < v.matrixRows; ++row) file.writeLine(cellLine(v, col, row));
+  }
+}
+
 void writeDefinition(Engine& engine, const std::string& path, const std::string& name) {
-  replaceTextFile(path, [&](TextWriter& file) {
-    const Variablen& v = engine.v;
-    file.writeLine(name);
-    file.writeLine(std::to_string(v.matrixCols) + "," + std::to_string(v.matrixRows) +
-                   (v.quickConfigured ? ",True" : ",False"));
-    for (int col = 0; col < v.matrixCols; ++col) {
-      for (int row = 0; row < v.matrixRows; ++row) file.writeLine(cellLine(v, col, row));
-    }
-  });
+  try {
+    replaceTextFile(
+        path, [&](TextWriter& file) { writeDefinition(engine, name, file); }, definitionEndsEarly);
+  } catch (const std::exception& error) {
+    tellOfFailedSave(engine.platform, path, error.what(), definitionEndsEarly);
+    throw;
+  }
+}
+
+void orDefaultDefinition(Engine& engine, const std::function<void()>& read) {
+  try {
+    read();
+  } catch (const std::exception& error) {
+    if (!engine.platform.startsWithout({definitionFile(engine), error.what()})) throw;
+    makeDefaultDefinition(engine);
+  }
 }
 
 void loadDefinitionAtStart(Engine& engine) {
@@ -124,13 +157,15 @@ void loadDefinitionAtStart(Engine& engine) {
   readProjectNames(engine);
   const std::string path = definitionFile(engine);
   if (!fileExists(path)) return makeDefaultDefinition(engine);
-  LineReader file(path, {});
-  file.take(engine.v.matrixName);
-  readDefinitionSize(engine, file);
-  dimensionMatrix(engine);
-  resizePaintPictures(engine);
-  readDefinitionCells(engine, file);
-  engine.v.matrixConfigured = true;
+  orDefaultDefinition(engine, [&] {
+    LineReader file(path, {});
+    file.take(engine.v.matrixName);
+    readDefinitionSize(engine, file);
+    dimensionMatrix(engine);
+    resizePaintPictures(engine);
+    readDefinitionCells(engine, file);
+    engine.v.matrixConfigured = true;
+  });
 }
 
 }  // namespace korvane

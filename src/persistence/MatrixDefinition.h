@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "persistence/RecordLines.h"
@@ -31,8 +32,15 @@ void makeDefaultDefinition(Engine& engine);
 void readDefinitionSize(Engine& engine, LineReader& file);
 /// The lines of the cells, column by column; each cell read is marked as configured.
 void readDefinitionCells(Engine& engine, LineReader& file);
-/// Writes a whole definition file; one that it replaces is kept as NAME.bak.
+/// The lines of a definition file.
+void writeDefinition(const Engine& engine, const std::string& name, TextWriter& file);
+/// Writes a whole definition file; one that it replaces is kept as NAME.bak. A failure goes to
+/// Platform::saveFailed, too.
 void writeDefinition(Engine& engine, const std::string& path, const std::string& name);
+
+/// Reads the definition named after the project. Where that fails, a program that stands alone may
+/// choose the default instead.
+void orDefaultDefinition(Engine& engine, const std::function<void()>& read);
 
 /// What the main window does at start if no definition exists: takes the file named after the
 /// project, its name going to `matrixName`, or else the default.

@@ -15,11 +15,8 @@
 namespace korvane {
 namespace {
 
-const std::string kVersion = "V1.0";
-
-// A small file can name far more pictures than it has lines for: they may take this many bytes and
-// four for each byte of the file, which is more than a file of full pictures needs.
-constexpr std::size_t kPictureBytes = std::size_t{16} << 20;
+// Two lists full of pictures of the largest grid make a file of 14 MB.
+constexpr std::uintmax_t kMostBytes = std::uintmax_t{32} << 20;
 
 FileQuestion question(FileQuestion::Purpose purpose, const Engine& engine) {
   const bool save = purpose == FileQuestion::Purpose::Save;
@@ -84,18 +81,28 @@ std::size_t slotsFor(std::int16_t count, const LineReader& in) {
   return static_cast<std::size_t>(count) + 1;
 }
 
-void readCounts(Engine& engine, LineReader& in) {
+// The rows that a file has.
+struct Rows {
+  std::int16_t a = 0, b = 0, x = 0;
+};
+
+void clearLists(Engine& engine) {
   Variablen& v = engine.v;
-  v.A.efxList.clear();
-  v.B.efxList.clear();
-  engine.master.efxXList.clear();
-  for (std::int16_t* count : {&v.efxACount, &v.efxBCount, &v.efxXCount}) in.take(*count);
-  for (Deck* deck : {&v.A, &v.B}) {
-    deck->efx.assign(slotsFor(deck->efxCount, in), {});
-    deck->efxEdited.assign(slotsFor(deck->efxCount, in), false);
+  for (ListView* list : {&v.A.efxList, &v.B.efxList, &engine.master.efxXList}) list->clear();
+  for (std::int16_t* count : {&v.efxACount, &v.efxBCount, &v.efxXCount}) *count = 0;
+}
+
+Rows readCounts(Engine& engine, LineReader& in) {
+  Variablen& v = engine.v;
+  Rows rows;
+  for (std::int16_t* count : {&rows.a, &rows.b, &rows.x}) in.take(*count);
+  for (const auto& [deck, count] : {std::pair(&v.A, rows.a), std::pair(&v.B, rows.b)}) {
+    deck->efx.assign(slotsFor(count, in), {});
+    deck->efxEdited.assign(slotsFor(count, in), false);
   }
-  v.efxX.assign(slotsFor(v.efxXCount, in), {});
+  v.efxX.assign(slotsFor(rows.x, in), {});
   for (std::int16_t* selected : {&v.selA, &v.selB, &v.selX}) in.take(*selected);
+  return rows;
 }
 
 void readRecord(Deck& deck, Effect& effect, LineReader& in, PictureRoom& room) {
@@ -105,8 +112,10 @@ void readRecord(Deck& deck, Effect& effect, LineReader& in, PictureRoom& room) {
   for (std::string& file : effect.imageFiles) file = pictureFile(file, in.path());
 }
 
-void readEffects(Deck& deck, LineReader& in, PictureRoom& room) {
-  for (std::int16_t slot = 0; slot < deck.efxCount; ++slot) {
+// A row counts when it stands in its list, so that a file that ends early leaves no count of rows
+// that are not there.
+void readEffects(Deck& deck, std::int16_t rows, LineReader& in, PictureRoom& room) {
+  for (std::int16_t& slot = deck.efxCount; slot < rows; ++slot) {
     const auto at = static_cast<std::size_t>(slot);
     Effect& effect = deck.efx[at];
     in.skip();
@@ -119,9 +128,9 @@ void readEffects(Deck& deck, LineReader& in, PictureRoom& room) {
 }
 
 // The row is selected before its fade is shown, as showing it writes the name to the selected row.
-void readFades(Engine& engine, LineReader& in) {
+void readFades(Engine& engine, std::int16_t rows, LineReader& in) {
   Variablen& v = engine.v;
-  for (std::int16_t slot = 0; slot < v.efxXCount; ++slot) {
+  for (std::int16_t& slot = v.efxXCount; slot < rows; ++slot) {
     FadeEntry& fade = v.efxX[static_cast<std::size_t>(slot)];
     in.skip();
     readFade(in, fade);
@@ -143,17 +152,53 @@ std::string takeVersion(LineReader& in) {
   return version;
 }
 
+void requireReadable(const LineReader& in) {
+  if (in.size() <= kMostBytes) return;
+  throw Failure(kOutOfMemory, in.path() + " is larger than the " + std::to_string(kMostBytes) +
+                                  " bytes that a show may have");
+}
+
+void readLists(Engine& engine, LineReader& in) {
+  clearLists(engine);
+  const Rows rows = readCounts(engine, in);
+  Variablen& v = engine.v;
+  PictureRoom room{v.matrixCols, v.matrixRows};
+  readEffects(v.A, rows.a, in, room);
+  readEffects(v.B, rows.b, in, room);
+  readFades(engine, rows.x, in);
+}
+
+// The selection of a list that is not read to its end is that of its first row.
+void selectWhatIsThere(Engine& engine) {
+  Variablen& v = engine.v;
+  for (const auto& [list, slot] :
+       {std::pair(&v.A.efxList, &v.selA), std::pair(&v.B.efxList, &v.selB),
+        std::pair(&engine.master.efxXList, &v.selX)}) {
+    *slot = list->count() > 0 ? slotOfCurrent(*list) : std::int16_t{0};
+  }
+}
+
 // All that follows the version. The deleted counters are not reset, though the slots are compacted
 // (docs/kept.md, show-counters).
 void readComposition(Engine& engine, LineReader& in) {
+  requireReadable(in);
   stopPlayback(engine);
   readMaster(engine, in);
-  readCounts(engine, in);
-  Variablen& v = engine.v;
-  PictureRoom room{v.matrixCols, v.matrixRows, kPictureBytes + 4 * in.size()};
-  for (Deck* deck : {&v.A, &v.B}) readEffects(*deck, in, room);
-  readFades(engine, in);
-  for (Deck* deck : {&v.A, &v.B}) deck->imageIndex = 0;
+  try {
+    readLists(engine, in);
+  } catch (...) {
+    selectWhatIsThere(engine);
+    throw;
+  }
+  for (Deck* deck : {&engine.v.A, &engine.v.B}) deck->imageIndex = 0;
+}
+
+// Such a list has no line for its selection, and a file without rows can't be read.
+void requireRows(const Engine& engine) {
+  const Variablen& v = engine.v;
+  for (const ListView* list : {&v.A.efxList, &v.B.efxList, &engine.master.efxXList}) {
+    if (list->count() == 0) throw Failure(kSubscript, list->name() + " has no row");
+  }
 }
 
 }  // namespace
@@ -163,7 +208,7 @@ void writeProject(const Engine& engine, const NumberFormat& format, const std::s
   const Variablen& v = engine.v;
   LineWriter out(file, format);
   out.put(title);
-  out.put(kVersion);
+  out.put(kProjectVersion);
   out.put(v.masterValue);
   for (const std::int16_t count : {v.efxACount, v.efxBCount, v.efxXCount}) out.put(count);
   for (const ListView* list : {&v.A.efxList, &v.B.efxList, &engine.master.efxXList}) {
@@ -175,17 +220,22 @@ void writeProject(const Engine& engine, const NumberFormat& format, const std::s
 }
 
 bool saveProject(Engine& engine) {
+  std::string path;
   try {
     readProjectNames(engine);
-    const std::string path =
-        chosenFile(engine.platform, question(FileQuestion::Purpose::Save, engine));
-    replaceTextFile(path, [&](TextWriter& file) {
-      writeProject(engine, engine.platform.numberFormat(), fileTitle(path), file);
-    });
+    path = chosenFile(engine.platform, question(FileQuestion::Purpose::Save, engine));
+    requireRows(engine);
+    replaceTextFile(
+        path,
+        [&](TextWriter& file) {
+          writeProject(engine, engine.platform.numberFormat(), fileTitle(path), file);
+        },
+        projectEndsEarly);
     announce(engine, "Matrix Project saved", path);
     return true;
-  } catch (const std::exception&) {
-    return false;  // without a word, whatever it was
+  } catch (const std::exception& error) {  // without a word of the windows, whatever it was
+    tellOfFailedSave(engine.platform, path, error.what(), projectEndsEarly);
+    return false;
   }
 }
 
@@ -195,7 +245,7 @@ bool loadProject(Engine& engine) {
       chosenFile(engine.platform, question(FileQuestion::Purpose::Open, engine));
   LineReader in(path, engine.platform.numberFormat());
   const std::string version = takeVersion(in);
-  if (version != kVersion) {
+  if (version != kProjectVersion) {
     engine.platform.messageBox("falsche Matrix-Version " + version);
     return false;
   }
@@ -207,7 +257,8 @@ bool loadProject(Engine& engine) {
 
 void openProject(Engine& engine, const std::string& path) {
   LineReader in(path, engine.platform.numberFormat());
-  if (takeVersion(in) != kVersion) in.fail(kTypeMismatch, "no show of version " + kVersion);
+  if (takeVersion(in) != kProjectVersion)
+    in.fail(kTypeMismatch, "no show of version " + kProjectVersion);
   readComposition(engine, in);
   entitle(engine, path);
   for (Deck* deck : {&engine.v.A, &engine.v.B})

@@ -7,14 +7,18 @@
 
 namespace korvane {
 
+/// The second line of a project file.
+inline const std::string kProjectVersion = "V1.0";
+
 /// `save_Click` of the main window: asks for a file and writes the whole composition into it. Any
-/// error, a cancelled dialog included, ends it without a word. A file that it replaces is kept as
-/// NAME.bak. Whether it was saved.
+/// error, a cancelled dialog included, ends it without a word; all but a cancelled dialog go to
+/// Platform::saveFailed. A file that it replaces is kept as NAME.bak. Whether it was saved.
 bool saveProject(Engine& engine);
 
 /// `load_Click` of the main window: asks for a file and replaces the contents of the three lists by
-/// it. A wrong version leaves everything as it was; any other failure leaves the lists as far as
-/// they had come, with the deck timers stopped. Whether it was loaded.
+/// it. A wrong version and a file of more than 32 MiB (kOutOfMemory) leave everything as it was;
+/// any other failure leaves the lists as far as they had come, with the deck timers stopped.
+/// Whether it was loaded.
 bool loadProject(Engine& engine);
 
 /// The same with a given file, and without a message. kTypeMismatch, with everything as it was, for
@@ -29,5 +33,8 @@ void writeProject(const Engine& engine, const NumberFormat& format, const std::s
 /// isn't and leads to no file is tried beside the project, so that a show can be handed on together
 /// with its pictures.
 std::string pictureFile(const std::string& path, const std::string& projectPath);
+
+/// Whether a file is a project whose lines end before they should: what a failed save left.
+bool projectEndsEarly(const std::string& path);
 
 }  // namespace korvane

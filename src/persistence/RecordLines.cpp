@@ -10,6 +10,10 @@
 namespace korvane {
 namespace {
 
+// A small file can name far more pictures than it has lines for: they may take this many bytes and
+// four for each byte read, which is more than a file of full pictures needs.
+constexpr std::size_t kPictureBytes = std::size_t{16} << 20;
+
 std::string lowerCase(std::string text) {
   std::transform(text.begin(), text.end(), text.begin(),
                  [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
@@ -34,6 +38,7 @@ struct FieldWriter {
 
   void operator()(Grid<Color> Effect::*field) const {
     out.put(std::to_string(cols) + "," + std::to_string(rows));
+    (effect.*field).at(cols, rows);  // the spare cell of a picture that has the bounds of the grid
     for (int col = 0; col < cols; ++col) {
       for (int row = 0; row < rows; ++row) out.put((effect.*field).at(col, row));
     }
@@ -92,8 +97,8 @@ struct FieldReader {
   void dimension(Grid<Color>& picture) const {
     const std::size_t cells = static_cast<std::size_t>(std::max<int>(room.cols, 0) + 1) *
                               static_cast<std::size_t>(std::max<int>(room.rows, 0) + 1);
-    if (cells * sizeof(Color) > room.bytes) in.fail(kOutOfMemory, "too many pictures");
-    room.bytes -= cells * sizeof(Color);
+    room.taken += cells * sizeof(Color);
+    if (room.taken > kPictureBytes + 4 * in.bytesRead()) in.fail(kOutOfMemory, "too many pictures");
     picture.redim(room.cols, room.rows);
   }
 
@@ -122,6 +127,12 @@ auto LineReader::converted(const std::string& text, Convert convert) const {
 void LineReader::fail(int number, const std::string& what) const {
   throw Failure(number,
                 file_.path() + ", line " + std::to_string(file_.lineNumber()) + ": " + what);
+}
+
+void LineWriter::put(const std::string& text) {
+  if (text.find('\n') != std::string::npos)
+    throw Failure(kInvalidPropertyValue, "a text of two lines: '" + text + "'");
+  file_.writeLine(text);
 }
 
 void LineReader::take(std::int16_t& value) { value = integer16(file_.readLine()); }
@@ -156,6 +167,7 @@ void readEffect(LineReader& in, Effect& effect, PictureRoom& room) {
   for (const EffectField& field : fields) {
     std::visit(FieldReader{in, effect, room}, field.value);
   }
+  fitLists(effect);
 }
 
 void writeFade(LineWriter& out, const FadeEntry& fade) {

@@ -18,7 +18,8 @@ class LineWriter {
 
   void put(std::int32_t value) { file_.writeLine(std::to_string(value)); }
   void put(double value) { file_.writeLine(formatGeneral(value, format_)); }
-  void put(const std::string& text) { file_.writeLine(text); }
+  /// kInvalidPropertyValue for a text with a line break, which nothing escapes.
+  void put(const std::string& text);
   /// "True" or "False".
   void put(Boolean value) { file_.writeLine(value ? "True" : "False"); }
 
@@ -50,7 +51,8 @@ class LineReader {
   /// Raises a failure that names the line read last.
   [[noreturn]] void fail(int number, const std::string& what) const;
   const std::string& path() const { return file_.path(); }
-  std::size_t size() const { return file_.size(); }  ///< of the file, in bytes
+  std::uintmax_t size() const { return file_.size(); }         ///< of the file, in bytes
+  std::size_t bytesRead() const { return file_.bytesRead(); }  ///< up to the line read last
 
  private:
   template <class Convert>
@@ -60,11 +62,11 @@ class LineReader {
   NumberFormat format_;
 };
 
-/// Columns and rows of the matrix, and the bytes that pictures of Paint effects may yet take.
+/// Columns and rows of the matrix, and the bytes that the pictures of Paint effects have taken.
 struct PictureRoom {
   std::int16_t cols = 0;
   std::int16_t rows = 0;
-  std::size_t bytes = 0;
+  std::size_t taken = 0;
 };
 
 /// The lines of an effect: `type`, `name`, and the fields of the type. A type that does not exist
@@ -72,7 +74,8 @@ struct PictureRoom {
 /// than the cols x rows of the matrix.
 void writeEffect(LineWriter& out, const Effect& effect, std::int16_t cols, std::int16_t rows);
 /// Reads them. Lists are dimensioned to their count, pictures to the matrix; lines of a picture are
-/// read only for cells inside the matrix. kOutOfMemory if the picture does not fit into the room.
+/// read only for cells inside the matrix. kOutOfMemory if the pictures take far more memory than
+/// the file has lines for.
 void readEffect(LineReader& in, Effect& effect, PictureRoom& room);
 
 /// The lines of a fade.

@@ -20,6 +20,7 @@ class HeadlessPlatform : public Platform {
   NumberFormat numberFormat() override { return format; }
   void openPage(const std::string& address) override { pages.push_back(address); }
   void failed(const Failure& failure) override { failures.push_back(failure); }
+  void saveFailed(const FailedSave& failed) override { failedSaves.push_back(failed); }
 
   /// Stands in for the contents of picture files, by path; a file without an entry can't be read.
   std::map<std::string, Raster> pictures;
@@ -28,6 +29,7 @@ class HeadlessPlatform : public Platform {
   std::vector<FileQuestion> questions;
   std::vector<std::string> pages;
   std::vector<Failure> failures;
+  std::vector<FailedSave> failedSaves;
   std::int64_t time = 0;
   NumberFormat format;
 };

@@ -21,6 +21,25 @@ struct FileQuestion {
   std::string defaultExtension{};  ///< without the point; empty for none
 };
 
+/// A save that did not write what it was to write.
+struct FailedSave {
+  std::string path;    ///< the file that it was to write
+  std::string reason;  ///< the text of the failure
+  std::string whole;   ///< the file that holds the last whole version; empty if there is none
+
+  /// The sentences for a person.
+  std::string told() const;
+};
+
+/// A matrix definition named after the project that can't be read.
+struct BrokenGrid {
+  std::string path;
+  std::string reason;  ///< the text of the failure
+
+  /// The sentences for a person, on the default grid.
+  std::string told() const;
+};
+
 /// What the windows and the effects need of the machine they run on.
 class Platform {
  public:
@@ -39,6 +58,10 @@ class Platform {
   virtual void openPage(const std::string& address) = 0;
   /// An event ended with a failure; called once for it.
   virtual void failed(const Failure& failure) = 0;
+  /// A save failed, of which the plug-in's windows say nothing. Programs that stand alone say it.
+  virtual void saveFailed(const FailedSave&) {}
+  /// Whether to start on the default grid, with the file left as it is, instead of failing.
+  virtual bool startsWithout(const BrokenGrid&) { return false; }
 };
 
 /// The path that a person chose; kCancelled if the dialog was cancelled.

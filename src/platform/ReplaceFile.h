@@ -2,20 +2,41 @@
 
 #include <functional>
 #include <string>
+#include <string_view>
 
+#include "platform/Platform.h"
 #include "platform/TextFile.h"
 
 namespace korvane {
 
-/// Writes a text file that people must not lose. What `write` puts into the writer goes to
-/// PATH.saving; then the file that stood at the path is kept as PATH.bak, and the new one takes its
-/// place. Whatever the moment of a crash, the old or the new content stands whole in the file, and
-/// once it is replaced, the old one in its backup.
-/// If `write` fails, the file holds what was written so far, and the failure goes on. kPathAccess,
-/// with the old file untouched, if the file or its backup can't be made.
-void replaceTextFile(const std::string& path, const std::function<void(TextWriter&)>& write);
+/// Whether a file is one that a failed save left half written.
+using EndsEarly = std::function<bool(const std::string& path)>;
 
-/// Hands a file to the disk: it survives a loss of power from here on. kPathAccess if it can't.
+/// Writes a text file that people must not lose. What `write` puts into the writer goes to a file
+/// of another name in the same folder; then the file that stood at the path is kept as PATH.bak,
+/// unless it ends early, and the new one takes its place. Whatever the moment of a crash, the old
+/// or the new content stands whole in the file, and once it is replaced, the old one in its backup.
+/// A link is saved through. Where only the file may be written, and not its folder, it is written
+/// in place, without a backup.
+/// If `write` fails, the file holds what was written so far, unless there is no place for a backup,
+/// and the failure goes on. kPathAccess, with the old file as it was and nothing left beside it, if
+/// the file or its backup can't be made, or if a folder, a device or a pipe stands at the path.
+void replaceTextFile(const std::string& path, const std::function<void(TextWriter&)>& write,
+                     const EndsEarly& endsEarly);
+
+/// Hands a failed save to Platform::saveFailed, with where the last whole version is. A path that
+/// is empty, as nobody chose one, is no save.
+void tellOfFailedSave(Platform& platform, const std::string& path, const std::string& reason,
+                      const EndsEarly& endsEarly);
+
+// What follows differs by system. Each raises std::system_error.
+
+/// Makes a file that was not there, with these bytes, on the disk. Nothing of it is left behind if
+/// that fails.
+void writeNewFile(const std::string& path, std::string_view bytes);
+/// Writes over the bytes of a file that is there.
+void writeOverFile(const std::string& path, std::string_view bytes);
+/// Hands a file to the disk: it survives a loss of power from here on.
 void flushToDisk(const std::string& path);
 
 }  // namespace korvane

@@ -5,6 +5,7 @@
 #include <iterator>
 
 #include "platform/Failure.h"
+#include "platform/HeadlessPlatform.h"
 
 namespace korvane {
 namespace {
@@ -17,16 +18,27 @@ class ReplaceFile : public testing::Test {
   void TearDown() override { fs::remove_all(folder); }
 
   void replace(const std::string& line) const {
-    replaceTextFile(path, [&](TextWriter& file) { file.writeLine(line); });
+    replaceTextFile(
+        path, [&](TextWriter& file) { file.writeLine(line); }, isHalf);
   }
   int failureOf(const std::string& target) const {
     try {
-      replaceTextFile(target, [](TextWriter& file) { file.writeLine("new"); });
+      replaceTextFile(
+          target, [](TextWriter& file) { file.writeLine("new"); }, isHalf);
     } catch (const Failure& failure) {
       return failure.number;
     }
     return 0;
   }
+  // The save that is broken off.
+  void replaceByHalf() const {
+    const auto write = [](TextWriter& file) {
+      file.writeLine("half");
+      throw Failure(kSubscript);
+    };
+    EXPECT_THROW(replaceTextFile(path, write, isHalf), Failure);
+  }
+  static bool isHalf(const std::string& file) { return read(file) == "half\r\n"; }
   static std::string read(const std::string& file) {
     std::ifstream stream(file, std::ios::binary);
     return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
@@ -58,33 +70,44 @@ TEST_F(ReplaceFile, KeepsTheReplacedFileAndOnlyThatOne) {
 
 TEST_F(ReplaceFile, TheOldFileIsWholeWhileTheNewOneIsWritten) {
   replace("one");
-  replaceTextFile(path, [&](TextWriter& file) {
+  const auto write = [&](TextWriter& file) {
     file.writeLine(std::string(100000, 'x'));
     EXPECT_EQ(read(path), "one\r\n");
-  });
+  };
+  replaceTextFile(path, write, isHalf);
 }
 
 TEST_F(ReplaceFile, WhatAFailedSaveWroteStaysAndTheOldFileIsKept) {
   replace("one");
-  const auto save = [&] {
-    replaceTextFile(path, [](TextWriter& file) {
-      file.writeLine("half");
-      throw Failure(kSubscript);
-    });
-  };
-  EXPECT_THROW(save(), Failure);
+  replaceByHalf();
   EXPECT_EQ(read(path), "half\r\n");
   EXPECT_EQ(read(path + ".bak"), "one\r\n");
 }
 
-TEST_F(ReplaceFile, WhatACrashLeftBehindIsNoObstacle) {
+TEST_F(ReplaceFile, WhatAFailedSaveWroteIsNotKeptAsABackup) {
   replace("one");
-  std::ofstream(path + ".saving") << "rubbish";
-  std::ofstream(path + ".bak.saving") << "rubbish";
+  replaceByHalf();
+  replaceByHalf();
+  EXPECT_EQ(read(path + ".bak"), "one\r\n");
   replace("two");
   EXPECT_EQ(read(path), "two\r\n");
   EXPECT_EQ(read(path + ".bak"), "one\r\n");
   EXPECT_EQ(files(), 2U);
+}
+
+TEST_F(ReplaceFile, AFailedSaveIsToldWithTheLastWholeVersion) {
+  HeadlessPlatform platform;
+  const auto whole = [&] {
+    tellOfFailedSave(platform, path, "why", isHalf);
+    return platform.failedSaves.back().whole;
+  };
+  EXPECT_EQ(whole(), "");
+  replace("one");
+  EXPECT_EQ(whole(), path);
+  replaceByHalf();
+  EXPECT_EQ(whole(), path + ".bak");
+  tellOfFailedSave(platform, "", "nobody chose a file", isHalf);
+  EXPECT_EQ(platform.failedSaves.size(), 3U);
 }
 
 TEST_F(ReplaceFile, RefusesAFolderAndAPlaceThatIsNotThere) {
@@ -97,7 +120,7 @@ TEST_F(ReplaceFile, LeavesTheOldFileAloneIfItCanNotBeKept) {
   fs::create_directory(path + ".bak");
   EXPECT_EQ(failureOf(path), kPathAccess);
   EXPECT_EQ(read(path), "one\r\n");
-  EXPECT_EQ(read(path + ".saving"), "new\r\n");
+  EXPECT_EQ(files(), 2U) << "nothing is left beside them";
 }
 
 #ifndef _WIN32  // which lets few people make links, and has other permissions

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <filesystem>
 #include <fstream>
 #include <string>
@@ -10,37 +11,53 @@ namespace korvane {
 
 /// A path as the system takes it. Paths are UTF-8 everywhere else.
 std::filesystem::path systemPath(const std::string& path);
+std::string utf8Path(const std::filesystem::path& path);
 /// True if a file (not a folder, nor a device) stands at the path.
 bool fileExists(const std::string& path);
 /// The last component of a path.
 std::string fileTitle(const std::string& path);
 
-/// Reads an 8-bit text file (code page 1252) line by line; either line end is a line end.
+/// Reads an 8-bit text file (code page 1252) line by line, no further than it is asked to; either
+/// line end is a line end.
 class TextReader {
  public:
+  /// Most bytes of a line.
+  static constexpr std::size_t kLongestLine = std::size_t{1} << 20;
+
   /// kFileNotFound if there is no such file, kPathAccess if it can't be read.
   explicit TextReader(const std::string& path);
 
-  /// The next line as UTF-8; kPastEndOfFile when there is none, with the file and line number.
+  /// The next line as UTF-8; kPastEndOfFile when there is none, kOutOfMemory when it is longer than
+  /// a line may be, with the file and line number.
   std::string readLine();
-  bool atEnd() const { return position_ >= bytes_.size(); }
+  bool atEnd();
   int lineNumber() const { return line_; }  ///< of the line read last, from 1
   const std::string& path() const { return path_; }
-  std::size_t size() const { return bytes_.size(); }  ///< of the whole file, in bytes
+  std::uintmax_t size() const;                          ///< of the whole file, in bytes
+  std::size_t bytesRead() const { return bytesRead_; }  ///< up to the end of the line read last
 
  private:
+  bool readBlock();
+  void takeUpTo(std::size_t end, std::string& line);
+  [[noreturn]] void fail(int number, const std::string& what) const;
+
   std::string path_;
-  std::string bytes_;
+  std::ifstream stream_;
+  std::string block_;  // what was read of the file last
   std::size_t position_ = 0;
+  std::size_t bytesRead_ = 0;
   int line_ = 0;
 };
 
-/// Writes an 8-bit text file (code page 1252), CR LF after each line. The file is created, or
-/// replaced, by the constructor: kPathAccess if it can't be. What was written stays when the
+/// Writes 8-bit text (code page 1252), CR LF after each line. What was written stays when the
 /// writer goes.
 class TextWriter {
  public:
+  /// Creates the file, or replaces it. kPathAccess if that can't be done, or if a folder, a device
+  /// or a pipe stands there.
   explicit TextWriter(const std::string& path);
+  /// Appends to a string, which must outlive it, what would go to a file.
+  explicit TextWriter(std::string* bytes) : bytes_(bytes) {}
 
   void writeLine(std::string_view utf8);
   /// Hands everything to the system; kPathAccess if it didn't take it.
@@ -49,6 +66,7 @@ class TextWriter {
  private:
   std::string path_;
   std::ofstream stream_;
+  std::string* bytes_ = nullptr;
 };
 
 }  // namespace korvane

@@ -44,12 +44,16 @@ void commitOpenDialogs(Dialogs& dialogs) {
 
 void add_Click(Engine& engine, Deck& deck) {
   if (!roomForRow(engine, deck.efxCount)) return;
-  ++deck.efxCount;
-  const std::int16_t slot = toInt16(deck.efxCount + deck.efxDeleted - 1);
-  deck.efx.resize(static_cast<std::size_t>(slot) + 2);
-  deck.efxEdited.resize(static_cast<std::size_t>(slot) + 2);
+  const std::int16_t slot = toInt16(deck.efxCount + deck.efxDeleted);
+  const auto at = static_cast<std::size_t>(slot);
+  deck.efx.resize(at + 2);
+  deck.efxEdited.resize(at + 2);
+  deck.efxEdited[at] = false;
+  Effect& effect = deck.efx[at];
+  effect = {};  // a load that failed may have left half a record here
   addRow(deck.efxList, "new effect", slot);
-  Effect& effect = deck.efx[static_cast<std::size_t>(slot)];
+  ++deck.efxCount;
+  if (deck.efxCount == 1) deck.sel = slot;  // the row that is selected
   effect.name = "new effect";
   effect.type = kColor;
   effect.color1 = deck.isB() ? engine.v.colorBlue : engine.v.colorRed;
@@ -57,10 +61,11 @@ void add_Click(Engine& engine, Deck& deck) {
 
 void remove_Click(Engine& engine, Deck& deck) {
   if (removeRow(deck.efxList)) {
-    deck.sel = slotOfCurrent(deck.efxList);
-    deck.type.setIndex(deck.effect().type);
+    // The next effect may fail to start; the row is gone all the same.
     --deck.efxCount;
     ++deck.efxDeleted;
+    deck.sel = slotOfCurrent(deck.efxList);
+    deck.type.setIndex(deck.effect().type);
   }
   warnOfDeleted(engine);
 }
@@ -99,6 +104,9 @@ void pasteMem_Click(Engine& engine, Deck& deck) {
   const int row = rowOfSlot(deck.efxList, deck.sel);
   if (row >= 0) deck.efxList.setCell(row, 0, effect.name);
   copyEffectFields(engine.v.efxClipboard, effect);
+  // The grid may have changed since the picture was copied.
+  if (effect.type == kPaint)
+    effect.paintPixels.resizeKeeping(engine.v.matrixCols, engine.v.matrixRows);
   editedFlag(deck) = true;
   efxList_Click(engine, deck);
 }
@@ -126,6 +134,7 @@ void edit_Click(Engine& engine, Deck& deck) {
   // Only the left deck makes room for all times of a Color Change. Meant.
   if (type == kColorChange && !deck.isB()) {
     effect.itemTimes.resize(static_cast<std::size_t>(effect.colorCount) + 1);
+    fitLists(effect);
   }
   if (type < 0) return;
   EffectDialog* dialog = engine.dialogs->byType[static_cast<std::size_t>(type)];

@@ -6,7 +6,8 @@ namespace korvane {
 
 // The handlers of a deck's effect list. Records live in slots and never move; rows come and go.
 
-/// Adds a row with a Color effect in the deck's own colour. It is not selected and nothing starts.
+/// Adds a row with a Color effect in the deck's own colour. Only the first row of a list is
+/// selected, and nothing starts.
 void add_Click(Engine& engine, Deck& deck);
 /// Removes the selected row; the row above it is selected.
 void remove_Click(Engine& engine, Deck& deck);

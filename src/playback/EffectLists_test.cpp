@@ -21,10 +21,10 @@ class AllLists : public TestPlugin {
   void SetUp() override { ASSERT_TRUE(open()); }
 };
 
-TEST_P(EffectLists, StartWithOneUnselectedRowInTheDecksColour) {
+TEST_P(EffectLists, StartWithOneSelectedRowInTheDecksColour) {
   EXPECT_EQ(texts(deck.efxList), Texts{"new effect"});
   EXPECT_EQ(slots(deck.efxList), Texts{"0"});
-  EXPECT_EQ(deck.efxList.selected(), -1);
+  EXPECT_EQ(deck.efxList.selected(), 0);
   EXPECT_EQ(deck.efxList.current(), 0);
   EXPECT_EQ(deck.efx[0].color1, deck.isB() ? rgb(0, 0, 255) : rgb(255, 0, 0));
   EXPECT_FALSE(deck.efxEdited[0]);
@@ -35,7 +35,7 @@ TEST_P(EffectLists, AnAddedRowIsNotSelectedAndStartsNothing) {
   deck.frame.fill({1, 2, 3});
   add(1);
   EXPECT_EQ(slots(deck.efxList), (Texts{"0", "1"}));
-  EXPECT_EQ(deck.efxList.selected(), -1);
+  EXPECT_EQ(deck.efxList.selected(), 0);
   EXPECT_EQ(deck.sel, 0);
   EXPECT_EQ(deck.frame.at(0, 0), (Rgb{1, 2, 3}));
 }

@@ -61,20 +61,21 @@ FadeEntry& selectedFade(Engine& engine) {
 void addX_Click(Engine& engine) {
   Variablen& v = engine.v;
   if (!roomForRow(engine, v.efxXCount)) return;
-  ++v.efxXCount;
-  const std::int16_t slot = toInt16(v.efxXCount + v.efxXDeleted - 1);
+  const std::int16_t slot = toInt16(v.efxXCount + v.efxXDeleted);
   v.efxX.resize(static_cast<std::size_t>(slot) + 2);
   addRow(engine.master.efxXList, "new fade", slot);
+  ++v.efxXCount;
+  if (v.efxXCount == 1) v.selX = slot;  // the row that is selected
   v.efxX[static_cast<std::size_t>(slot)] = {kCrossFade, "new fade", kNewFadeSeconds, v.colorRed};
 }
 
 void removeX_Click(Engine& engine) {
   Variablen& v = engine.v;
   if (removeRow(engine.master.efxXList)) {
-    v.selX = slotOfCurrent(engine.master.efxXList);
-    showSelectedFade(engine);
     --v.efxXCount;
     ++v.efxXDeleted;
+    v.selX = slotOfCurrent(engine.master.efxXList);
+    showSelectedFade(engine);
   }
   warnOfDeleted(engine);
 }

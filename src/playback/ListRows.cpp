@@ -18,6 +18,7 @@ bool roomForRow(Engine& engine, std::int16_t count) {
 
 void addRow(ListView& list, const std::string& name, std::int16_t slot) {
   list.add(name, {std::to_string(slot)});
+  if (list.count() == 1) list.select(0);
 }
 
 std::int16_t slotOfCurrent(const ListView& list) {

@@ -18,7 +18,7 @@ inline constexpr int kSlotColumn = 1;
 
 /// True if there is room for one more row; else shows why not.
 bool roomForRow(Engine& engine, std::int16_t count);
-/// Adds a row, unselected.
+/// Adds a row. The first one of a list is selected, without an event; the others are not.
 void addRow(ListView& list, const std::string& name, std::int16_t slot);
 /// Slot of the current row. kObjectNotSet for an empty list.
 std::int16_t slotOfCurrent(const ListView& list);

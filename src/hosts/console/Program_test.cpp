@@ -401,5 +401,15 @@ TEST(RunningProgram, AdvanceInRealTimeWaits) {
   EXPECT_GE(after - before, 120);
 }
 
+TEST_F(Program, TellsOfAFailedSaveOnStandardError) {
+  const std::string path = folder + "/none/p.Korvane";
+  const Result result = run("", "answer " + path + "\nclick MatrixForm.save\nboxes\n");
+  EXPECT_THAT(result.replies,
+              ElementsAre(R"({"ok":true})", R"({"ok":true})", R"({"ok":true,"boxes":[]})"));
+  EXPECT_EQ(result.complaint, "korvane-console: " + path + " was not saved: Path/File access " +
+                                  "error: " + path + ": No such file or directory. There is no " +
+                                  "whole version of it.\n");
+}
+
 }  // namespace
 }  // namespace korvane

@@ -77,6 +77,7 @@ Desk::Desk(const Options& options, const std::optional<OutputTarget>& target)
            [this](std::int64_t time, const TimerQueue::Gate& gate) { advance(time, gate); }}) {
   platform_.format = options.format;
   platform_.clock = wallTimeOfDay;
+  platform_.tell = complain;
 #ifdef KORVANE_PICTURES  // without Qt no picture can be read
   platform_.pictures = readPicture;
 #endif

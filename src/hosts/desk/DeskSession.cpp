@@ -60,17 +60,7 @@ bool DeskSession::load(const std::string& show) {
 void DeskSession::openTool() {
   const bool first = !plugin.matrixForm.loaded();
   gate.run([this] { plugin.engine.desktop.show(plugin.matrixForm); });
-  if (!first || !plugin.matrixForm.loaded()) return;
-  selectFirstRows();
-  keepAll();
-}
-
-// The lists of a new project begin without a selected row, and then a save would write a file that
-// can't be read.
-void DeskSession::selectFirstRows() {
-  Engine& engine = plugin.engine;
-  for (ListView* list : {&engine.v.A.efxList, &engine.v.B.efxList, &engine.master.efxXList})
-    gate.run([list] { list->click(0, 0); });
+  if (first && plugin.matrixForm.loaded()) keepAll();
 }
 
 void DeskSession::follow(DeskSession& before) {

@@ -49,7 +49,6 @@ class DeskSession {
     std::optional<std::string> kept;
   };
 
-  void selectFirstRows();
   void keep(Document& document);
   void keepAll();
   bool changed(const Document& document);

@@ -21,6 +21,11 @@ class PlayerPlatform : public HeadlessPlatform {
   PlayerPlatform() { format = localeFormat(); }
   void messageBox(const std::string& text) override { tell(text); }
   void failed(const Failure& failure) override { tell(failure.what()); }
+  void saveFailed(const FailedSave& failed) override { tell(failed.told()); }
+  bool startsWithout(const BrokenGrid& grid) override {
+    tell(grid.told());
+    return true;
+  }
   std::int64_t timeOfDay() override { return wallTimeOfDay(); }
   Raster loadPicture(const std::string& path) override;
 

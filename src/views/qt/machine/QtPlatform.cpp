@@ -105,4 +105,11 @@ void QtPlatform::failed(const Failure& failure) {
   failureBox_->show();
 }
 
+void QtPlatform::saveFailed(const FailedSave& failed) { messageBox(failed.told()); }
+
+bool QtPlatform::startsWithout(const BrokenGrid& grid) {
+  messageBox(grid.told());
+  return true;
+}
+
 }  // namespace korvane

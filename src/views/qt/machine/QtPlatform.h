@@ -23,6 +23,9 @@ class QtPlatform : public Platform {
   /// Waits for nobody: a failure that comes again while its box is open only counts up in it. A
   /// cancelled dialog is the person's own wish and shows nothing.
   void failed(const Failure& failure) override;
+  void saveFailed(const FailedSave& failed) override;
+  /// Tells the person, and goes on.
+  bool startsWithout(const BrokenGrid& grid) override;
 
  private:
   QPointer<QMessageBox> failureBox_;
