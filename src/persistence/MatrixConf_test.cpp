@@ -148,7 +148,7 @@ TEST_F(DefinitionWindow, PaintPicturesKeepTheirContentsInBothDimensions) {
 }
 
 // Only the slots up to the number of rows are looked at; a removal pushes a picture beyond them.
-TEST_F(DefinitionWindow, APictureInALaterSlotKeepsItsOldSize) {
+TEST_F(DefinitionWindow, APictureInALaterSlotFollowsTheGrid) {
   ASSERT_TRUE(open());
   click(plugin.matrixForm.panelA.add);
   pick(v.A.efxList, 1);
@@ -160,7 +160,7 @@ TEST_F(DefinitionWindow, APictureInALaterSlotKeepsItsOldSize) {
   configure();
   choose(conf.ncol, 4);
   EXPECT_EQ(v.A.efx[0].paintPixels.cols(), 5);
-  EXPECT_EQ(v.A.efx[1].paintPixels.cols(), 12);
+  EXPECT_EQ(v.A.efx[1].paintPixels.cols(), 5);
 }
 
 TEST_F(DefinitionWindow, TheShowGoesOnWhileTheSizeChanges) {

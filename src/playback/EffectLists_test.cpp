@@ -223,13 +223,15 @@ TEST_P(EffectLists, PasteLeavesTheFieldsOfOtherTypes) {
   EXPECT_EQ(deck.efx[0].tickerText, "stays");
 }
 
-TEST_P(EffectLists, APictureCopiedBeforeTheGridChangedKeepsItsOldBounds) {
+TEST_P(EffectLists, APictureCopiedBeforeTheGridChangedIsPastedInTheGridsSize) {
   choose(deck.type, kPaint);
+  const Color corner = deck.effect().paintPixels.at(4, 3);
   click(panel.copyMem);
   resize(5, 4);
   click(panel.pasteMem);
-  EXPECT_EQ(deck.efx[0].paintPixels.cols(), 12);
-  EXPECT_EQ(deck.efx[0].paintPixels.rows(), 12);
+  EXPECT_EQ(deck.efx[0].paintPixels.cols(), 5);
+  EXPECT_EQ(deck.efx[0].paintPixels.rows(), 4);
+  EXPECT_EQ(deck.efx[0].paintPixels.at(4, 3), corner);
 }
 
 TEST_P(EffectLists, APictureThatMissedAChangeOfTheGridIsCopiedInTheGridsSize) {
@@ -317,7 +319,7 @@ TEST_P(EffectLists, OnlyTheLeftEditMakesRoomForAllTimes) {
   choose(deck.type, kColorChange);
   deck.efx[0].colorCount = 3;
   deck.efx[0].colors = {1, 2, 3, 0};
-  deck.efx[0].itemTimes = {1.0, 2.0, 3.0};
+  deck.efx[0].itemTimes = {1.0, 2.0, 3.0};  // as no way through the windows leaves it
   click(panel.edit);
   EXPECT_EQ(deck.efx[0].itemTimes.size(), deck.isB() ? 3U : 4U);
 }
