@@ -102,15 +102,6 @@ TEST_P(ColorChangeDialog, AListChangeMovesAPositionOfMinus1To0Alone) {
   EXPECT_EQ(deck.colorIndex, 1);
 }
 
-TEST_P(ColorChangeDialog, RemovingTheCurrentLastColourTakesTheSpareSlot) {
-  open({kRed, kGreen, kBlue}, {1, 2, 3});
-  event([this] { dialog.ColorList.click(2, 0); });
-  click(dialog.removeColor);
-  EXPECT_EQ(deck.colorIndex, 2);
-  EXPECT_EQ(effect.color1, 0);
-  EXPECT_EQ(deck.timer1.interval(), 0) << "the spare time; the timer stands until the next change";
-}
-
 TEST_P(ColorChangeDialog, AChosenModeWaitsForTheEndOfARunningTransition) {
   effect.amount = 100;
   open({kRed, kGreen}, {1, 1});
