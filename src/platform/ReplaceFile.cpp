@@ -135,8 +135,12 @@ void requireReplaceable(const std::string& target, const std::string& path) {
   require(std::ofstream(systemPath(target), std::ios::app).good(), path);
 }
 
+// Empty for links in a circle, too.
 std::string wholeVersion(const std::string& path, const EndsEarly& endsEarly) {
-  for (const std::string& file : {behindLinks(path), behindLinks(path) + ".bak"}) {
+  std::error_code error;
+  if (fs::status(systemPath(path), error).type() == fs::file_type::none) return {};
+  const std::string target = behindLinks(path);
+  for (const std::string& file : {target, target + ".bak"}) {
     if (fileExists(file) && !endsEarly(file)) return file;
   }
   return {};

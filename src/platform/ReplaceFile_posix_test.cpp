@@ -12,6 +12,7 @@
 #include <iterator>
 
 #include "platform/Failure.h"
+#include "platform/HeadlessPlatform.h"
 #include "platform/ReplaceFile.h"
 
 namespace korvane {
@@ -96,6 +97,9 @@ TEST_F(ReplaceFilePosix, ACircleOfLinksIsRefused) {
   fs::create_symlink("other", path);
   fs::create_symlink("show", folder + "/other");
   EXPECT_EQ(save(path, "new"), kPathAccess);
+  HeadlessPlatform platform;
+  tellOfFailedSave(platform, path, "why", [](const std::string&) { return false; });
+  EXPECT_EQ(platform.failedSaves.at(0).whole, "");
 }
 
 TEST_F(ReplaceFilePosix, APipeAndADeviceAreRefusedAtOnce) {
