@@ -104,7 +104,7 @@ BENCHMARK(secondOfDesk)
 int main(int argc, char** argv) {
   if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
   QApplication application(argc, argv);
-  korvane::applyTheme(application);
+  korvane::qt::applyTheme(application);
   benchmark::Initialize(&argc, argv);
   benchmark::RunSpecifiedBenchmarks();
 }

@@ -1,16 +1,20 @@
 #include "commands/Describe.h"
 
-#include "platform/Controls.h"
-#include "platform/ListView.h"
+#include "platform/Kinds.h"
 
 namespace korvane {
 namespace {
 
-Json list(const ListBox& list) {
+// The fields that only this kind of control has; a kind without a line here does not compile.
+
+// Only picture buttons can be shown pressed.
+Json own(const Button&) { return {{"pressed", false}}; }
+Json own(const PictureButton& button) { return {{"pressed", button.pressed()}}; }
+Json own(const CheckBox& box) { return {{"value", box.value()}}; }
+Json own(const ListBox& list) {
   return {{"items", list.items()}, {"index", list.index()}, {"text", list.text()}};
 }
-
-Json listView(const ListView& list) {
+Json own(const ListView& list) {
   Json columns = Json::array();
   for (const ListView::Column& column : list.columns()) columns.push_back(column.title);
   Json rows = Json::array();
@@ -22,43 +26,17 @@ Json listView(const ListView& list) {
   }
   return {{"columns", columns}, {"rows", rows}, {"current", list.current()}};
 }
-
-Json slider(const Slider& slider) {
+Json own(const TextBox& box) { return {{"text", box.text()}}; }
+Json own(const Slider& slider) {
   return {{"value", slider.value()}, {"min", slider.min()}, {"max", slider.max()}};
 }
-
-Json picture(const PictureBox& box) {
+Json own(const PictureBox& box) {
   return {
       {"width", box.width()}, {"height", box.height()}, {"backColor", hexColor(box.backColor())}};
 }
-
-/// The fields that only this kind of control has.
-Json ownFields(const Control& control) {
-  switch (control.kind()) {
-    case Kind::Button:
-      return {{"pressed", false}};  // only picture buttons can be shown pressed
-    case Kind::PictureButton:
-      return {{"pressed", static_cast<const PictureButton&>(control).pressed()}};
-    case Kind::CheckBox:
-      return {{"value", static_cast<const CheckBox&>(control).value()}};
-    case Kind::ListBox:
-      return list(static_cast<const ListBox&>(control));
-    case Kind::ListView:
-      return listView(static_cast<const ListView&>(control));
-    case Kind::TextBox:
-      return {{"text", static_cast<const TextBox&>(control).text()}};
-    case Kind::Slider:
-      return slider(static_cast<const Slider&>(control));
-    case Kind::PictureBox:
-      return picture(static_cast<const PictureBox&>(control));
-    case Kind::ColorBox:
-      return {{"backColor", hexColor(static_cast<const ColorBox&>(control).backColor())}};
-    case Kind::Label:
-    case Kind::Group:
-      break;
-  }
-  return Json::object();
-}
+Json own(const ColorBox& box) { return {{"backColor", hexColor(box.backColor())}}; }
+Json own(const Label&) { return Json::object(); }
+Json own(const Group&) { return Json::object(); }
 
 }  // namespace
 
@@ -81,7 +59,7 @@ Json describe(const Control& control) {
                  {"enabled", look.enabled},
                  {"caption", look.caption},
                  {"toolTip", look.toolTip}};
-  fields.update(ownFields(control));
+  fields.update(asItsKind(control, [](const auto& what) { return own(what); }));
   return fields;
 }
 

@@ -75,7 +75,7 @@ void act(Engine& engine, const Target& target, const Gesture& gesture) {
   requireReach(engine, target);
   for (const Event& event : gesture.events) {
     event();
-    if (!obstacle(engine, target).empty()) return;
+    if (!gesture.whole && !obstacle(engine, target).empty()) return;
   }
 }
 

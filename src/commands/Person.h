@@ -46,11 +46,12 @@ using Event = std::function<void()>;
 struct Gesture {
   std::vector<Event> events;
   const ListView* editor = nullptr;  ///< the list whose open in-place editor it types into
+  bool whole = false;                ///< every event arrives, even if a window opens in between
 };
 
 /// What a person does to a target: any other open in-place editor closes first, the window becomes
 /// the active one, then the events follow for as long as the target can be reached: a window that
-/// opens modally takes the pointer away.
+/// opens modally takes the pointer away, but for the release that belongs to a double click.
 void act(Engine& engine, const Target& target, const Gesture& gesture);
 
 }  // namespace korvane

@@ -24,7 +24,7 @@ Gesture click(Console&, const Target& target, const Arguments&) {
   if (auto* button = as<PictureButton>(target)) return {{[=] { button->click(); }}};
   if (auto* box = as<ColorBox>(target)) return {{[=] { box->click(); }}};
   if (auto* label = as<Label>(target)) return {{[=] { label->click(); }}};
-  if (auto* box = as<CheckBox>(target)) return {{[=] { box->setValue(box->checked() ? 0 : 1); }}};
+  if (auto* box = as<CheckBox>(target)) return {{[=] { box->click(); }}};
   if (target.control == nullptr && target.form->onClick) return {{target.form->onClick}};
   refuseKind(target, "click");
 }
@@ -39,7 +39,7 @@ Gesture setText(TextBox& box, const Target& target, const std::string& text) {
 Gesture set(Console&, const Target& target, const Arguments& arguments) {
   if (auto* list = as<ListBox>(target)) {
     const int index = arguments.index(0, "VALUE", list->items().size());
-    return {{[=] { list->setIndex(index); }}};
+    return {{[=] { list->choose(index); }}};
   }
   if (auto* box = as<TextBox>(target)) return setText(*box, target, arguments.text(0));
   if (auto* slider = as<Slider>(target)) {
@@ -109,7 +109,7 @@ Gesture mouse(Console&, const Target& target, const Arguments& arguments) {
   if (action == "move") return {{at(box, Mouse::Move, x, y)}};
   if (action == "up") return {{up}};
   if (action == "click") return {{down, up, clicked}};
-  if (action == "dblclick") return {{down, up, clicked, down, doubled, up}};
+  if (action == "dblclick") return {{down, up, clicked, down, doubled, up}, nullptr, true};
   throw CommandError("The pointer can do down, move, up, click or dblclick, not " +
                      inQuotes(action) + ".");
 }

@@ -19,10 +19,14 @@ TEST_F(TestConsole, ClickOnAWindowIsForWindowsThatListen) {
            R"({"ok":false,"error":"Demo is a window, which 'click' does not act on."})"}});
 }
 
-TEST_F(TestConsole, SetChangesValuesAndRunsHandlersOnAChangeOnly) {
+TEST_F(TestConsole, SetChoosesTheEntryThatIsShownAlready) {
   expect({{"set Demo.list 1", kOk, {"list two"}},
-          {"set Demo.list 1", kOk},
-          {"set Demo.text \"new text\"", kOk, {"text new text"}},
+          {"set Demo.list 1", kOk, {"list two"}},
+          {"set Demo.list 0", kOk, {"list one"}}});
+}
+
+TEST_F(TestConsole, SetChangesValuesAndRunsHandlersOnAChangeOnly) {
+  expect({{"set Demo.text \"new text\"", kOk, {"text new text"}},
           {"set Demo.text \"new text\"", kOk},
           {"set Demo.text \"\"", kOk, {"text "}},
           {"set Demo.slider 0", kOk},
@@ -103,13 +107,18 @@ TEST_F(TestConsole, MouseRefusesWhatAPointerCanNotDo) {
            R"({"ok":false,"error":"X2 must be a whole number, not 'a'."})"}});
 }
 
-TEST_F(TestConsole, AWindowThatOpensModallyTakesThePointerAway) {
+TEST_F(TestConsole, ADoubleClickThatOpensAWindowModallyIsReleasedAllTheSame) {
   demo.picture.onDblClick = [this] {
     engine.desktop.showModal(ask, [this] { log.emplace_back("closed"); });
   };
   expect({{"mouse Demo.picture dblclick 0 1",
            R"({"ok":true,"modal":"Ask"})",
-           {"down 0 1", "up 0 1", "click", "down 0 1", "Ask activate"}}});
+           {"down 0 1", "up 0 1", "click", "down 0 1", "Ask activate", "up 0 1"}}});
+}
+
+TEST_F(TestConsole, AClickThatOpensAWindowModallyLosesThePointer) {
+  demo.picture.onMouseDown = [this](int, int) { engine.desktop.showModal(ask, nullptr); };
+  expect({{"mouse Demo.picture click 0 1", R"({"ok":true,"modal":"Ask"})", {"Ask activate"}}});
 }
 
 TEST_F(TestConsole, KeyGoesToAWindowOrATextBox) {

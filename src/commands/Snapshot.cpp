@@ -1,12 +1,12 @@
 #include "commands/Snapshot.h"
 
-#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <ostream>
 #include <vector>
 
 #include "commands/CommandError.h"
+#include "platform/Text.h"
 
 #ifndef __clang_analyzer__  // the code behind it is not ours to examine
 #define STB_IMAGE_WRITE_IMPLEMENTATION
@@ -61,12 +61,6 @@ struct Format {
   Bytes (*encode)(int width, int height, const Bytes& rgb);
 };
 constexpr Format kFormats[] = {{".bmp", bmp}, {".png", png}, {".ppm", ppm}};
-
-std::string lowerCase(std::string text) {
-  std::transform(text.begin(), text.end(), text.begin(),
-                 [](char c) { return 'A' <= c && c <= 'Z' ? static_cast<char>(c + 32) : c; });
-  return text;
-}
 
 const Format& formatOf(const std::string& path) {
   const std::string lower = lowerCase(path);

@@ -50,20 +50,13 @@ void MatrixConf::bind() {
   onActivate = [this] { showSize(); };
   ncol.onClick = [this] { resize(engine_.v.matrixCols, ncol); };
   nrow.onClick = [this] { resize(engine_.v.matrixRows, nrow); };
-  mxbild.onMouseUp = [this](int x, int y) {
-    engine_.v.cellCol = x;
-    engine_.v.cellRow = y;
-  };
+  mxbild.onMouseUp = [this](int x, int y) { mxbild_MouseUp(x, y); };
   mxbild.onDblClick = [this] { mxbild_DblClick(); };
   mxbild.onResize = [this] {
     if (loaded()) redraw_config();
   };
-  fastConfig.onClick = [this] {
-    if (Form* window = engine_.desktop.find("quickConf")) engine_.desktop.show(*window);
-  };
-  help.onClick = [this] {
-    if (Form* window = engine_.desktop.find("MatrixConfigHelp")) engine_.desktop.show(*window);
-  };
+  fastConfig.onClick = [this] { engine_.desktop.show(engine_.desktop.named("quickConf")); };
+  help.onClick = [this] { engine_.desktop.show(engine_.desktop.named("MatrixConfigHelp")); };
   save.onClick = [this] { save_Click(); };
   load.onClick = [this] { load_Click(); };
   OK.onClick = [this] { OK_Click(); };
@@ -141,6 +134,14 @@ void MatrixConf::drawCell(int col, int row) {
   mxbild.fillRect(x, y, x + cellSize_, y + cellSize_,
                   v.cellConfigured.at(col, row) ? v.colorWhite : v.colorGray);
   mxbild.drawRect(x, y, x + cellSize_, y + cellSize_, v.colorBlack);
+}
+
+// The release that ends a double click comes when the detail window is open already: by then the
+// two hold the cell that the window is about.
+void MatrixConf::mxbild_MouseUp(int x, int y) {
+  if (detail.visible()) return;
+  engine_.v.cellCol = x;
+  engine_.v.cellRow = y;
 }
 
 void MatrixConf::mxbild_DblClick() {

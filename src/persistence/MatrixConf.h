@@ -48,6 +48,7 @@ class MatrixConf : public Form {
   void loadFile();
   void saveFile();
   void drawCell(int col, int row);
+  void mxbild_MouseUp(int x, int y);
   void mxbild_DblClick();
   void OK_Click();
   /// Moves the suggestion on to the next free channel and returns its code.

@@ -60,6 +60,68 @@ TEST_F(DefinitionWindow, ADoubleClickOffersTheNextChannelsButNeverTheFirst) {
   EXPECT_EQ(conf.detail.R.text(), "5");  // the counters keep their advance
 }
 
+// The orders in which Windows sends what a hand does in a double click: down, up, double click, up,
+// with moves in between, and the last release lost where the open detail window takes it.
+class LampByHand : public DefinitionWindow, public testing::WithParamInterface<int> {
+ protected:
+  enum class Last { Captured, MovedAndCaptured, Lost };
+
+  void configureLamp(int col, int row, Last last) {
+    const int cell = conf.mxbild.width() / GetParam();
+    const int x = col * cell + cell / 2;
+    const int y = row * cell + cell / 2;
+    const Gate gate = [this](const std::function<void()>& what) { event(what); };
+    PictureBox& box = conf.mxbild;
+    box.move(x - 1, y, false, gate);
+    box.press(x, y, gate);
+    box.move(x, y + 1, true, gate);
+    box.release(x, y, true, gate);
+    box.twice(x, y, gate);
+    ASSERT_EQ(engine.desktop.modal(), &conf.detail);
+    if (last == Last::MovedAndCaptured) box.move(x + 1, y + 1, true, gate);
+    if (last != Last::Lost) box.release(x + 1, y + 1, true, gate);
+    EXPECT_EQ(v.cellCol, col);
+    EXPECT_EQ(v.cellRow, row);
+    EXPECT_TRUE(click(conf.detail.setConfig));
+    EXPECT_FALSE(conf.detail.visible());
+    box.move(x, y, false, gate);
+    EXPECT_FALSE(box.buttonHeld());
+  }
+  int configuredLamps() const {
+    int count = 0;
+    for (int col = 0; col < v.matrixCols; ++col) {
+      for (int row = 0; row < v.matrixRows; ++row) count += v.cellConfigured.at(col, row) ? 1 : 0;
+    }
+    return count;
+  }
+};
+
+TEST_P(LampByHand, IsTheOneThatWasDoubleClickedHoweverTheButtonComesUp) {
+  ASSERT_TRUE(open());
+  configure();
+  choose(conf.ncol, GetParam() - 1);
+  choose(conf.nrow, GetParam() - 1);
+  configureLamp(2, 3, Last::Captured);
+  configureLamp(0, 1, Last::MovedAndCaptured);
+  configureLamp(GetParam() - 1, GetParam() - 1, Last::Lost);
+  EXPECT_EQ(v.channelMap.at(2, 3), (ChannelMap::Codes{2, 3, 4}));
+  EXPECT_EQ(v.channelMap.at(0, 1), (ChannelMap::Codes{5, 6, 7}));
+  EXPECT_EQ(v.channelMap.at(GetParam() - 1, GetParam() - 1), (ChannelMap::Codes{8, 9, 10}));
+  EXPECT_EQ(configuredLamps(), 3);
+}
+
+INSTANTIATE_TEST_SUITE_P(Grid, LampByHand, testing::Values(12, 50));
+
+TEST_F(DefinitionWindow, ChoosingTheSizeThatTheGridHasKeepsItsMap) {
+  ASSERT_TRUE(open());
+  configure();
+  loadBytes("x\r\n2,1,False\r\n1,2,3\r\n4,5,6\r\n");
+  choose(conf.ncol, 1);
+  choose(conf.nrow, 0);
+  EXPECT_EQ(v.channelMap.at(1, 0), (ChannelMap::Codes{4, 5, 6}));
+  EXPECT_TRUE(v.cellConfigured.at(0, 0));
+}
+
 TEST_F(DefinitionWindow, SetChannelsGoToTheCellWhichTurnsWhite) {
   ASSERT_TRUE(open());
   configure();

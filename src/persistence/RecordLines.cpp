@@ -1,10 +1,10 @@
 #include "persistence/RecordLines.h"
 
 #include <algorithm>
-#include <cctype>
 #include <vector>
 
 #include "platform/Failure.h"
+#include "platform/Text.h"
 #include "state/EffectFields.h"
 
 namespace korvane {
@@ -13,12 +13,6 @@ namespace {
 // A small file can name far more pictures than it has lines for: they may take this many bytes and
 // four for each byte read, which is more than a file of full pictures needs.
 constexpr std::size_t kPictureBytes = std::size_t{16} << 20;
-
-std::string lowerCase(std::string text) {
-  std::transform(text.begin(), text.end(), text.begin(),
-                 [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-  return text;
-}
 
 bool toBoolean(std::string_view text, const NumberFormat& format) {
   const std::string word = lowerCase(std::string(text));

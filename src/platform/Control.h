@@ -37,7 +37,8 @@ struct Look {
 };
 
 /// A named value with events. A program and a person set the value through the same call, and
-/// the event fires only if the value really changes.
+/// the event fires only if the value really changes. Only what a person chooses of a list always
+/// counts, and has a call of its own.
 class Control {
  public:
   Control(Kind kind, std::string name, Look look);

@@ -7,6 +7,7 @@
 
 #include "platform/Color.h"
 #include "platform/Control.h"
+#include "platform/Gate.h"
 #include "platform/Icons.h"
 
 namespace korvane {
@@ -20,6 +21,8 @@ class Button : public Control {
   /// Background colour; -1 for the view's own.
   Color backColor() const { return backColor_; }
   void setBackColor(Color color);
+  /// True if the button has the view's own face.
+  bool plain() const;
 
   std::function<void()> onClick;
 
@@ -53,6 +56,8 @@ class CheckBox : public Control {
   int value() const { return value_; }  ///< 0 or 1
   bool checked() const { return value_ != 0; }
   void setValue(int value);
+  /// A person's click turns the value over.
+  void click() { setValue(checked() ? 0 : 1); }
 
   std::function<void()> onClick;  ///< the value changed
 
@@ -75,14 +80,20 @@ class ListBox : public Control {
   int index() const { return index_; }  ///< from 0, -1 for none
   /// Text of the chosen entry, empty for none.
   std::string text() const;
-  /// Chooses an entry, or none with -1. kInvalidPropertyValue for any other index.
+  /// A person chooses an entry, perhaps the one that is shown: the event fires in any case.
+  /// kInvalidPropertyValue for an index that no entry has.
+  void choose(int index);
+  /// The program shows an entry, or none with -1: the event fires if that is another one.
+  /// kInvalidPropertyValue for any other index.
   void setIndex(int index);
   /// Chooses an entry that must exist, counted from 1.
   void setEntry(int entry);
 
-  std::function<void()> onClick;  ///< the choice changed
+  std::function<void()> onClick;  ///< an entry was chosen
 
  private:
+  void require(int index, int least) const;
+
   Style style_;
   std::vector<std::string> items_;
   int index_ = -1;
@@ -107,8 +118,16 @@ class TextBox : public Control {
 
   const std::string& text() const { return text_; }
   TextBoxStyle style() const { return style_; }
+  bool isPage() const { return style_.lines > 1; }
   void setText(std::string text);
   void keyPress(int key) { run(onKeyPress, key); }
+
+  /// Whether each keystroke hands the text over; else Enter and leaving the box do.
+  bool live() const { return style_.commit == TextBoxStyle::Commit::Live; }
+  /// True for the keys that a box tells its window of: Enter and Escape, which a page keeps.
+  bool takesKey(int key) const;
+  /// A person's key, at this text. Enter hands it over first.
+  void key(int key, const std::string& text, const Gate& gate);
 
   std::function<void()> onChange;
   std::function<void(int)> onKeyPress;  ///< key code: 13 Enter, 27 Escape
@@ -139,6 +158,11 @@ class Slider : public Control {
   int value() const { return value_; }  ///< at start 0, or the end that is nearest to it
   /// Moves the slider; a position beyond an end means that end.
   void setValue(int value);
+  /// How far a person's Page keys move it.
+  int pageStep() const;
+  /// The position at which the middle of its handle has gone so many of the `way` pixels that it
+  /// has, from the left or, for an upright slider, from the top, where its largest value is.
+  int valueAt(int along, int way) const;
 
   /// The position changed, whether by a person's drag or by a program: movement is one event.
   std::function<void()> onChange;

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+
 #include "testing/FailureOf.h"
 
 namespace korvane {
@@ -55,6 +57,29 @@ TEST(CheckBox, TheHandlerSeesTheNewValue) {
   EXPECT_EQ(seen, 1);
 }
 
+TEST(CheckBox, AClickTurnsItOver) {
+  Watched<CheckBox> box("active");
+  box.watch(box.onClick);
+  box.click();
+  EXPECT_EQ(box.value(), 1);
+  box.click();
+  EXPECT_EQ(box.value(), 0);
+  EXPECT_EQ(box.events, 2);
+}
+
+TEST(Button, GreyMeansThePlainFace) {
+  Button button("AutoFadeA");
+  EXPECT_TRUE(button.plain());
+  for (const Color grey : {rgb(220, 220, 220), rgb(0, 0, 0), rgb(255, 255, 255)}) {
+    button.setBackColor(grey);
+    EXPECT_TRUE(button.plain()) << grey;
+  }
+  for (const Color color : {rgb(255, 240, 150), rgb(254, 255, 255)}) {
+    button.setBackColor(color);
+    EXPECT_FALSE(button.plain()) << color;
+  }
+}
+
 TEST(ListBox, TellsOnlyAChange) {
   Watched<ListBox> list("fps");
   list.watch(list.onClick);
@@ -69,6 +94,22 @@ TEST(ListBox, TellsOnlyAChange) {
   list.setIndex(-1);
   EXPECT_EQ(list.text(), "");
   EXPECT_EQ(list.events, 2);
+}
+
+TEST(ListBox, APersonsChoiceOfTheEntryThatIsShownCounts) {
+  Watched<ListBox> list("typeA");
+  list.setItems({"Color", "Gradient"});
+  list.setIndex(1);
+  list.watch(list.onClick);
+  list.choose(1);
+  list.choose(1);
+  EXPECT_EQ(list.events, 2);
+  list.choose(0);
+  EXPECT_EQ(list.text(), "Color");
+  EXPECT_EQ(list.events, 3);
+  for (const int index : {-1, 2})
+    EXPECT_EQ(failureOf([&] { list.choose(index); }), kInvalidPropertyValue) << index;
+  EXPECT_EQ(list.events, 3);
 }
 
 TEST(ListBox, RefusesAnEntryThatItLacks) {
@@ -128,6 +169,47 @@ TEST(TextBox, AHandlerMayRewriteTheText) {
   box.setText("3");
   EXPECT_EQ(box.text(), "3.00");
   EXPECT_EQ(events, 2);  // once for the person, once for the rewriting
+}
+
+class TextKeys : public testing::Test {
+ protected:
+  std::vector<std::string> press(TextBox& box, int key, const std::string& text) {
+    std::vector<std::string> told;
+    box.onChange = [&] { told.push_back("text " + box.text()); };
+    box.onKeyPress = [&](int code) { told.push_back("key " + std::to_string(code)); };
+    box.key(key, text, [](const std::function<void()>& event) { event(); });
+    return told;
+  }
+};
+
+TEST_F(TextKeys, EnterHandsOverTheTextOfABoxThatWaitsForIt) {
+  TextBox live("myName");
+  TextBox late("fadeTimeText", {}, "3", {.commit = TextBoxStyle::Commit::OnLeave});
+  EXPECT_EQ(press(live, 13, "x"), Texts{"key 13"});
+  EXPECT_EQ(press(late, 13, "7"), (Texts{"text 7", "key 13"}));
+  EXPECT_EQ(press(late, 27, "8"), Texts{"key 27"});
+}
+
+TEST_F(TextKeys, AreTheBoxesEnterAndEscapeAndAPageKeepsThem) {
+  const TextBox line("myName");
+  const TextBox page("tickerText", {}, "", {.lines = 3});
+  EXPECT_TRUE(line.takesKey(13));
+  EXPECT_TRUE(line.takesKey(27));
+  EXPECT_FALSE(line.takesKey(32));
+  EXPECT_FALSE(page.takesKey(13));
+}
+
+TEST_F(TextKeys, AFailingTextDoesNotKeepTheKeyBack) {
+  TextBox late("fadeTimeText", {}, "3", {.commit = TextBoxStyle::Commit::OnLeave});
+  late.onChange = [] { throw Failure(kOverflow); };
+  int keys = 0;
+  int failures = 0;
+  late.onKeyPress = [&keys](int) { ++keys; };
+  late.key(13, "7", [&failures](const std::function<void()>& event) {
+    failures += failureOf(event) == kOverflow ? 1 : 0;
+  });
+  EXPECT_EQ(keys, 1);
+  EXPECT_EQ(failures, 1);
 }
 
 TEST(TextBox, HandsKeysOn) {
@@ -277,6 +359,24 @@ TEST(Icons, DirectionsCountCounterClockwiseFromUp) {
   EXPECT_LT(tip(3).first, 0.2);   // left
   EXPECT_GT(tip(5).second, 0.8);  // down
   EXPECT_GT(tip(7).first, 0.8);   // right
+}
+
+TEST(Slider, PageKeysMoveItByATenthOfItsRange) {
+  EXPECT_EQ(Slider("faderM", SliderRange{-100, 100}).pageStep(), 20);
+  EXPECT_EQ(Slider("Sred", SliderRange{0, 255}).pageStep(), 25);
+  EXPECT_EQ(Slider("few", SliderRange{0, 5}).pageStep(), 1);
+}
+
+TEST(Slider, APlaceOnItsWayIsAValue) {
+  const Slider level("faderM", SliderRange{-100, 100});
+  const Slider upright("Sred", SliderRange{0, 255, true});
+  const std::vector<std::array<int, 3>> cases = {
+      {-5, -100, 255}, {0, -100, 255}, {50, 0, 127}, {100, 100, 0}, {140, 100, 0}};
+  for (const auto& [along, flat, tall] : cases) {
+    EXPECT_EQ(level.valueAt(along, 100), flat) << along;
+    EXPECT_EQ(upright.valueAt(along, 100), tall) << along;
+  }
+  EXPECT_EQ(level.valueAt(3, 0), 100) << "a slider without any way";
 }
 
 }  // namespace

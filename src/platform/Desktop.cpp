@@ -3,12 +3,20 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/Failure.h"
+
 namespace korvane {
 
 Form* Desktop::find(const std::string& name) const {
   const auto found = std::find_if(forms_.begin(), forms_.end(),
                                   [&](const Form* form) { return form->name() == name; });
   return found == forms_.end() ? nullptr : *found;
+}
+
+Form& Desktop::named(const std::string& name) const {
+  Form* form = find(name);
+  if (form == nullptr) throw Failure(kObjectNotSet, "there is no window " + name);
+  return *form;
 }
 
 void Desktop::show(Form& form) {

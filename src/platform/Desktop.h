@@ -14,7 +14,10 @@ class Desktop {
  public:
   void add(Form& form) { forms_.push_back(&form); }
   const std::vector<Form*>& forms() const { return forms_; }
+  /// The window of this name, nullptr if there is none.
   Form* find(const std::string& name) const;
+  /// The window of this name. kObjectNotSet, with the name, if there is none.
+  Form& named(const std::string& name) const;
 
   /// Shows the window (load, then activate), or brings it to the front.
   void show(Form& form);

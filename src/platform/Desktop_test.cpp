@@ -51,6 +51,8 @@ class DesktopTest : public testing::Test {
 TEST_F(DesktopTest, FindsWindowsAndControlsByName) {
   EXPECT_EQ(desktop.find("b"), &b);
   EXPECT_EQ(desktop.find("nobody"), nullptr);
+  EXPECT_EQ(&desktop.named("b"), &b);
+  EXPECT_EQ(failureOf([this] { desktop.named("nobody"); }), kObjectNotSet) << "no silence";
   EXPECT_EQ(a.find("button"), &a.button);
   EXPECT_EQ(a.find("Button"), nullptr);
 }

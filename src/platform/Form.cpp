@@ -1,6 +1,7 @@
 #include "platform/Form.h"
 
 #include "platform/Controls.h"
+#include "platform/Keys.h"
 
 namespace korvane {
 
@@ -20,6 +21,10 @@ Control* Form::find(const std::string& name) const {
     if (control->name() == name) return control;
   }
   return nullptr;
+}
+
+bool Form::takesKey(int key) const {
+  return onKeyPress && (key == kEnterKey || key == kEscapeKey || key == kSpaceKey);
 }
 
 void Form::load() {

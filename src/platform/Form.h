@@ -45,6 +45,9 @@ class Form {
   /// The picture that is the window's whole surface, for a window without controls.
   PictureBox* surface = nullptr;
 
+  /// True for the keys that the window listens to: Enter, Escape and space, if it does at all.
+  bool takesKey(int key) const;
+
   std::function<void()> onLoad;
   std::function<void()> onActivate;     ///< the window becomes the active one
   std::function<void()> onClose;        ///< its frame's close button, before it is hidden

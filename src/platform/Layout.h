@@ -59,6 +59,13 @@ inline Layout row(const std::vector<Control*>& controls) {
   for (Control* control : controls) result.children.emplace_back(*control);
   return result;
 }
+/// True for a row whose first part is a Label: in Fields it stands in the column of the labels.
+inline bool beginsWithLabel(const Layout& part) {
+  return part.kind == Layout::Kind::Row && !part.children.empty() &&
+         part.children.front().kind == Layout::Kind::Item &&
+         part.children.front().control->kind() == Kind::Label;
+}
+
 inline Layout space(int stretch = 1) { return {Layout::Kind::Space, {}, stretch}; }
 
 }  // namespace korvane

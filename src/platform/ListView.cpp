@@ -1,8 +1,10 @@
 #include "platform/ListView.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "platform/Failure.h"
+#include "platform/Keys.h"
 
 namespace korvane {
 
@@ -48,11 +50,6 @@ void ListView::setCell(int row, int col, std::string text) {
   shown();
 }
 
-void ListView::setColor(int row, Color color) {
-  at(row).color = color;
-  shown();
-}
-
 void ListView::remove(int index) {
   at(index);
   rows_.erase(rows_.begin() + index);
@@ -95,6 +92,32 @@ void ListView::click(int row, int col) {
 void ListView::doubleClick(int row) {
   at(row);
   run(onDoubleClick, row);
+}
+
+void ListView::exchange(int row, int other) {
+  std::swap(at(row), at(other));
+  std::swap(at(row).selected, at(other).selected);
+  shown();
+}
+
+bool ListView::takesKey(int key) { return key == kEditKey || key == kSpaceKey || key == kEnterKey; }
+
+void ListView::key(int key) {
+  if (current_ < 0) return;
+  if (key == kEditKey) editCurrent();
+  if (key == kSpaceKey) click(current_, 0);
+  if (key == kEnterKey) doubleClick(current_);
+}
+
+void ListView::reach(int row) {
+  if (row >= 0 && row < count() && row != current_) click(row, 0);
+}
+
+void ListView::editCurrent() {
+  const auto editable = std::find_if(columns_.begin(), columns_.end(),
+                                     [](const Column& column) { return column.editable; });
+  if (editable != columns_.end())
+    beginEdit(current_, static_cast<int>(editable - columns_.begin()));
 }
 
 bool ListView::beginEdit(int row, int col) {

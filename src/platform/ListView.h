@@ -43,7 +43,6 @@ class ListView : public Control {
   /// Adds a row at the end, unselected. The first row becomes the current one.
   void add(std::string text, std::vector<std::string> sub = {}, Color color = 0);
   void setCell(int row, int col, std::string text);
-  void setColor(int row, Color color);
   /// Removes a row; the current one stays the same row or, if it goes, the row that takes its
   /// place. An open editor closes and what was typed is lost.
   void remove(int index);
@@ -60,6 +59,13 @@ class ListView : public Control {
   void click(int row, int col);
   void doubleClick(int row);
 
+  /// True for the keys that mean something to a list: F2 edits the current row, space clicks it,
+  /// Enter double clicks it.
+  static bool takesKey(int key);
+  void key(int key);
+  /// One of the system's own keys has moved to a row: that clicks it, if it is another one.
+  void reach(int row);
+
   /// In-place editing. beginEdit opens the editor on a cell of an editable column, endEdit puts
   /// what was typed through onValidate and onEdited and stores the result.
   bool beginEdit(int row, int col);
@@ -69,6 +75,9 @@ class ListView : public Control {
   bool editing() const { return editRow_ >= 0; }
   int editRow() const { return editRow_; }
   int editCol() const { return editCol_; }
+
+  /// Exchanges the contents of two rows; current row and mark stay at their places.
+  void exchange(int row, int other);
 
   std::function<void(int row, int col)> onClick;
   std::function<void(int row)> onDoubleClick;
@@ -81,6 +90,7 @@ class ListView : public Control {
 
  private:
   Row& at(int index);
+  void editCurrent();
 
   std::vector<Column> columns_;
   std::vector<Row> rows_;

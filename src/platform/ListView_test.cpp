@@ -86,7 +86,7 @@ TEST_F(ListViewTest, RowsThatAreNotThereAreRefused) {
     EXPECT_EQ(failureOf([&] { list.select(row); }), kSubscript);
     EXPECT_EQ(failureOf([&] { list.remove(row); }), kSubscript);
     EXPECT_EQ(failureOf([&] { list.setCell(row, 0, "x"); }), kSubscript);
-    EXPECT_EQ(failureOf([&] { list.setColor(row, 0); }), kSubscript);
+    EXPECT_EQ(failureOf([&] { list.exchange(row, 0); }), kSubscript);
     EXPECT_EQ(failureOf([&] { list.beginEdit(row, 1); }), kSubscript);
   }
   EXPECT_EQ(failureOf([&] { list.setCell(0, -1, "x"); }), kSubscript);
@@ -105,8 +105,6 @@ TEST_F(ListViewTest, CellsAreTheTextAndTheSubTexts) {
   list.setCell(0, 2, "c");
   EXPECT_EQ(list.cell(0, 0), "a");
   EXPECT_EQ(list.row(0).sub, (Texts{"0", "c"}));
-  list.setColor(0, rgb(255, 0, 0));
-  EXPECT_EQ(list.row(0).color, rgb(255, 0, 0));
 }
 
 TEST_F(ListViewTest, RemovingAnEarlierRowKeepsTheSameRowCurrent) {
@@ -162,7 +160,7 @@ TEST_F(ListViewTest, TheViewHearsOfEveryChange) {
   list.onShown = [&] { ++shows; };
   fill(2);
   list.setCell(0, 0, "x");
-  list.setColor(0, 1);
+  list.exchange(0, 1);
   list.select(1);
   list.unselectAll();
   list.remove(0);
@@ -240,6 +238,56 @@ TEST_F(ListViewTest, RemovingARowClosesTheEditor) {
   EXPECT_FALSE(list.editing());
   list.endEdit("x");
   EXPECT_EQ(list.cell(1, 1), "2");
+}
+
+TEST(ListViewKeys, MeanAClickADoubleClickAndAnEdit) {
+  ListView list("ColorList");
+  list.setColumns({{"Color", 0.5}, {"Time(s)", 0.5, true}});
+  std::vector<std::string> told;
+  list.onClick = [&](int row, int col) {
+    told.push_back("click " + std::to_string(row) + " " + std::to_string(col));
+  };
+  list.onDoubleClick = [&](int row) { told.push_back("double " + std::to_string(row)); };
+  for (const int key : {113, 32, 13}) {
+    EXPECT_TRUE(ListView::takesKey(key));
+    list.key(key);  // on an empty list
+  }
+  EXPECT_FALSE(ListView::takesKey(27));
+  EXPECT_TRUE(told.empty());
+  list.add("red", {"1"});
+  list.add("blue", {"2"});
+  list.reach(1);
+  list.reach(1);
+  list.reach(-1);
+  list.reach(2);
+  EXPECT_EQ(told, std::vector<std::string>{"click 1 0"}) << "only another row that there is";
+  list.key(32);
+  list.key(13);
+  EXPECT_EQ(told, (std::vector<std::string>{"click 1 0", "click 1 0", "double 1"}));
+  list.key(113);
+  EXPECT_TRUE(list.editing());
+  EXPECT_EQ(list.editRow(), 1);
+  EXPECT_EQ(list.editCol(), 1);
+}
+
+TEST(ListViewKeys, EditNothingWithoutAnEditableColumn) {
+  ListView list("efxAList");
+  list.setColumns({{"Name", 1}});
+  list.add("fire");
+  list.key(113);
+  EXPECT_FALSE(list.editing());
+}
+
+TEST(ListViewRows, AreExchangedWholeWhileTheMarkStays) {
+  ListView list("ColorList");
+  list.add("red", {"1"}, rgb(255, 0, 0));
+  list.add("blue", {"2", "more"}, rgb(0, 0, 255));
+  list.select(1);
+  list.exchange(0, 1);
+  EXPECT_EQ(list.cell(0, 0) + list.cell(0, 1) + list.cell(0, 2), "blue2more");
+  EXPECT_EQ(list.row(1).color, rgb(255, 0, 0));
+  EXPECT_EQ(list.selected(), 1);
+  EXPECT_EQ(list.current(), 1);
 }
 
 }  // namespace

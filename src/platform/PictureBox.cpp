@@ -50,6 +50,34 @@ void PictureBox::setOverlay(std::vector<Line> lines) {
   invalidateOverlay();
 }
 
+void PictureBox::press(int x, int y, const Gate& gate) {
+  clicks_ = true;
+  gate([&] { mouse(Mouse::Down, x, y); });
+}
+
+void PictureBox::twice(int x, int y, const Gate& gate) {
+  clicks_ = false;
+  gate([&] { mouse(Mouse::Down, x, y); });
+  gate([&] { mouse(Mouse::DblClick, x, y); });
+}
+
+// A window that opens under the held button can take the release away: it is made up for here.
+void PictureBox::move(int x, int y, bool held, const Gate& gate) {
+  if (held_ && !held) gate([&] { mouse(Mouse::Up, x, y); });
+  gate([&] { mouse(Mouse::Move, x, y); });
+}
+
+void PictureBox::release(int x, int y, bool inside, const Gate& gate) {
+  const bool clicked = std::exchange(clicks_, false) && inside;
+  gate([&] { mouse(Mouse::Up, x, y); });
+  if (clicked) gate([&] { mouse(Mouse::Click, x, y); });
+}
+
+// A box that follows the pointer learns that it has gone.
+void PictureBox::leave(const Gate& gate) {
+  if (!held_) gate([&] { mouse(Mouse::Move, -1, -1); });
+}
+
 void PictureBox::mouse(Mouse event, int x, int y) {
   switch (event) {
     case Mouse::Down:

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "platform/Control.h"
+#include "platform/Gate.h"
 #include "platform/Raster.h"
 
 namespace korvane {
@@ -60,9 +61,19 @@ class PictureBox : public Control {
   const std::vector<Line>& overlay() const { return overlay_; }
   void setOverlay(std::vector<Line> lines);
 
-  /// Pointer events in pixels of the box.
+  /// One pointer event, in pixels of the box.
   void mouse(Mouse event, int x, int y);
   bool buttonHeld() const { return held_; }
+
+  /// What a person does with the pointer, as the system tells it, and what comes of it: each event
+  /// passes the gate by itself. The left button goes down; a second time in a row, of which no
+  /// click comes; the pointer moves, with the button `held` or not; the button comes up, `inside`
+  /// the picture or beside it; the pointer leaves.
+  void press(int x, int y, const Gate& gate);
+  void twice(int x, int y, const Gate& gate);
+  void move(int x, int y, bool held, const Gate& gate);
+  void release(int x, int y, bool inside, const Gate& gate);
+  void leave(const Gate& gate);
 
   std::function<void(int x, int y)> onMouseDown, onMouseMove, onMouseUp;
   std::function<void()> onClick, onDblClick;
@@ -80,6 +91,7 @@ class PictureBox : public Control {
   Raster raster_;
   std::vector<Line> overlay_;
   bool held_ = false;
+  bool clicks_ = false;  // the release of the button will be a click
 };
 
 }  // namespace korvane

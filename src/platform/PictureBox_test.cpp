@@ -119,5 +119,67 @@ TEST_F(PictureBoxTest, ABoxWithoutHandlersTakesEverything) {
   EXPECT_TRUE(plain.buttonHeld());
 }
 
+class Pointing : public PictureBoxTest {
+ protected:
+  Events take() { return std::exchange(events, {}); }
+
+  int passed = 0;
+  Gate gate = [this](const std::function<void()>& event) {
+    ++passed;
+    event();
+  };
+};
+
+TEST_F(Pointing, APressAndItsReleaseAreAClickIfTheReleaseIsInside) {
+  box.press(1, 2, gate);
+  box.release(1, 1, true, gate);
+  EXPECT_EQ(take(), (Events{"down 1 2 held", "up 1 1", "click"}));
+  EXPECT_EQ(passed, 3) << "each is an event by itself";
+  box.press(1, 2, gate);
+  box.release(9, 9, false, gate);
+  EXPECT_EQ(take(), (Events{"down 1 2 held", "up 9 9"}));
+}
+
+TEST_F(Pointing, TheSecondPressOfADoubleClickIsNoSecondClick) {
+  box.press(1, 2, gate);
+  box.release(1, 2, true, gate);
+  take();
+  box.twice(1, 2, gate);
+  box.release(1, 2, true, gate);
+  EXPECT_EQ(take(), (Events{"down 1 2 held", "dblclick", "up 1 2"}));
+  box.release(1, 2, true, gate);
+  EXPECT_EQ(take(), Events{"up 1 2"}) << "a release without a press";
+}
+
+TEST_F(Pointing, AReleaseThatWentElsewhereIsMadeUpForAtTheNextMove) {
+  box.press(1, 2, gate);
+  box.move(2, 2, true, gate);
+  EXPECT_EQ(take(), (Events{"down 1 2 held", "move 2 2 held"}));
+  box.move(3, 2, false, gate);
+  box.move(3, 1, false, gate);
+  EXPECT_EQ(take(), (Events{"up 3 2", "move 3 2", "move 3 1"}));
+}
+
+TEST_F(Pointing, LeavingIsToldUnlessTheButtonIsHeld) {
+  box.leave(gate);
+  EXPECT_EQ(take(), Events{"move -1 -1"});
+  box.press(1, 2, gate);
+  take();
+  box.leave(gate);
+  EXPECT_EQ(take(), Events{});
+}
+
+TEST_F(Pointing, AFailingPressDoesNotKeepTheDoubleClickBack) {
+  box.onMouseDown = [](int, int) { throw 1; };
+  gate = [](const std::function<void()>& event) {
+    try {
+      event();
+    } catch (int) {
+    }
+  };
+  box.twice(1, 2, gate);
+  EXPECT_EQ(take(), Events{"dblclick"});
+}
+
 }  // namespace
 }  // namespace korvane

@@ -69,6 +69,12 @@ void appendUtf8(std::string& text, char32_t code) {
 
 }  // namespace
 
+std::string lowerCase(std::string text) {
+  std::transform(text.begin(), text.end(), text.begin(),
+                 [](char c) { return 'A' <= c && c <= 'Z' ? static_cast<char>(c + 32) : c; });
+  return text;
+}
+
 std::vector<std::string> numbersUpTo(int last) {
   std::vector<std::string> numbers;
   for (int n = 1; n <= last; ++n) numbers.push_back(std::to_string(n));

@@ -32,6 +32,9 @@ std::string formatStandard(double value, const NumberFormat& format);
 /// General form with up to 15 significant digits.
 std::string formatGeneral(double value, const NumberFormat& format);
 
+/// The text with the capitals A to Z made small.
+std::string lowerCase(std::string text);
+
 /// The texts "1" to the last number, as lists offer them.
 std::vector<std::string> numbersUpTo(int last);
 

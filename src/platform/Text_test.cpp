@@ -85,5 +85,10 @@ TEST(CodePage1252, CharactersThatThePageLacksBecomeQuestionMarks) {
   EXPECT_EQ(toCodePage1252("a\u2192b"), "a?b");
 }
 
+TEST(Text, LosesTheCapitalsOfAsciiAlone) {
+  EXPECT_EQ(lowerCase("Mix.PNG"), "mix.png");
+  EXPECT_EQ(lowerCase("\xC3\x84 Z@[a"), "\xC3\x84 z@[a");
+}
+
 }  // namespace
 }  // namespace korvane

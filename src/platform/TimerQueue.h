@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "platform/Gate.h"
+
 namespace korvane {
 
 class TimerQueue;
@@ -43,13 +45,13 @@ class Timer {
   std::uint64_t order_ = 0;  // when it was enabled, among all timers
 };
 
-/// All timers of one plug-in. Time is an argument: whoever drives the queue says what time it is.
+/// All timers of one plug-in. Time is an argument: whoever drives the queue says what time it is,
+/// or gives it a clock to look at (`WallClock`).
 class TimerQueue {
  public:
   static constexpr std::int64_t kNever = std::numeric_limits<std::int64_t>::max();
 
-  /// Runs one event and deals with its failure.
-  using Gate = std::function<void(const std::function<void()>&)>;
+  using Gate = korvane::Gate;
 
   std::int64_t now() const { return now_; }  ///< milliseconds since the start
   /// Time at which the next timer is due, kNever if none runs.
@@ -61,21 +63,24 @@ class TimerQueue {
   /// a late caller missed is not made up for.
   void runDue(std::int64_t now, const Gate& gate);
 
-  /// Tells what time it is; nothing fires.
-  void setNow(std::int64_t now) { now_ = now > now_ ? now : now_; }
-
   const std::vector<Timer*>& timers() const { return timers_; }
 
-  /// For who drives the queue by a clock: an interval is about to start its count, perhaps outside
-  /// the events that this clock saw.
+  /// What time it is, in milliseconds since the start. An interval counts from the moment of
+  /// enabling as this tells it, however long the event has taken by then. Without a clock time
+  /// stands still but for the calls above; within advanceTo it does so with one, too.
+  std::function<std::int64_t()> clock;
+  /// For who waits until the next timer is due: that may have changed.
   std::function<void()> onCount;
 
  private:
   friend class Timer;
   Timer* earliest(std::int64_t until) const;
+  /// The time as it is now: moves now() on to the clock's.
+  std::int64_t present();
   void fire(Timer& timer, const Gate& gate);
 
   std::int64_t now_ = 0;
+  bool advancing_ = false;  // within advanceTo
   std::uint64_t enabledSoFar_ = 0;
   std::vector<Timer*> timers_;
 };

@@ -261,5 +261,88 @@ TEST_F(TimerQueueTest, ATimerWithoutAHandlerIsHarmless) {
   EXPECT_EQ(queue.timers().back(), &bare);
 }
 
+// A queue with a clock that the test moves, as a person's minutes and slow ticks move it.
+class ClockedTimers : public TimerQueueTest {
+ protected:
+  ClockedTimers() {
+    queue.clock = [this] { return time; };
+  }
+  std::int64_t time = 0;
+};
+
+TEST_F(ClockedTimers, AMinuteInAFileDialogIsNotTakenOffWhatItLoaded) {
+  queue.runDue(0, gate);
+  time = 60'000;  // within the event that opened the dialog
+  start(a, 3000);
+  EXPECT_EQ(queue.nextDue(), 63'000);
+  time = 70'000;
+  a.setInterval(500);
+  EXPECT_EQ(queue.nextDue(), 70'500);
+}
+
+TEST_F(ClockedTimers, ASlowTickIsFollowedByAWholePause) {
+  for (const bool restarts : {false, true}) {
+    a.disable();
+    time = 1000;
+    queue.runDue(time, gate);
+    start(a, 50);
+    a.onTimer = [this, restarts] {
+      if (restarts) a.disable();
+      time += 80;
+      a.setEnabled(true);
+    };
+    const std::int64_t begun = queue.now();
+    time = std::max(time, begun + 50);
+    queue.runDue(time, gate);
+    EXPECT_EQ(queue.nextDue(), time + 50) << restarts;
+  }
+}
+
+TEST_F(ClockedTimers, ASlowTickDoesNotBringAnotherTimersTickTwice) {
+  start(a, 50);
+  start(b, 60);
+  a.onTimer = [this] {
+    time += 500;
+    ticks.emplace_back("a");
+  };
+  time = 60;
+  EXPECT_EQ(runDue(60), (Ticks{"a", "b 560"}));
+  EXPECT_EQ(queue.nextDue(), 610);
+}
+
+TEST_F(ClockedTimers, WhatBecomesDueDuringASlowTickWaitsForTheNextPass) {
+  start(a, 50);
+  start(b, 70);
+  a.onTimer = [this] { time += 500; };
+  time = 50;
+  EXPECT_EQ(runDue(50), Ticks{});
+  EXPECT_EQ(runDue(550), Ticks{"b 550"});
+}
+
+TEST_F(ClockedTimers, WithinAnAdvanceTimeStandsStillHoweverLongItTakes) {
+  a.onTimer = [this] {
+    a.disable();
+    time += 7;
+    ticks.push_back("a " + std::to_string(queue.now()));
+    a.enable();
+  };
+  start(a, 50);
+  EXPECT_EQ(advance(160), (Ticks{"a 50", "a 100", "a 150"}));
+  gate = [](const std::function<void()>&) { throw 1; };
+  EXPECT_THROW(queue.advanceTo(200, gate), int);
+  time = 1000;
+  start(b, 10);
+  EXPECT_EQ(b.enabled(), true);
+  EXPECT_EQ(queue.now(), 1000) << "the clock counts again, even after a failure";
+}
+
+TEST_F(ClockedTimers, WhoWaitsIsToldWhenTheNextTimerIsKnown) {
+  std::int64_t due = 0;
+  queue.onCount = [&] { due = queue.nextDue(); };
+  time = 300;
+  start(a, 50);
+  EXPECT_EQ(due, 350);
+}
+
 }  // namespace
 }  // namespace korvane

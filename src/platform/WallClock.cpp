@@ -4,6 +4,7 @@
 #include <ctime>
 #include <limits>
 #include <thread>
+#include <utility>
 
 namespace korvane {
 
@@ -22,8 +23,18 @@ std::int64_t wallTimeOfDay() {
   return ((local.tm_hour * 60 + local.tm_min) * 60 + local.tm_sec) * 1000LL + fraction;
 }
 
-std::int64_t WallClock::elapsed() const {
-  return duration_cast<milliseconds>(Steady::now() - start_).count();
+WallClock::WallClock(TimerQueue& timers, std::function<void()> passed)
+    : timers_(timers),
+      passed_(std::move(passed)),
+      start_(Steady::now() - milliseconds(timers.now())) {
+  timers_.clock = [this] { return elapsed(); };
+}
+
+// A script may have moved the timers' time ahead; it goes on from there.
+std::int64_t WallClock::elapsed() {
+  const Steady::time_point now = Steady::now();
+  start_ = std::min(start_, now - milliseconds(timers_.now()));
+  return duration_cast<milliseconds>(now - start_).count();
 }
 
 void WallClock::pass(const TimerQueue::Gate& gate) {
@@ -41,7 +52,7 @@ void WallClock::advance(std::int64_t time, const TimerQueue::Gate& gate) {
   }
 }
 
-int WallClock::untilNext() const {
+int WallClock::untilNext() {
   if (timers_.nextDue() == TimerQueue::kNever) return -1;
   const std::int64_t wait = std::max<std::int64_t>(timers_.nextDue() - elapsed(), 0);
   return static_cast<int>(std::min<std::int64_t>(wait, std::numeric_limits<int>::max()));

@@ -10,19 +10,23 @@ namespace korvane {
 /// Milliseconds since midnight, local time.
 std::int64_t wallTimeOfDay();
 
-/// Runs timers by the machine's clock, which starts with this object.
+/// Runs timers by the machine's clock, which goes on from the timers' own time. It is their clock
+/// as long as it lives.
 class WallClock {
  public:
   /// `passed` follows each pass over the timers.
-  WallClock(TimerQueue& timers, std::function<void()> passed)
-      : timers_(timers), passed_(std::move(passed)) {}
+  explicit WallClock(
+      TimerQueue& timers, std::function<void()> passed = [] {});
+  ~WallClock() { timers_.clock = nullptr; }
+  WallClock(const WallClock&) = delete;
+  WallClock& operator=(const WallClock&) = delete;
 
   /// Fires what has become due.
   void pass(const TimerQueue::Gate& gate);
   /// Lets so many milliseconds go by, firing what becomes due.
   void advance(std::int64_t milliseconds, const TimerQueue::Gate& gate);
   /// Milliseconds until the next timer is due, -1 if none runs.
-  int untilNext() const;
+  int untilNext();
 
   /// Asked while time goes by, often enough for a person who waits: no ends `advance` early.
   std::function<bool()> mayGoOn;
@@ -30,11 +34,11 @@ class WallClock {
  private:
   using Steady = std::chrono::steady_clock;
 
-  std::int64_t elapsed() const;
+  std::int64_t elapsed();
 
   TimerQueue& timers_;
   std::function<void()> passed_;
-  Steady::time_point start_ = Steady::now();
+  Steady::time_point start_;  // of the timers' time
 };
 
 }  // namespace korvane

@@ -85,10 +85,18 @@ TEST_P(EffectTypes, ATypeThatDoesNotExistIsReportedInWords) {
   EXPECT_EQ(takeBoxes(), Texts{"Wert nicht erlaubt"});
 }
 
-TEST_P(EffectTypes, ChoosingTheSameTypeAgainIsNoEvent) {
-  takeCalls();
+TEST_P(EffectTypes, ChoosingTheSameTypeAgainStartsItAnewAndKeepsItsFields) {
+  deck.effect().color1 = rgb(1, 2, 3);
   deck.timer1.enable();
   choose(deck.type, kColor);
+  EXPECT_FALSE(deck.timer1.enabled());
+  EXPECT_EQ(deck.effect().color1, rgb(1, 2, 3));
+  EXPECT_EQ(rgb(deck.frame.at(0, 0)), rgb(1, 2, 3));
+}
+
+TEST_P(EffectTypes, ShowingTheSameTypeAgainIsNoEvent) {
+  deck.timer1.enable();
+  event([this] { deck.type.setIndex(kColor); });
   EXPECT_TRUE(deck.timer1.enabled());
 }
 

@@ -39,11 +39,7 @@ void moveRow(ListView& list, int by) {
   const int neighbour = row + by;
   if (list.count() < 2 || row < 0 || row != list.selected()) return;
   if (neighbour < 0 || neighbour >= list.count()) return;
-  for (const int column : {0, kSlotColumn}) {
-    const std::string text = list.cell(row, column);
-    list.setCell(row, column, list.cell(neighbour, column));
-    list.setCell(neighbour, column, text);
-  }
+  list.exchange(row, neighbour);
   list.select(neighbour);
 }
 

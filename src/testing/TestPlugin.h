@@ -42,7 +42,7 @@ class TestPlugin : public testing::Test {
     return event([&] { list.click(row, 0); });
   }
   bool choose(ListBox& list, int index) {
-    return event([&] { list.setIndex(index); });
+    return event([&] { list.choose(index); });
   }
   bool type(TextBox& box, const std::string& text) {
     return event([&] { box.setText(text); });

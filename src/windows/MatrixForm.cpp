@@ -116,9 +116,7 @@ void MatrixForm::bindMaster() {
 void MatrixForm::bindFunctions() {
   active.onClick = [this] { active_Click(); };
   mxsim_active.onClick = [this] { mxsim_active_Click(); };
-  help.onClick = [this] {
-    if (Form* window = engine_.desktop.find("MatrixHelp")) engine_.desktop.show(*window);
-  };
+  help.onClick = [this] { engine_.desktop.show(engine_.desktop.named("MatrixHelp")); };
   save.onClick = [this] {
     if (saveProject(engine_) && onKept) onKept();
   };
@@ -250,10 +248,9 @@ void MatrixForm::active_Click() {
 
 void MatrixForm::mxsim_active_Click() {
   engine_.v.simActive = mxsim_active.checked();
-  Form* window = engine_.desktop.find("MxSimForm");
-  if (window == nullptr) return;
-  if (!mxsim_active.checked()) return engine_.desktop.hide(*window);
-  engine_.desktop.show(*window);
+  Form& window = engine_.desktop.named("MxSimForm");
+  if (!mxsim_active.checked()) return engine_.desktop.hide(window);
+  engine_.desktop.show(window);
   simDrawFrame(engine_);
 }
 
@@ -270,9 +267,7 @@ void MatrixForm::Closeall_Click() {
   v.simActive = false;
   constexpr std::array kHidden = {"MxColorForm",   "MxGradientForm", "MxImageForm", "MxColorChange",
                                   "MxColorScroll", "MxFire",         "MxColorMixer"};
-  for (const char* name : kHidden) {
-    if (Form* window = engine_.desktop.find(name)) engine_.desktop.hide(*window);
-  }
+  for (const char* name : kHidden) engine_.desktop.hide(engine_.desktop.named(name));
   engine_.desktop.hide(*this);
 }
 

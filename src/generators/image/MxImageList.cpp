@@ -90,11 +90,7 @@ void MxImageList::moveImageRow(int by) {
   const int row = myImageList.selected();
   const int neighbour = row + by;
   if (row < 0 || neighbour < 0 || neighbour >= myImageList.count()) return;
-  for (const int col : {kName, kDuration, kPath}) {
-    std::string text = myImageList.cell(row, col);
-    myImageList.setCell(row, col, myImageList.cell(neighbour, col));
-    myImageList.setCell(neighbour, col, std::move(text));
-  }
+  myImageList.exchange(row, neighbour);
   myImageList.select(neighbour);
 }
 

@@ -94,12 +94,7 @@ void ColorListDialog::moveColor(int by) {
   const int from = ColorList.selected();
   const int to = from + by;
   if (from < 0 || to < 0 || to >= ColorList.count()) return;
-  const ListView::Row moved = ColorList.row(from);
-  const ListView::Row other = ColorList.row(to);
-  for (const auto& [entry, content] : {std::pair(to, &moved), std::pair(from, &other)}) {
-    ColorList.setColor(entry, content->color);
-    ColorList.setCell(entry, kNumberColumn, content->sub.at(0));
-  }
+  ColorList.exchange(from, to);
   ColorList.select(to);
   takeList();
 }

@@ -14,10 +14,10 @@ class Screen : public Machine {
  private:
   struct Shown : View {
     explicit Shown(Engine& engine) : view(engine) {}
-    WinView view;
+    win32::WinView view;
   };
 
-  WinPlatform platform_;
+  win32::WinPlatform platform_;
 };
 
 }  // namespace

@@ -7,6 +7,9 @@
 namespace korvane {
 namespace {
 
+using win32::pump;
+using win32::pumpUntil;
+
 struct Search {
   std::wstring mark;
   HWND found = nullptr;

@@ -280,6 +280,31 @@ class Receiver {
   int socket_ = socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0);
 };
 
+TEST_F(Program, TheChoiceOfTheEntryThatAListShowsCounts) {
+  const std::vector<std::string> replies =
+      run("--seed 1",
+          "put A 0 0 00FF00\nput B 0 0 00FF00\n"
+          "set MatrixForm.typeA 0\nset MatrixForm.typeB 0\n"
+          "frame A\nframe B\n"
+          "set MatrixForm.fps 5\nclick MatrixForm.AutoFadeB\ntimers\n"
+          "set MatrixForm.fps 5\ntimers\n"
+          "value fadeRunning\nset MatrixForm.fadeType 0\nvalue fadeRunning\n")
+          .replies;
+  ASSERT_EQ(replies.size(), 14U);
+  const auto firstCell = [&](std::size_t reply) {
+    return Json::parse(replies[reply])["cells"][0][0].get<std::string>();
+  };
+  const auto refresh = [&](std::size_t reply) {
+    return Json::parse(replies[reply])["timers"]["timerM2"]["interval"].get<int>();
+  };
+  EXPECT_EQ(firstCell(4), "FF0000") << "typeA renders its colour again";
+  EXPECT_EQ(firstCell(5), "0000FF") << "so does typeB";
+  EXPECT_EQ(refresh(8), 50) << "a fade begins with 20 frames a second";
+  EXPECT_EQ(refresh(10), 33) << "until fps is chosen again";
+  EXPECT_THAT(replies[11], HasSubstr("true"));
+  EXPECT_THAT(replies[13], HasSubstr("false")) << "fadeType breaks a fade off";
+}
+
 TEST_F(Program, OutputSendsTheLampsTheirValues) {
   Receiver receiver;
   const Result result = run("--output artnet:0@127.0.0.1:" + std::to_string(receiver.port),

@@ -52,29 +52,28 @@ class Desk {
   bool perform(const std::string& line);
   void advance(std::int64_t milliseconds, const TimerQueue::Gate& gate);
   void advanceVirtual(std::int64_t end, const TimerQueue::Gate& gate);
-  int patience() const;
+  int patience();
   void tellNetwork();
   bool asked();
   /// The gate of what no command waits for: a failure is told at once.
   void background(const std::function<void()>& event);
 
-  const bool realClock_;
   ConsolePlatform platform_;
   ConsoleHost host_;
   NetworkOutput output_{"korvane-console"};
   std::optional<ErrorNews> news_;  ///< of the output, if there is one
   int signal_ = 0;                 ///< that asked the program to end
   Plugin plugin_{platform_};
-  WallClock clock_{plugin_.engine.timers, [this] { output_.endOfPass(); }};
+  std::optional<WallClock> clock_;  // none: time is virtual
   Interpreter interpreter_;
 };
 
 Desk::Desk(const Options& options, const std::optional<OutputTarget>& target)
-    : realClock_(options.realClock),
-      host_(projectOf(options.base), options.channels),
+    : host_(projectOf(options.base), options.channels),
       interpreter_(
           {plugin_.engine, platform_, host_.calls, operationsOf(plugin_, host_),
            [this](std::int64_t time, const TimerQueue::Gate& gate) { advance(time, gate); }}) {
+  if (options.realClock) clock_.emplace(plugin_.engine.timers, [this] { output_.endOfPass(); });
   platform_.format = options.format;
   platform_.clock = wallTimeOfDay;
   platform_.tell = complain;
@@ -93,7 +92,7 @@ Desk::Desk(const Options& options, const std::optional<OutputTarget>& target)
   if (target) {
     // Without lamps a signal ends the program at once, as it does others.
     noteEndSignals();
-    clock_.mayGoOn = [this] { return !asked(); };
+    if (clock_) clock_->mayGoOn = [this] { return !asked(); };
     news_.emplace(describe(*target));
     output_.start(*target);
   }
@@ -114,7 +113,7 @@ void Desk::background(const std::function<void()>& event) {
 
 void Desk::advance(std::int64_t milliseconds, const TimerQueue::Gate& gate) {
   TimerQueue& timers = plugin_.engine.timers;
-  if (realClock_) return clock_.advance(milliseconds, gate);
+  if (clock_) return clock_->advance(milliseconds, gate);
   if (!news_) return timers.advanceTo(timers.now() + milliseconds, gate);
   advanceVirtual(timers.now() + milliseconds, gate);
 }
@@ -132,8 +131,8 @@ bool Desk::asked() {
 }
 
 /// How long the console may wait for a command, in ms; -1 for ever.
-int Desk::patience() const {
-  const int next = realClock_ ? clock_.untilNext() : -1;
+int Desk::patience() {
+  const int next = clock_ ? clock_->untilNext() : -1;
   if (!news_) return next;
   return next < 0 ? kNewsInterval : std::min(next, kNewsInterval);
 }
@@ -164,7 +163,7 @@ int Desk::run(int descriptor) {
       complain(std::string("the commands can't be read: ") + std::strerror(errno));
       return kUnreadableScript;
     }
-    if (realClock_) clock_.pass(gate);
+    if (clock_) clock_->pass(gate);
     if (found == InputLines::Found::Line) more = perform(line);
     if (signal_ != 0) return kSignalled + signal_;
     if (found == InputLines::Found::End) more = false;

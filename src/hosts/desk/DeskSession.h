@@ -5,7 +5,7 @@
 
 #include "hosts/desk/DeskHost.h"
 #include "shell/Plugin.h"
-#include "views/qt/machine/EventGate.h"
+#include "views/qt/machine/LoopGate.h"
 #include "views/qt/windows/DesktopView.h"
 
 namespace korvane {
@@ -39,8 +39,8 @@ class DeskSession {
 
   DeskHost host;
   Plugin plugin;
-  EventGate gate;
-  DesktopView view;
+  qt::LoopGate gate;
+  qt::DesktopView view;
 
  private:
   /// One of the two files of a project: what would be written to it, and what was last.

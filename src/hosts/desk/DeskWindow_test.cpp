@@ -40,7 +40,7 @@ class Desk : public testing::Test {
   DeskHost& host = desk.session().host;
   Plugin& plugin = desk.session().plugin;
   EventGate& gate = desk.session().gate;
-  DesktopView& view = desk.session().view;
+  qt::DesktopView& view = desk.session().view;
 };
 
 TEST_F(Desk, OpensTheToolAndOpensItAgainAfterItsClose) {
@@ -84,7 +84,7 @@ TEST_F(Desk, TheBeatStepsAnEffectThatFollowsIt) {
 }
 
 TEST_F(Desk, AShortcutWorksInTheToolWindowAsWell) {
-  FormWindow& tool = view.window(plugin.matrixForm);
+  qt::FormWindow& tool = view.window(plugin.matrixForm);
   tool.activateWindow();
   ASSERT_TRUE(QTest::qWaitFor([&] { return QApplication::activeWindow() == &tool; }, 2000));
   QTest::keyClick(&tool, Qt::Key_F10);
@@ -93,7 +93,7 @@ TEST_F(Desk, AShortcutWorksInTheToolWindowAsWell) {
 }
 
 TEST_F(Desk, AKeyBringsItToTheFrontOfTheToolWindow) {
-  FormWindow& tool = view.window(plugin.matrixForm);
+  qt::FormWindow& tool = view.window(plugin.matrixForm);
   tool.activateWindow();
   ASSERT_TRUE(QTest::qWaitFor([&] { return QApplication::activeWindow() == &tool; }, 2000));
   QTest::keyClick(&tool, Qt::Key_F4);
@@ -162,6 +162,6 @@ int main(int argc, char** argv) {
   // A screen in memory, unless the caller asks for another one.
   if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
   QApplication application(argc, argv);
-  korvane::applyTheme(application);
+  korvane::qt::applyTheme(application);
   return RUN_ALL_TESTS();
 }

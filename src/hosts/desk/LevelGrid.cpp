@@ -27,7 +27,7 @@ LevelGrid::LevelGrid(Platform& platform, QWidget* parent)
   layout->setHorizontalSpacing(10);
   layout->setVerticalSpacing(0);
   QPalette quiet = palette();
-  quiet.setColor(QPalette::WindowText, QColor(theme::kQuiet));
+  quiet.setColor(QPalette::WindowText, QColor(qt::theme::kQuiet));
   for (int row = 0; row < LevelPicture::kRows; ++row) {
     auto* number = new QLabel(QString::number(row * LevelPicture::kCols + 1), this);
     number->setPalette(quiet);
@@ -36,7 +36,7 @@ LevelGrid::LevelGrid(Platform& platform, QWidget* parent)
     layout->addWidget(number, row, 0);
     layout->setRowStretch(row, 1);
   }
-  shown_.reset(bindPictureBox(box_, {this, gate_}));
+  shown_.reset(qt::makeWidget(box_, {this, gate_}));
   layout->addWidget(shown_.get(), 0, 1, LevelPicture::kRows, 1);
   box_.onMouseMove = [this](int x, int y) { tellLevel(x, y); };
   refresh_.setInterval(kRefreshMilliseconds);

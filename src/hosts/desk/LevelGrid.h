@@ -5,7 +5,7 @@
 
 #include "hosts/desk/DeskHost.h"
 #include "hosts/desk/LevelPicture.h"
-#include "views/qt/machine/EventGate.h"
+#include "views/qt/machine/LoopGate.h"
 
 namespace korvane {
 
@@ -27,7 +27,7 @@ class LevelGrid : public QWidget {
   const DeskHost* host_ = nullptr;
   TimerQueue timers_;
   Timer refresh_{timers_, "levels"};
-  EventGate gate_;
+  qt::LoopGate gate_;
   PictureBox box_;
   LevelPicture picture_{box_};
   std::unique_ptr<QWidget> shown_;  // goes before what it shows

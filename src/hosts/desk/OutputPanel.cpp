@@ -21,7 +21,7 @@ QString toQString(std::string_view text) {
 OutputPanel::OutputPanel(NetworkOutput& output, QWidget* parent)
     : QGroupBox("Output", parent),
       output_(output),
-      protocol_(new DropDown(this)),
+      protocol_(new qt::DropDown(this)),
       universe_(new QSpinBox(this)),
       address_(new QLineEdit(this)),
       status_(new QLabel(this)) {

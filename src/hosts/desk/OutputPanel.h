@@ -30,7 +30,7 @@ class OutputPanel : public QGroupBox {
   const Protocol* chosen() const;
 
   NetworkOutput& output_;
-  DropDown* protocol_;
+  qt::DropDown* protocol_;
   QSpinBox* universe_;
   QLineEdit* address_;
   QLabel* status_;

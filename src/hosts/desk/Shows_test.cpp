@@ -147,7 +147,7 @@ TEST_F(Shows, AShowOfOnesOwnIsItsOwnProject) {
 }
 
 TEST_F(Shows, TheToolStaysWhereItStood) {
-  const auto place = [this]() -> FormWindow& {
+  const auto place = [this]() -> qt::FormWindow& {
     return desk.session().view.window(plugin().matrixForm);
   };
   place().setGeometry(40, 50, 600, 650);

@@ -61,10 +61,10 @@ int main(int argc, char** argv) {
   QApplication::setApplicationName("korvane");
   QApplication::setApplicationVersion(KORVANE_VERSION);
   QApplication::setQuitOnLastWindowClosed(false);
-  applyTheme(application);
+  qt::applyTheme(application);
   const Options options = readOptions(QApplication::arguments());
 
-  QtPlatform platform;
+  qt::QtPlatform platform;
   NetworkOutput output("korvane");
   DeskWindow desk(platform, output, options.project, examplesIn(examplesFolder()));
   desk.onClosed = [] { QApplication::exit(); };

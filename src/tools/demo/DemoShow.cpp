@@ -88,7 +88,7 @@ void DemoShow::fill(Deck& deck, DeckPanel& panel, const std::vector<Row>& rows) 
     const Row& wanted = rows[static_cast<std::size_t>(row)];
     if (row > 0) gate_([&] { panel.add.click(); });
     gate_([&] { deck.efxList.click(row, 0); });
-    gate_([&] { deck.type.setIndex(wanted.type); });
+    gate_([&] { deck.type.choose(wanted.type); });
     setEffect(deck.effect(), wanted);
     deck.efxList.setCell(row, 0, wanted.name);
   }

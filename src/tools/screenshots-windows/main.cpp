@@ -21,7 +21,7 @@ constexpr int kShowMilliseconds = 600;  // how long the show runs before its pic
 constexpr int kDialogs = 9;
 
 // A file dialog or a message box must not stop the pictures.
-class SilentPlatform : public WinPlatform {
+class SilentPlatform : public win32::WinPlatform {
  public:
   void messageBox(const std::string&) override {}
   std::optional<std::string> askFile(const FileQuestion&) override { return std::nullopt; }
@@ -136,7 +136,7 @@ class Photographer {
   SilentPlatform platform_;
   SilentHost host_;
   Plugin plugin_{platform_};
-  WinView view_{plugin_.engine};
+  win32::WinView view_{plugin_.engine};
   DemoShow show_{plugin_, [this](const std::function<void()>& step) { run(step); }};
 };
 

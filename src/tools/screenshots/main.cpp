@@ -21,7 +21,7 @@ constexpr int kSettleRounds = 5;
 constexpr int kShowMilliseconds = 300;  // how long the show runs before its picture is taken
 
 // A file dialog or a message box must not stop the pictures.
-class SilentPlatform : public QtPlatform {
+class SilentPlatform : public qt::QtPlatform {
  public:
   void messageBox(const std::string&) override {}
   std::optional<std::string> askFile(const FileQuestion&) override { return std::nullopt; }
@@ -40,7 +40,7 @@ class Photographer {
     show_.make();
     settle(kShowMilliseconds);
     save(view_.window(plugin_.matrixForm), "main-window");
-    taken_ << text(plugin_.matrixForm.name());
+    taken_ << qt::text(plugin_.matrixForm.name());
     save(desk_, "desk");
     for (int row = 0; row < kEffectTypes; ++row) takeDialog(row);
     show_.mixOrange();
@@ -76,7 +76,7 @@ class Photographer {
   }
 
   void takeForm(Form& form) {
-    if (taken_.contains(text(form.name()))) return;
+    if (taken_.contains(qt::text(form.name()))) return;
     gate_.run([&] { plugin_.engine.desktop.show(form); });
     save(view_.window(form), form.name());
     gate_.run([&] { plugin_.engine.desktop.hide(form); });
@@ -91,12 +91,12 @@ class Photographer {
 
   void save(QWidget& window, const std::string& name) {
     settle(kSettleMilliseconds);
-    const QString path = QDir(folder_).filePath(text(name) + ".png");
+    const QString path = QDir(folder_).filePath(qt::text(name) + ".png");
     if (!window.grab().save(path)) {
       std::fprintf(stderr, "korvane-screenshots: cannot write %s\n", qUtf8Printable(path));
       failed_ = true;
     }
-    taken_ << text(name);
+    taken_ << qt::text(name);
   }
 
   QString folder_;
@@ -108,7 +108,7 @@ class Photographer {
   DeskWindow desk_{platform_, output_, "show", examplesIn(examplesFolder())};
   Plugin& plugin_ = desk_.session().plugin;
   EventGate& gate_ = desk_.session().gate;
-  DesktopView& view_ = desk_.session().view;
+  qt::DesktopView& view_ = desk_.session().view;
   DemoShow show_{plugin_, [this](const std::function<void()>& step) { gate_.run(step); }};
 };
 
@@ -116,7 +116,7 @@ class Photographer {
 
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
-  applyTheme(application);
+  qt::applyTheme(application);
   const QStringList arguments = QApplication::arguments();
   if (arguments.size() != 2 && arguments.size() != 4) {
     std::fprintf(stderr, "usage: korvane-screenshots FOLDER [WIDTH HEIGHT]\n");

@@ -1,32 +1,13 @@
 #include "views/qt/kinds/Binder.h"
 
-#include <array>
 #include <utility>
 
-namespace korvane {
-namespace {
+#include "platform/Keys.h"
 
-struct Row {
-  Kind kind;
-  Binder bind;
-};
+namespace korvane::qt {
 
-constexpr std::array kBinders = {
-    Row{Kind::Button, bindButton},     Row{Kind::PictureButton, bindPictureButton},
-    Row{Kind::CheckBox, bindCheckBox}, Row{Kind::ListBox, bindListBox},
-    Row{Kind::ListView, bindListView}, Row{Kind::TextBox, bindTextBox},
-    Row{Kind::Slider, bindSlider},     Row{Kind::PictureBox, bindPictureBox},
-    Row{Kind::ColorBox, bindColorBox}, Row{Kind::Label, bindLabel},
-    Row{Kind::Group, bindGroup},
-};
-
-}  // namespace
-
-Binder binderOf(Kind kind) {
-  for (const Row& row : kBinders) {
-    if (row.kind == kind) return row.bind;
-  }
-  return nullptr;
+QWidget* bind(Control& control, const Seat& seat) {
+  return asItsKind(control, [&seat](auto& own) { return makeWidget(own, seat); });
 }
 
 void keepShown(Control& control, QWidget& widget, std::function<void()> show) {
@@ -46,4 +27,20 @@ void act(const Seat& seat, Control& control, const std::function<void()>& event)
   if (control.onShown) control.onShown();
 }
 
-}  // namespace korvane
+int keyCode(int key) {
+  switch (key) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      return kEnterKey;
+    case Qt::Key_Escape:
+      return kEscapeKey;
+    case Qt::Key_Space:
+      return kSpaceKey;
+    case Qt::Key_F2:
+      return kEditKey;
+    default:
+      return 0;
+  }
+}
+
+}  // namespace korvane::qt

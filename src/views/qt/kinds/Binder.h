@@ -3,10 +3,10 @@
 #include <QWidget>
 #include <functional>
 
-#include "platform/Control.h"
-#include "views/qt/machine/EventGate.h"
+#include "platform/Kinds.h"
+#include "views/shared/machine/EventGate.h"
 
-namespace korvane {
+namespace korvane::qt {
 
 /// Where a widget is made: the window that it stands in, and the way in for what a person does.
 struct Seat {
@@ -14,23 +14,22 @@ struct Seat {
   EventGate& gate;
 };
 
-/// Makes the widget of a control and keeps both in step. The control must outlive the widget.
-using Binder = QWidget* (*)(Control&, const Seat&);
+/// Makes the widget of a control, of whatever kind, and keeps both in step. The control must
+/// outlive the widget.
+QWidget* bind(Control& control, const Seat& seat);
 
-/// The binder of a kind; nullptr if the view has none.
-Binder binderOf(Kind kind);
-
-QWidget* bindButton(Control& control, const Seat& seat);
-QWidget* bindPictureButton(Control& control, const Seat& seat);
-QWidget* bindCheckBox(Control& control, const Seat& seat);
-QWidget* bindListBox(Control& control, const Seat& seat);
-QWidget* bindListView(Control& control, const Seat& seat);
-QWidget* bindTextBox(Control& control, const Seat& seat);
-QWidget* bindSlider(Control& control, const Seat& seat);
-QWidget* bindPictureBox(Control& control, const Seat& seat);
-QWidget* bindColorBox(Control& control, const Seat& seat);
-QWidget* bindLabel(Control& control, const Seat& seat);
-QWidget* bindGroup(Control& control, const Seat& seat);
+// One for each kind; a kind without one does not compile.
+QWidget* makeWidget(Button& button, const Seat& seat);
+QWidget* makeWidget(PictureButton& button, const Seat& seat);
+QWidget* makeWidget(CheckBox& box, const Seat& seat);
+QWidget* makeWidget(ListBox& list, const Seat& seat);
+QWidget* makeWidget(ListView& list, const Seat& seat);
+QWidget* makeWidget(TextBox& box, const Seat& seat);
+QWidget* makeWidget(Slider& slider, const Seat& seat);
+QWidget* makeWidget(PictureBox& box, const Seat& seat);
+QWidget* makeWidget(ColorBox& box, const Seat& seat);
+QWidget* makeWidget(Label& label, const Seat& seat);
+QWidget* makeWidget(Group& group, const Seat& seat);
 
 /// Shows the control on its widget now and whenever it changes: tool tip, enabled and visible for
 /// every kind, then `show` for what is the kind's own. `show` must raise no event of the widget.
@@ -40,7 +39,10 @@ void keepShown(Control& control, QWidget& widget, std::function<void()> show);
 /// its handlers made of it.
 void act(const Seat& seat, Control& control, const std::function<void()>& event);
 
+/// The code by which the model knows a key; 0 for a key that means nothing to it.
+int keyCode(int key);
+
 /// The text of the model in the toolkit's encoding.
 inline QString text(const std::string& utf8) { return QString::fromStdString(utf8); }
 
-}  // namespace korvane
+}  // namespace korvane::qt

@@ -6,17 +6,8 @@
 
 #include "views/qt/testing/ShownForm.h"
 
-namespace korvane {
+namespace korvane::qt {
 namespace {
-
-constexpr Kind kLastKind = Kind::Group;
-
-TEST(Binder, EveryKindIsBound) {
-  for (int kind = 0; kind <= static_cast<int>(kLastKind); ++kind)
-    EXPECT_NE(binderOf(static_cast<Kind>(kind)), nullptr) << kindName(static_cast<Kind>(kind));
-  EXPECT_STREQ(kindName(static_cast<Kind>(static_cast<int>(kLastKind) + 1)), "")
-      << "a kind was added behind the last one";
-}
 
 class EveryKind : public ShownForm {
  protected:
@@ -127,4 +118,4 @@ TEST_F(EveryKind, AClickOnALabelIsAnEvent) {
 }
 
 }  // namespace
-}  // namespace korvane
+}  // namespace korvane::qt

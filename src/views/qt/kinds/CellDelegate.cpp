@@ -5,7 +5,7 @@
 
 #include "views/qt/kinds/Painting.h"
 
-namespace korvane {
+namespace korvane::qt {
 namespace {
 
 constexpr int kRowPadding = 10;       // height of a row beyond its text
@@ -73,4 +73,4 @@ void CellDelegate::setModelData(QWidget* editor, QAbstractItemModel*, const QMod
   gate_.run([this, &typed] { list_.endEdit(typed); });
 }
 
-}  // namespace korvane
+}  // namespace korvane::qt

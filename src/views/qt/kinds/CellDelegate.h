@@ -3,9 +3,9 @@
 #include <QStyledItemDelegate>
 
 #include "platform/ListView.h"
-#include "views/qt/machine/EventGate.h"
+#include "views/shared/machine/EventGate.h"
 
-namespace korvane {
+namespace korvane::qt {
 
 /// Draws the cells of a list, each coloured one in its row's colour, and edits them in place.
 class CellDelegate : public QStyledItemDelegate {
@@ -25,4 +25,4 @@ class CellDelegate : public QStyledItemDelegate {
   EventGate& gate_;
 };
 
-}  // namespace korvane
+}  // namespace korvane::qt

@@ -3,19 +3,17 @@
 #include "platform/Controls.h"
 #include "views/qt/kinds/Binder.h"
 
-namespace korvane {
+namespace korvane::qt {
 
-QWidget* bindCheckBox(Control& control, const Seat& seat) {
-  auto& box = static_cast<CheckBox&>(control);
+QWidget* makeWidget(CheckBox& box, const Seat& seat) {
   auto* widget = new QCheckBox(seat.parent);
-  QObject::connect(widget, &QCheckBox::clicked, [&box, seat](bool checked) {
-    act(seat, box, [&box, checked] { box.setValue(checked ? 1 : 0); });
-  });
-  keepShown(control, *widget, [&box, widget] {
+  QObject::connect(widget, &QCheckBox::clicked,
+                   [&box, seat] { act(seat, box, [&box] { box.click(); }); });
+  keepShown(box, *widget, [&box, widget] {
     widget->setText(text(box.look().caption));
     widget->setChecked(box.checked());
   });
   return widget;
 }
 
-}  // namespace korvane
+}  // namespace korvane::qt

@@ -5,7 +5,7 @@
 #include "views/qt/kinds/Binder.h"
 #include "views/qt/kinds/Painting.h"
 
-namespace korvane {
+namespace korvane::qt {
 namespace {
 
 constexpr QSize kSize{56, 32};
@@ -50,13 +50,12 @@ class Swatch : public QAbstractButton {
 
 }  // namespace
 
-QWidget* bindColorBox(Control& control, const Seat& seat) {
-  auto& box = static_cast<ColorBox&>(control);
+QWidget* makeWidget(ColorBox& box, const Seat& seat) {
   auto* widget = new Swatch(seat.parent);
   clickOnEnter(*widget);
   QObject::connect(widget, &QAbstractButton::clicked,
                    [&box, seat] { act(seat, box, [&box] { box.click(); }); });
-  keepShown(control, *widget, [&box, widget] {
+  keepShown(box, *widget, [&box, widget] {
     widget->setText(text(box.look().caption));
     widget->updateGeometry();
     widget->setColor(toQColor(box.backColor()));
@@ -64,4 +63,4 @@ QWidget* bindColorBox(Control& control, const Seat& seat) {
   return widget;
 }
 
-}  // namespace korvane
+}  // namespace korvane::qt

@@ -4,7 +4,7 @@
 
 #include "views/qt/kinds/Painting.h"
 
-namespace korvane {
+namespace korvane::qt {
 namespace {
 
 constexpr int kArrowSide = 14;
@@ -23,4 +23,4 @@ void DropDown::paintEvent(QPaintEvent* event) {
 
 void DropDown::wheelEvent(QWheelEvent* event) { event->ignore(); }
 
-}  // namespace korvane
+}  // namespace korvane::qt

@@ -2,7 +2,7 @@
 
 #include <QComboBox>
 
-namespace korvane {
+namespace korvane::qt {
 
 /// A closed list with an arrow in the colour of its text. The wheel does nothing on it: it must not
 /// change an effect by the way.
@@ -15,4 +15,4 @@ class DropDown : public QComboBox {
   void wheelEvent(QWheelEvent* event) override;
 };
 
-}  // namespace korvane
+}  // namespace korvane::qt

@@ -3,13 +3,12 @@
 #include "platform/Controls.h"
 #include "views/qt/kinds/Binder.h"
 
-namespace korvane {
+namespace korvane::qt {
 
-QWidget* bindGroup(Control& control, const Seat& seat) {
+QWidget* makeWidget(Group& group, const Seat& seat) {
   auto* widget = new QGroupBox(seat.parent);
-  keepShown(control, *widget,
-            [&control, widget] { widget->setTitle(text(control.look().caption)); });
+  keepShown(group, *widget, [&group, widget] { widget->setTitle(text(group.look().caption)); });
   return widget;
 }
 
-}  // namespace korvane
+}  // namespace korvane::qt

@@ -4,7 +4,7 @@
 #include "platform/Controls.h"
 #include "views/qt/kinds/Binder.h"
 
-namespace korvane {
+namespace korvane::qt {
 namespace {
 
 constexpr std::size_t kLongText = 80;  // characters; a longer text is broken into lines
@@ -28,16 +28,15 @@ class ClickLabel : public QLabel {
 
 }  // namespace
 
-QWidget* bindLabel(Control& control, const Seat& seat) {
-  auto& label = static_cast<Label&>(control);
+QWidget* makeWidget(Label& label, const Seat& seat) {
   auto* widget = new ClickLabel(label, seat);
   widget->setTextFormat(Qt::PlainText);
   if (label.look().caption.size() > kLongText) {
     widget->setWordWrap(true);
     widget->setMinimumWidth(kWrapWidth);
   }
-  keepShown(control, *widget, [&label, widget] { widget->setText(text(label.look().caption)); });
+  keepShown(label, *widget, [&label, widget] { widget->setText(text(label.look().caption)); });
   return widget;
 }
 
-}  // namespace korvane
+}  // namespace korvane::qt

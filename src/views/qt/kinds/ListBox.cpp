@@ -1,11 +1,12 @@
 #include <QListWidget>
+#include <QMouseEvent>
 #include <QSignalBlocker>
 
 #include "platform/Controls.h"
 #include "views/qt/kinds/Binder.h"
 #include "views/qt/kinds/DropDown.h"
 
-namespace korvane {
+namespace korvane::qt {
 namespace {
 
 constexpr int kVisibleEntries = 20;
@@ -21,7 +22,7 @@ QWidget* bindDropDown(ListBox& list, const Seat& seat) {
   widget->setMaxVisibleItems(kVisibleEntries);
   widget->setSizeAdjustPolicy(QComboBox::AdjustToContents);
   QObject::connect(widget, &QComboBox::activated, [&list, seat](int index) {
-    act(seat, list, [&list, index] { list.setIndex(index); });
+    act(seat, list, [&list, index] { list.choose(index); });
   });
   keepShown(list, *widget, [&list, widget, items = std::vector<std::string>()]() mutable {
     if (items != list.items()) {
@@ -34,10 +35,24 @@ QWidget* bindDropDown(ListBox& list, const Seat& seat) {
   return widget;
 }
 
+// A press on the entry that is shown chooses it, too.
+class OpenList : public QListWidget {
+ public:
+  using QListWidget::QListWidget;
+
+ protected:
+  void mousePressEvent(QMouseEvent* event) override {
+    const int before = currentRow();
+    QListWidget::mousePressEvent(event);
+    const bool again = before >= 0 && row(itemAt(event->pos())) == before;
+    if (event->button() == Qt::LeftButton && again) Q_EMIT currentRowChanged(before);
+  }
+};
+
 QWidget* bindOpenList(ListBox& list, const Seat& seat) {
-  auto* widget = new QListWidget(seat.parent);
+  auto* widget = new OpenList(seat.parent);
   QObject::connect(widget, &QListWidget::currentRowChanged, [&list, seat](int index) {
-    act(seat, list, [&list, index] { list.setIndex(index); });
+    if (index >= 0) act(seat, list, [&list, index] { list.choose(index); });
   });
   keepShown(list, *widget, [&list, widget, items = std::vector<std::string>()]() mutable {
     const QSignalBlocker quiet(widget);
@@ -53,9 +68,8 @@ QWidget* bindOpenList(ListBox& list, const Seat& seat) {
 
 }  // namespace
 
-QWidget* bindListBox(Control& control, const Seat& seat) {
-  auto& list = static_cast<ListBox&>(control);
+QWidget* makeWidget(ListBox& list, const Seat& seat) {
   return list.style() == ListBox::Style::Open ? bindOpenList(list, seat) : bindDropDown(list, seat);
 }
 
-}  // namespace korvane
+}  // namespace korvane::qt

@@ -4,7 +4,7 @@
 
 #include "views/qt/testing/ShownForm.h"
 
-namespace korvane {
+namespace korvane::qt {
 namespace {
 
 class ListBoxes : public ShownForm {
@@ -45,6 +45,15 @@ TEST_F(ListBoxes, AnOpenListTakesAClickOnce) {
   EXPECT_EQ(clicks, 1);
 }
 
+TEST_F(ListBoxes, APressOnTheEntryThatIsShownChoosesIt) {
+  auto& list = on<QListWidget>(open);
+  const QPoint second = list.visualItemRect(list.item(1)).center();
+  QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, second);
+  QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, second);
+  EXPECT_EQ(open.text(), "two");
+  EXPECT_EQ(clicks, 2);
+}
+
 TEST_F(ListBoxes, FollowTheProgramWithoutAnEcho) {
   closed.setIndex(2);
   open.setIndex(1);
@@ -58,4 +67,4 @@ TEST_F(ListBoxes, FollowTheProgramWithoutAnEcho) {
 }
 
 }  // namespace
-}  // namespace korvane
+}  // namespace korvane::qt

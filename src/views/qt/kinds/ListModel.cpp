@@ -1,6 +1,6 @@
 #include "views/qt/kinds/ListModel.h"
 
-namespace korvane {
+namespace korvane::qt {
 
 void ListModel::refresh() {
   const int columns = static_cast<int>(list_.columns().size());
@@ -37,4 +37,4 @@ Qt::ItemFlags ListModel::flags(const QModelIndex& index) const {
   return editable ? plain | Qt::ItemIsEditable : plain;
 }
 
-}  // namespace korvane
+}  // namespace korvane::qt

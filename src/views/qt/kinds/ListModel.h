@@ -4,7 +4,7 @@
 
 #include "platform/ListView.h"
 
-namespace korvane {
+namespace korvane::qt {
 
 /// The rows of a list control as the toolkit's views read them.
 class ListModel : public QAbstractTableModel {
@@ -26,4 +26,4 @@ class ListModel : public QAbstractTableModel {
   int columns_ = 0;
 };
 
-}  // namespace korvane
+}  // namespace korvane::qt

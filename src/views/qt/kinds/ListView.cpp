@@ -1,5 +1,3 @@
-#include "platform/ListView.h"
-
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -10,7 +8,7 @@
 #include "views/qt/kinds/CellDelegate.h"
 #include "views/qt/kinds/ListModel.h"
 
-namespace korvane {
+namespace korvane::qt {
 namespace {
 
 constexpr QSize kSize{220, 160};
@@ -36,8 +34,6 @@ class RowList : public QTreeView {
   void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
 
  private:
-  void click(int row, int col);
-  void editCurrentRow();
   void shareWidth();
   void showCurrentRow();
   void showEditor();
@@ -122,13 +118,10 @@ void RowList::resizeEvent(QResizeEvent* event) {
   shareWidth();
 }
 
-void RowList::click(int row, int col) {
-  act(seat_, list_, [this, row, col] { list_.click(row, col); });
-}
-
 void RowList::mousePressEvent(QMouseEvent* event) {
   const QModelIndex index = indexAt(event->pos());
-  if (event->button() == Qt::LeftButton && index.isValid()) click(index.row(), index.column());
+  if (event->button() != Qt::LeftButton || !index.isValid()) return;
+  act(seat_, list_, [&] { list_.click(index.row(), index.column()); });
 }
 
 void RowList::mouseDoubleClickEvent(QMouseEvent* event) {
@@ -137,41 +130,20 @@ void RowList::mouseDoubleClickEvent(QMouseEvent* event) {
   act(seat_, list_, [this, row = index.row()] { list_.doubleClick(row); });
 }
 
-// The keys that move the focus click the row that they reach, Enter is a double click, F2 edits.
 void RowList::keyPressEvent(QKeyEvent* event) {
   if (editorOpen_) return;  // keys that the editor leaves over
-  const int row = list_.current();
-  switch (event->key()) {
-    case Qt::Key_F2:
-      return editCurrentRow();
-    case Qt::Key_Space:
-      return row >= 0 ? click(row, 0) : void();
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-      if (row >= 0) act(seat_, list_, [this, row] { list_.doubleClick(row); });
-      return;
-    default:
-      break;
-  }
+  const int key = keyCode(event->key());
+  if (ListView::takesKey(key)) return act(seat_, list_, [this, key] { list_.key(key); });
   QTreeView::keyPressEvent(event);
-  const int reached = currentIndex().row();
-  if (reached >= 0 && reached != row) click(reached, 0);
-}
-
-void RowList::editCurrentRow() {
-  for (int col = 0; col < model_.columnCount(); ++col) {
-    if (!list_.columns()[static_cast<std::size_t>(col)].editable || list_.current() < 0) continue;
-    return act(seat_, list_, [this, col] { list_.beginEdit(list_.current(), col); });
-  }
+  act(seat_, list_, [this, reached = currentIndex().row()] { list_.reach(reached); });
 }
 
 }  // namespace
 
-QWidget* bindListView(Control& control, const Seat& seat) {
-  auto& list = static_cast<ListView&>(control);
+QWidget* makeWidget(ListView& list, const Seat& seat) {
   auto* widget = new RowList(list, seat);
-  keepShown(control, *widget, [widget] { widget->refresh(); });
+  keepShown(list, *widget, [widget] { widget->refresh(); });
   return widget;
 }
 
-}  // namespace korvane
+}  // namespace korvane::qt

@@ -5,7 +5,7 @@
 
 #include "views/qt/testing/ShownForm.h"
 
-namespace korvane {
+namespace korvane::qt {
 namespace {
 
 class ListViews : public ShownForm {
@@ -128,4 +128,4 @@ TEST_F(ListViews, ClearingTheListUnderAnOpenEditorIsHarmless) {
 }
 
 }  // namespace
-}  // namespace korvane
+}  // namespace korvane::qt

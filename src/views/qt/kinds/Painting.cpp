@@ -3,7 +3,7 @@
 #include <QKeyEvent>
 #include <QPainterPath>
 
-namespace korvane {
+namespace korvane::qt {
 namespace {
 
 constexpr double kLineShare = 1.0 / 12;  // width of an icon's lines, as a share of its square
@@ -41,10 +41,10 @@ QColor toQColor(Color color) {
 }
 
 double contrast(const QColor& one, const QColor& other) {
-  return contrast(fromQColor(one), fromQColor(other));
+  return korvane::contrast(fromQColor(one), fromQColor(other));
 }
 
-QColor inkOn(const QColor& background) { return toQColor(inkOn(fromQColor(background))); }
+QColor inkOn(const QColor& background) { return toQColor(korvane::inkOn(fromQColor(background))); }
 
 void drawIcon(QPainter& painter, Icon icon, const QRectF& square, const QColor& ink) {
   painter.setRenderHint(QPainter::Antialiasing);
@@ -61,4 +61,4 @@ void drawIcon(QPainter& painter, Icon icon, const QRectF& square, const QColor& 
 
 void clickOnEnter(QAbstractButton& button) { button.installEventFilter(new EnterClicks(&button)); }
 
-}  // namespace korvane
+}  // namespace korvane::qt

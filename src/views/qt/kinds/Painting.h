@@ -7,7 +7,7 @@
 #include "platform/Color.h"
 #include "platform/Icons.h"
 
-namespace korvane {
+namespace korvane::qt {
 
 /// The colour on the screen; system colours are resolved.
 QColor toQColor(Color color);
@@ -24,4 +24,4 @@ void drawIcon(QPainter& painter, Icon icon, const QRectF& square, const QColor& 
 /// Enter and Return click the button, as space does.
 void clickOnEnter(QAbstractButton& button);
 
-}  // namespace korvane
+}  // namespace korvane::qt

@@ -9,10 +9,9 @@
 #include "views/qt/kinds/Painting.h"
 #include "views/qt/kinds/PictureWidget.h"
 
-namespace korvane {
+namespace korvane::qt {
 namespace {
 
-using Mouse = PictureBox::Mouse;
 using Sizing = PictureBox::Sizing;
 
 constexpr int kFixedEnlargement = 2;  // of a box that keeps its size, if there is room
@@ -135,49 +134,35 @@ void PictureWidget::paintOverlay(QPainter& painter) const {
 
 void PictureWidget::resizeEvent(QResizeEvent*) { fit(); }
 
-void PictureWidget::send(Mouse event, const QPoint& at) {
-  seat_.gate.run([this, event, at] { box_.mouse(event, at.x(), at.y()); });
-}
-
 void PictureWidget::mousePressEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton) return;
-  pressed_ = true;
-  send(Mouse::Down, toBox(event->position()));
-}
-
-// A window that opens under the pressed button takes the release away: it is made up for here.
-void PictureWidget::mouseMoveEvent(QMouseEvent* event) {
   const QPoint at = toBox(event->position());
-  if (box_.buttonHeld() && !(event->buttons() & Qt::LeftButton)) send(Mouse::Up, at);
-  send(Mouse::Move, at);
+  box_.press(at.x(), at.y(), seat_.gate);
 }
 
-// A box that follows the pointer learns that it has gone.
-void PictureWidget::leaveEvent(QEvent*) {
-  if (!box_.buttonHeld()) send(Mouse::Move, {-1, -1});
-}
-
-// The second press of a double click is a press and the double click, and no click follows it.
 void PictureWidget::mouseDoubleClickEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton) return;
-  pressed_ = false;
-  send(Mouse::Down, toBox(event->position()));
-  send(Mouse::DblClick, toBox(event->position()));
+  const QPoint at = toBox(event->position());
+  box_.twice(at.x(), at.y(), seat_.gate);
+}
+
+void PictureWidget::mouseMoveEvent(QMouseEvent* event) {
+  const QPoint at = toBox(event->position());
+  box_.move(at.x(), at.y(), event->buttons() & Qt::LeftButton, seat_.gate);
 }
 
 void PictureWidget::mouseReleaseEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton) return;
-  const bool clicked = pressed_ && rect().contains(event->pos());
-  pressed_ = false;
-  send(Mouse::Up, toBox(event->position()));
-  if (clicked) send(Mouse::Click, toBox(event->position()));
+  const QPoint at = toBox(event->position());
+  box_.release(at.x(), at.y(), rect().contains(event->pos()), seat_.gate);
 }
 
-QWidget* bindPictureBox(Control& control, const Seat& seat) {
-  auto& box = static_cast<PictureBox&>(control);
+void PictureWidget::leaveEvent(QEvent*) { box_.leave(seat_.gate); }
+
+QWidget* makeWidget(PictureBox& box, const Seat& seat) {
   auto* widget = new PictureWidget(box, seat);
-  keepShown(control, *widget, [widget] { widget->update(); });
+  keepShown(box, *widget, [widget] { widget->update(); });
   return widget;
 }
 
-}  // namespace korvane
+}  // namespace korvane::qt

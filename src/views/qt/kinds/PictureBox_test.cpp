@@ -5,7 +5,7 @@
 
 #include "views/qt/testing/ShownForm.h"
 
-namespace korvane {
+namespace korvane::qt {
 namespace {
 
 using Mouse = PictureBox::Mouse;
@@ -263,4 +263,4 @@ TEST_F(PictureBoxes, ALostReleaseIsMadeUpForAtTheNextMove) {
 }
 
 }  // namespace
-}  // namespace korvane
+}  // namespace korvane::qt

@@ -4,7 +4,7 @@
 #include "views/qt/kinds/Binder.h"
 #include "views/qt/kinds/Painting.h"
 
-namespace korvane {
+namespace korvane::qt {
 namespace {
 
 constexpr int kSide = 34;
@@ -39,17 +39,16 @@ class IconButton : public QToolButton {
 
 }  // namespace
 
-QWidget* bindPictureButton(Control& control, const Seat& seat) {
-  auto& button = static_cast<PictureButton&>(control);
+QWidget* makeWidget(PictureButton& button, const Seat& seat) {
   auto* widget = new IconButton(button.icon(), seat.parent);
   clickOnEnter(*widget);
   QObject::connect(widget, &QToolButton::clicked,
                    [&button, seat] { act(seat, button, [&button] { button.click(); }); });
-  keepShown(control, *widget, [&button, widget] {
+  keepShown(button, *widget, [&button, widget] {
     widget->setChecked(button.pressed());
     widget->setAccessibleName(text(button.look().toolTip));
   });
   return widget;
 }
 
-}  // namespace korvane
+}  // namespace korvane::qt

@@ -6,7 +6,7 @@
 #include "platform/PictureBox.h"
 #include "views/qt/kinds/Binder.h"
 
-namespace korvane {
+namespace korvane::qt {
 
 /// Copies a picture box's pixels to the screen, each one as a whole number of the screen's own
 /// pixels, and hands on the mouse in pixels of the box.
@@ -27,7 +27,6 @@ class PictureWidget : public QWidget {
   void mouseDoubleClickEvent(QMouseEvent* event) override;
 
  private:
-  void send(PictureBox::Mouse event, const QPoint& at);
   void fit();
   void note(int x1, int y1, int x2, int y2);
   void showDamage();
@@ -50,7 +49,6 @@ class PictureWidget : public QWidget {
   QImage image_;  // the raster as the screen wants it, where it was painted
   QSize hint_;
   QSize least_;
-  bool pressed_ = false;
 };
 
-}  // namespace korvane
+}  // namespace korvane::qt

@@ -9,15 +9,17 @@
 #include "platform/Controls.h"
 #include "views/qt/kinds/Binder.h"
 
-namespace korvane {
+namespace korvane::qt {
 namespace {
-
-constexpr int kPagesOfRange = 10;
 
 // A press beside the handle takes the handle there at once.
 class JumpSlider : public QSlider {
  public:
-  using QSlider::QSlider;
+  JumpSlider(const Slider& control, QWidget* parent)
+      : QSlider(control.vertical() ? Qt::Vertical : Qt::Horizontal, parent), control_(control) {
+    setRange(control.min(), control.max());
+    setPageStep(control.pageStep());
+  }
 
  protected:
   void mousePressEvent(QMouseEvent* event) override {
@@ -36,9 +38,10 @@ class JumpSlider : public QSlider {
     const bool upright = orientation() == Qt::Vertical;
     const int half = (upright ? handle.height() : handle.width()) / 2;
     const int room = (upright ? height() : width()) - 2 * half;
-    return QStyle::sliderValueFromPosition(minimum(), maximum(), (upright ? at.y() : at.x()) - half,
-                                           std::max(1, room), upright);
+    return control_.valueAt((upright ? at.y() : at.x()) - half, room);
   }
+
+  const Slider& control_;
 };
 
 // The caption, the slider and its value as a number.
@@ -47,7 +50,7 @@ class CaptionedSlider : public QWidget {
   CaptionedSlider(const Slider& control, QWidget* parent)
       : QWidget(parent),
         caption(new QLabel(this)),
-        slider(new JumpSlider(control.vertical() ? Qt::Vertical : Qt::Horizontal, this)),
+        slider(new JumpSlider(control, this)),
         number(new QLabel(this)) {
     const bool upright = control.vertical();
     auto* box = new QBoxLayout(upright ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight, this);
@@ -64,8 +67,6 @@ class CaptionedSlider : public QWidget {
                                metrics.horizontalAdvance(QString::number(control.max())));
     number->setMinimumWidth(width);
     if (control.min() < 0 && !upright) caption->setMinimumWidth(width);  // 0 is in the middle
-    slider->setRange(control.min(), control.max());
-    slider->setPageStep(std::max(1, (control.max() - control.min()) / kPagesOfRange));
     setFocusProxy(slider);
   }
 
@@ -76,13 +77,12 @@ class CaptionedSlider : public QWidget {
 
 }  // namespace
 
-QWidget* bindSlider(Control& control, const Seat& seat) {
-  auto& model = static_cast<Slider&>(control);
+QWidget* makeWidget(Slider& model, const Seat& seat) {
   auto* widget = new CaptionedSlider(model, seat.parent);
   QObject::connect(widget->slider, &QSlider::valueChanged, [&model, seat](int value) {
     act(seat, model, [&model, value] { model.setValue(value); });
   });
-  keepShown(control, *widget, [&model, widget] {
+  keepShown(model, *widget, [&model, widget] {
     const QSignalBlocker quiet(widget->slider);
     widget->caption->setText(text(model.look().caption));
     widget->caption->setVisible(!model.look().caption.empty() || model.min() < 0);
@@ -92,4 +92,4 @@ QWidget* bindSlider(Control& control, const Seat& seat) {
   return widget;
 }
 
-}  // namespace korvane
+}  // namespace korvane::qt

@@ -3,7 +3,7 @@
 
 #include "views/qt/testing/ShownForm.h"
 
-namespace korvane {
+namespace korvane::qt {
 namespace {
 
 class Sliders : public ShownForm {
@@ -64,4 +64,4 @@ TEST_F(Sliders, FollowTheProgramWithoutAnEchoAndShowTheNumber) {
 }
 
 }  // namespace
-}  // namespace korvane
+}  // namespace korvane::qt

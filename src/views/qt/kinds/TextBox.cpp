@@ -7,11 +7,9 @@
 #include "platform/Controls.h"
 #include "views/qt/kinds/Binder.h"
 
-namespace korvane {
+namespace korvane::qt {
 namespace {
 
-constexpr int kEnterCode = 13;
-constexpr int kEscapeCode = 27;
 constexpr int kLeastLine = 64;
 constexpr int kLeastPage = 120;
 constexpr int kPageFrame = 44;  // of a page beyond its text: margins and scroll bar
@@ -34,16 +32,13 @@ class Line : public QLineEdit {
  protected:
   void keyPressEvent(QKeyEvent* event) override {
     QLineEdit::keyPressEvent(event);
-    const int key = event->key();
-    if (key == Qt::Key_Return || key == Qt::Key_Enter) press(kEnterCode);
-    if (key == Qt::Key_Escape) press(kEscapeCode);
+    const int key = keyCode(event->key());
+    if (!box_.takesKey(key)) return;
+    box_.key(key, text().toStdString(),
+             [this](const std::function<void()>& each) { act(seat_, box_, each); });
   }
 
  private:
-  void press(int code) {
-    act(seat_, box_, [this, code] { box_.keyPress(code); });
-  }
-
   TextBox& box_;
   Seat seat_;
 };
@@ -53,7 +48,7 @@ QWidget* bindLine(TextBox& box, const Seat& seat) {
   widget->setReadOnly(box.style().readOnly);
   widget->setMinimumWidth(kLeastLine);
   const auto take = [&box, seat, widget] { commit(box, seat, widget->text()); };
-  if (box.style().commit == TextBoxStyle::Commit::Live) {
+  if (box.live()) {
     QObject::connect(widget, &QLineEdit::textEdited, take);
   } else {
     QObject::connect(widget, &QLineEdit::editingFinished, take);
@@ -83,9 +78,8 @@ QWidget* bindPage(TextBox& box, const Seat& seat) {
 
 }  // namespace
 
-QWidget* bindTextBox(Control& control, const Seat& seat) {
-  auto& box = static_cast<TextBox&>(control);
-  return box.style().lines > 1 ? bindPage(box, seat) : bindLine(box, seat);
+QWidget* makeWidget(TextBox& box, const Seat& seat) {
+  return box.isPage() ? bindPage(box, seat) : bindLine(box, seat);
 }
 
-}  // namespace korvane
+}  // namespace korvane::qt

@@ -3,7 +3,7 @@
 
 #include "views/qt/testing/ShownForm.h"
 
-namespace korvane {
+namespace korvane::qt {
 namespace {
 
 class TextBoxes : public ShownForm {
@@ -89,4 +89,4 @@ TEST_F(TextBoxes, AReadOnlyBoxTakesNothing) {
 }
 
 }  // namespace
-}  // namespace korvane
+}  // namespace korvane::qt

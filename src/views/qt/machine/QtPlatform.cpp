@@ -9,7 +9,7 @@
 
 #include "views/shared/pictures/PictureFile.h"
 
-namespace korvane {
+namespace korvane::qt {
 namespace {
 
 constexpr const char* kTitle = "Korvane";
@@ -112,4 +112,4 @@ bool QtPlatform::startsWithout(const BrokenGrid& grid) {
   return true;
 }
 
-}  // namespace korvane
+}  // namespace korvane::qt

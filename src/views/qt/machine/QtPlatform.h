@@ -6,7 +6,7 @@
 
 #include "platform/Platform.h"
 
-namespace korvane {
+namespace korvane::qt {
 
 /// The machine of a person at a screen.
 class QtPlatform : public Platform {
@@ -36,4 +36,4 @@ class QtPlatform : public Platform {
 /// toolkit's "text (*.bmp *.jpg);;...".
 QString toNameFilter(const std::string& filter);
 
-}  // namespace korvane
+}  // namespace korvane::qt

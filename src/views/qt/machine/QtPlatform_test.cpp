@@ -11,7 +11,7 @@
 #include <QTest>
 #include <QTimer>
 
-namespace korvane {
+namespace korvane::qt {
 namespace {
 
 template <class Widget>
@@ -166,4 +166,4 @@ TEST(QtPlatform, TheTimeOfDayIsWithinADay) {
 }
 
 }  // namespace
-}  // namespace korvane
+}  // namespace korvane::qt

@@ -12,9 +12,10 @@
 #include "platform/PictureBox.h"
 #include "platform/TimerQueue.h"
 #include "testing/PlainForm.h"
+#include "views/qt/machine/LoopGate.h"
 #include "views/qt/windows/DesktopView.h"
 
-namespace korvane {
+namespace korvane::qt {
 
 /// Controls of a test's own on the screen.
 class ShownForm : public testing::Test {
@@ -40,10 +41,10 @@ class ShownForm : public testing::Test {
 
   HeadlessPlatform platform;
   TimerQueue timers;
-  EventGate gate{platform, timers};
+  LoopGate gate{platform, timers};
   Desktop desktop;
   std::unique_ptr<Form> form;
   std::unique_ptr<DesktopView> view;
 };
 
-}  // namespace korvane
+}  // namespace korvane::qt

@@ -10,6 +10,6 @@ int main(int argc, char** argv) {
   // A screen in memory, unless the caller asks for another one.
   if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
   QApplication application(argc, argv);
-  korvane::applyTheme(application);
+  korvane::qt::applyTheme(application);
   return RUN_ALL_TESTS();
 }

@@ -4,7 +4,7 @@
 #include <QScreen>
 #include <QScrollArea>
 
-namespace korvane {
+namespace korvane::qt {
 
 /// The size that a window can have, less the frame that the window system adds.
 inline QSize roomOn(const QScreen& screen) { return screen.availableSize() - QSize(10, 40); }
@@ -31,4 +31,4 @@ class FittingArea : public QScrollArea {
   }
 };
 
-}  // namespace korvane
+}  // namespace korvane::qt

@@ -9,21 +9,14 @@
 #include "views/qt/windows/FittingArea.h"
 #include "views/qt/windows/LayoutBuilder.h"
 
-namespace korvane {
+namespace korvane::qt {
 namespace {
 
 constexpr int kMargin = 12;
 
-struct Key {
-  int key;
-  int code;
-};
-constexpr Key kKeys[] = {
-    {Qt::Key_Return, 13}, {Qt::Key_Enter, 13}, {Qt::Key_Escape, 27}, {Qt::Key_Space, 32}};
-
 }  // namespace
 
-FormWindow::FormWindow(Form& form, Desktop& desktop, EventGate& gate, QWidget* owner)
+FormWindow::FormWindow(Form& form, Desktop& desktop, EventGate& gate, FormWindow* owner)
     : QWidget(owner, owner == nullptr ? Qt::Window : Qt::Dialog),
       form_(form),
       desktop_(desktop),
@@ -41,7 +34,7 @@ FormWindow::~FormWindow() { form_.onShown = nullptr; }
 void FormWindow::makeSurface() {
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
-  QWidget* picture = bindPictureBox(*form_.surface, seat_);
+  QWidget* picture = makeWidget(*form_.surface, seat_);
   layout->addWidget(picture);
   widgets_[form_.surface] = picture;
 }
@@ -69,6 +62,14 @@ void FormWindow::open() {
   setWindowModality(form_.modal() ? Qt::ApplicationModal : Qt::NonModal);
   if (!form_.framed) return showFullScreen();
   form_.maximized ? showMaximized() : showNormal();
+}
+
+// A window that the system has made the active one needs no more: asking again would set two
+// windows that were shown in a row fighting for it.
+void FormWindow::activate() {
+  if (isActiveWindow()) return;
+  raise();
+  activateWindow();
 }
 
 void FormWindow::refresh() {
@@ -107,16 +108,13 @@ void FormWindow::closeEvent(QCloseEvent* event) {
 }
 
 void FormWindow::keyPressEvent(QKeyEvent* event) {
-  for (const Key& known : kKeys) {
-    if (known.key != event->key() || !form_.onKeyPress) continue;
-    seat_.gate.run([this, &known] { form_.onKeyPress(known.code); });
-    return;
-  }
-  QWidget::keyPressEvent(event);
+  const int key = keyCode(event->key());
+  if (!form_.takesKey(key)) return QWidget::keyPressEvent(event);
+  seat_.gate.run([this, key] { form_.onKeyPress(key); });
 }
 
 void FormWindow::mousePressEvent(QMouseEvent*) {
   if (form_.onClick) seat_.gate.run([this] { form_.onClick(); });
 }
 
-}  // namespace korvane
+}  // namespace korvane::qt

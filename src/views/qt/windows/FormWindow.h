@@ -6,16 +6,19 @@
 #include "platform/Desktop.h"
 #include "views/qt/kinds/Binder.h"
 
-namespace korvane {
+namespace korvane::qt {
 
 /// The window of a form on the screen. The form must outlive it.
 class FormWindow : public QWidget {
  public:
   /// It stays above its owner, if it has one.
-  FormWindow(Form& form, Desktop& desktop, EventGate& gate, QWidget* owner);
+  FormWindow(Form& form, Desktop& desktop, EventGate& gate, FormWindow* owner);
   ~FormWindow() override;
 
   void open();
+  /// Brings it to the front and gives it the keyboard.
+  void activate();
+  void setReachable(bool) {}  // the toolkit's own modality sees to that
   /// The widget of a control of the form, nullptr if it has none.
   QWidget* widget(const Control& control) const;
 
@@ -39,4 +42,4 @@ class FormWindow : public QWidget {
   std::map<int, QSize> sizes_;  // that the window had, by its declared width
 };
 
-}  // namespace korvane
+}  // namespace korvane::qt

@@ -1,8 +1,9 @@
 #include "views/qt/windows/FormWindow.h"
 
+#include "views/qt/testing/Settle.h"
 #include "views/qt/testing/ShownForm.h"
 
-namespace korvane {
+namespace korvane::qt {
 namespace {
 
 class FormWindows : public ShownForm {
@@ -42,7 +43,7 @@ TEST_F(FormWindows, TheActivateHandlerRunsOncePerChange) {
   EXPECT_EQ(second, 1);
   view->window(*form).activateWindow();
   EXPECT_TRUE(QTest::qWaitFor([&] { return desktop.active() == form.get(); }, 2000));
-  QTest::qWait(50);
+  settle();
   EXPECT_EQ(first, 1);
   view.reset();
 }
@@ -58,7 +59,8 @@ TEST_F(FormWindows, TwoWindowsShownInARowDoNotFightForTheFront) {
     desktop.show(*form);
     desktop.show(other);
   });
-  QTest::qWait(200);
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&view->window(other)));
+  settle();
   EXPECT_EQ(desktop.active(), &other);
   EXPECT_LE(activations, 4);
   view.reset();
@@ -84,15 +86,14 @@ TEST_F(FormWindows, AnotherDeclaredWidthTakesTheWindowToItsControls) {
   Group wide("wide", {.caption = "Wide"});
   show({&button, &inside});
   auto* plain = static_cast<PlainForm*>(form.get());
+  const auto width = [this] { return view->window(*form).width(); };
   plain->setSize(8200, 100);
-  QTest::qWait(20);
+  settle();
   view->window(*form).resize(900, 300);
   plain->setSize(6000, 100);
-  QTest::qWait(20);
-  EXPECT_LT(view->window(*form).width(), 900);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return width() < 900; }));
   plain->setSize(8200, 100);
-  QTest::qWait(20);
-  EXPECT_EQ(view->window(*form).width(), 900) << "it comes back as it was";
+  EXPECT_TRUE(QTest::qWaitFor([&] { return width() == 900; })) << "it comes back as it was";
 }
 
 TEST_F(FormWindows, KeysThatNoControlTakesGoToTheForm) {
@@ -109,7 +110,7 @@ class Surface : public testing::Test {
  protected:
   HeadlessPlatform platform;
   TimerQueue timers;
-  EventGate gate{platform, timers};
+  LoopGate gate{platform, timers};
   Desktop desktop;
   PictureBox picture{"picture", {320, 200, PictureBox::Sizing::Grow}};
   Form main{"main", "main"};
@@ -136,4 +137,4 @@ TEST_F(Surface, FillsItsWindowAndTheScreenWithoutAFrame) {
 }
 
 }  // namespace
-}  // namespace korvane
+}  // namespace korvane::qt

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <vector>
 
-namespace korvane {
+namespace korvane::qt {
 namespace {
 
 constexpr int kGap = 8;
@@ -27,12 +27,6 @@ class LeadingLabel : public QLabel {
   }
 };
 
-bool beginsWithLabel(const Layout& part) {
-  return part.kind == Layout::Kind::Row && !part.children.empty() &&
-         part.children.front().kind == Layout::Kind::Item &&
-         part.children.front().control->kind() == Kind::Label;
-}
-
 // A control that comes and goes has its place kept, so that nothing around it moves; a group gives
 // its place up.
 void keepPlace(QWidget& widget, Kind kind) {
@@ -45,7 +39,7 @@ void keepPlace(QWidget& widget, Kind kind) {
 
 LayoutBuilder::LayoutBuilder(const Form& form, const Seat& seat) : form_(form), seat_(seat) {
   for (Control* control : form.controls()) {
-    QWidget* widget = binderOf(control->kind())(*control, seat_);
+    QWidget* widget = bind(*control, seat_);
     keepPlace(*widget, control->kind());
     widgets_[control] = widget;
   }
@@ -197,4 +191,4 @@ QLayout* LayoutBuilder::makeBoxed(const Layout& part) {
   return line;
 }
 
-}  // namespace korvane
+}  // namespace korvane::qt

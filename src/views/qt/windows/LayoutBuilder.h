@@ -8,7 +8,7 @@
 #include "platform/Form.h"
 #include "views/qt/kinds/Binder.h"
 
-namespace korvane {
+namespace korvane::qt {
 
 /// Makes the widgets of a form, in tab order, and arranges them as the form's layout declares.
 class LayoutBuilder {
@@ -39,4 +39,4 @@ class LayoutBuilder {
   std::map<const Control*, QWidget*> widgets_;
 };
 
-}  // namespace korvane
+}  // namespace korvane::qt

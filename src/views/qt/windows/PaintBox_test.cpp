@@ -5,9 +5,10 @@
 #include "generators/Dialogs.h"
 #include "testing/Drawing.h"
 #include "testing/TestPlugin.h"
+#include "views/qt/machine/LoopGate.h"
 #include "views/qt/windows/DesktopView.h"
 
-namespace korvane {
+namespace korvane::qt {
 namespace {
 
 class PaintWindow : public TestDecks {
@@ -50,7 +51,7 @@ class PaintWindow : public TestDecks {
   QImage seen() { return on(form.Bild).grab().toImage().convertToFormat(QImage::Format_RGB32); }
 
   MxPaintForm& form = plugin.dialogs.paint;
-  EventGate gate{platform, engine.timers};
+  LoopGate gate{platform, engine.timers};
   DesktopView view{engine.desktop, gate, plugin.matrixForm};
 };
 KORVANE_BOTH_DECKS(PaintWindow);
@@ -130,4 +131,4 @@ TEST_P(PaintWindow, TheRubberBandIsSeenWhileTheButtonIsHeld) {
 }
 
 }  // namespace
-}  // namespace korvane
+}  // namespace korvane::qt

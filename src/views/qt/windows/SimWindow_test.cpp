@@ -7,15 +7,17 @@
 
 #include "output/MatrixCode.h"
 #include "testing/TestPlugin.h"
+#include "views/qt/machine/LoopGate.h"
 #include "views/qt/windows/DesktopView.h"
 
-namespace korvane {
+namespace korvane::qt {
 namespace {
 
 // Writes down which parts of a widget are repainted.
 class Repaints : public QObject {
  public:
   explicit Repaints(QWidget& widget) { widget.installEventFilter(this); }
+  bool any() const { return !region_.isEmpty(); }
   QRegion take() { return std::exchange(region_, {}); }
 
  protected:
@@ -42,7 +44,7 @@ class SimScreen : public TestPlugin {
   QWidget& surface() { return *window().findChild<QWidget*>(); }
   QSize pixels() const { return {engine.sim.width(), engine.sim.height()}; }
 
-  EventGate gate{platform, engine.timers};
+  LoopGate gate{platform, engine.timers};
   DesktopView view{engine.desktop, gate, plugin.matrixForm};
 };
 
@@ -70,11 +72,14 @@ TEST_F(SimScreen, TheScreenThatTheTestsAskForIsThere) {
 }
 
 TEST_F(SimScreen, ASingleLampIsRepaintedAlone) {
-  QTest::qWait(50);
   Repaints repaints(surface());
+  surface().update();
+  ASSERT_TRUE(QTest::qWaitFor([&] { return repaints.any(); }))
+      << "all that was still to be painted";
+  repaints.take();
   v.frameA.fill({10, 200, 30});
   gate.run([this] { mixCell(engine, 0, 2, 1); });
-  QTest::qWait(50);
+  ASSERT_TRUE(QTest::qWaitFor([&] { return repaints.any(); }));
   const double scale = window().devicePixelRatioF();
   const QRectF box(v.simLeft + 2 * v.simCellW, v.simTop + v.simCellH, v.simCellW - 1,
                    v.simCellH - 1);
@@ -98,4 +103,4 @@ TEST_F(SimScreen, TheFramesCloseButtonHidesItAndLeavesTheBoxChecked) {
 }
 
 }  // namespace
-}  // namespace korvane
+}  // namespace korvane::qt

@@ -5,7 +5,7 @@
 #include <QStyleFactory>
 #include <utility>
 
-namespace korvane {
+namespace korvane::qt {
 namespace {
 
 constexpr int kTextPixels = 14;
@@ -148,4 +148,4 @@ void applyTheme(QApplication& application) {
   application.setStyleSheet(filledIn(kSheet));
 }
 
-}  // namespace korvane
+}  // namespace korvane::qt

@@ -2,7 +2,7 @@
 
 #include <QApplication>
 
-namespace korvane {
+namespace korvane::qt {
 
 /// The look of all windows: colours, type and shapes. Dark, for a place beside a stage.
 namespace theme {
@@ -22,4 +22,4 @@ inline constexpr const char* kOnAccent = "#ffffff";
 /// Gives a program this look.
 void applyTheme(QApplication& application);
 
-}  // namespace korvane
+}  // namespace korvane::qt

@@ -1,5 +1,6 @@
 // The windows of the plug-in under real clicks and keys.
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QComboBox>
 #include <QLabel>
@@ -10,10 +11,12 @@
 #include <QTest>
 #include <QTreeView>
 
-#include "testing/TestPlugin.h"
+#include "testing/ShownChoices.h"
+#include "views/qt/machine/LoopGate.h"
+#include "views/qt/testing/Settle.h"
 #include "views/qt/windows/DesktopView.h"
 
-namespace korvane {
+namespace korvane::qt {
 namespace {
 
 class Windows : public TestPlugin {
@@ -36,7 +39,7 @@ class Windows : public TestPlugin {
   }
   void press(Control& control) { QTest::mouseClick(&on(control), Qt::LeftButton); }
 
-  EventGate gate{platform, engine.timers};
+  LoopGate gate{platform, engine.timers};
   DesktopView view{engine.desktop, gate, plugin.matrixForm};
 };
 
@@ -95,9 +98,22 @@ TEST_F(Windows, TheMixersFrameClosesItAsCancelDoes) {
 TEST_F(Windows, AClickOnAStripTakesItsShare) {
   gate.run([this] { pickColor(engine, 0, [](Color) {}); });
   MxColorMixer& mixer = plugin.dialogs.mixer;
-  QTest::qWait(20);
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&view.window(mixer)));
   QTest::mouseClick(&on(mixer.Pblue), Qt::LeftButton, {}, on(mixer.Pblue).rect().center());
   EXPECT_NEAR(mixer.Sblue.value(), 127, 4);
+}
+
+TEST_F(Windows, TheChoiceOfTheEntryThatAListShowsCounts) {
+  const auto chooseShown = [this](ListBox& list) {
+    auto& box = dynamic_cast<QComboBox&>(on(list));
+    box.showPopup();
+    QAbstractItemView& entries = *box.view();
+    EXPECT_EQ(entries.currentIndex().row(), list.index());
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(entries.window()));
+    QTest::keyClick(&entries, Qt::Key_Return);
+    EXPECT_FALSE(entries.isVisible());
+  };
+  expectShownChoicesToCount(engine, chooseShown);
 }
 
 TEST_F(Windows, AChosenTypeStartsTheEffect) {
@@ -186,7 +202,7 @@ TEST_F(Windows, OnASmallerScreenItScrolls) {
 TEST_F(Windows, TheColourOfAFadeFindsItsRoomWithoutMovingAnything) {
   const QRect before = on(plugin.matrixForm.FrameXX).geometry();
   gate.run([this] { master.fadeType.setIndex(kColorFade); });
-  QTest::qWait(20);
+  settle();
   EXPECT_TRUE(on(master.MFadeColor).isVisible());
   EXPECT_EQ(on(plugin.matrixForm.FrameXX).geometry(), before);
   EXPECT_LE(content().minimumSizeHint().width(), 1280 - 10);
@@ -195,13 +211,11 @@ TEST_F(Windows, TheColourOfAFadeFindsItsRoomWithoutMovingAnything) {
 TEST_F(Windows, TheNarrowViewHidesTheListsAndShrinksTheWindow) {
   const int wide = content().width();
   gate.run([this] { plugin.plugIn.ITharnPlugin_MessageHandle(kMessageViewChange, 1, 0); });
-  QTest::qWait(20);
   EXPECT_FALSE(on(v.A.efxList).isVisible());
-  EXPECT_LT(content().width(), wide);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return content().width() < wide; }));
   gate.run([this] { plugin.plugIn.ITharnPlugin_MessageHandle(kMessageViewChange, 0, 0); });
-  QTest::qWait(20);
   EXPECT_TRUE(on(v.A.efxList).isVisible());
-  EXPECT_EQ(content().width(), wide);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return content().width() == wide; }));
 }
 
 TEST_F(Windows, CloseallHidesTheWindow) {
@@ -220,7 +234,7 @@ TEST_F(Windows, ADoubleClickThatOpensAWindowModallyKeepsTheLampThatItMeant) {
   QTest::mouseDClick(window.windowHandle(), Qt::LeftButton, {}, middle + QPoint(3, 3));
   ASSERT_TRUE(conf.detail.modal());
   QTest::mouseMove(window.windowHandle(), middle);
-  QTest::qWait(20);
+  settle();
   EXPECT_EQ(v.cellCol, 6);
   EXPECT_EQ(v.cellRow, 6);
   EXPECT_FALSE(v.cellConfigured.at(6, 6));
@@ -233,4 +247,4 @@ TEST_F(Windows, ADoubleClickThatOpensAWindowModallyKeepsTheLampThatItMeant) {
 }
 
 }  // namespace
-}  // namespace korvane
+}  // namespace korvane::qt

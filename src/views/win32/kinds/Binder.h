@@ -2,26 +2,25 @@
 
 #include <memory>
 
+#include "platform/Kinds.h"
 #include "views/win32/kinds/Widget.h"
 
-namespace korvane {
+namespace korvane::win32 {
 
-/// Makes the window of a control.
-using Binder = std::unique_ptr<Widget> (*)(Control&, const Seat&);
+/// Makes the window of a control, of whatever kind.
+std::unique_ptr<Widget> bind(Control& control, const Seat& seat);
 
-/// The binder of a kind; nullptr if the view has none.
-Binder binderOf(Kind kind);
+// One for each kind; a kind without one does not compile.
+std::unique_ptr<Widget> makeWidget(Button& button, const Seat& seat);
+std::unique_ptr<Widget> makeWidget(PictureButton& button, const Seat& seat);
+std::unique_ptr<Widget> makeWidget(CheckBox& box, const Seat& seat);
+std::unique_ptr<Widget> makeWidget(ListBox& list, const Seat& seat);
+std::unique_ptr<Widget> makeWidget(ListView& list, const Seat& seat);
+std::unique_ptr<Widget> makeWidget(TextBox& box, const Seat& seat);
+std::unique_ptr<Widget> makeWidget(Slider& slider, const Seat& seat);
+std::unique_ptr<Widget> makeWidget(PictureBox& box, const Seat& seat);
+std::unique_ptr<Widget> makeWidget(ColorBox& box, const Seat& seat);
+std::unique_ptr<Widget> makeWidget(Label& label, const Seat& seat);
+std::unique_ptr<Widget> makeWidget(Group& group, const Seat& seat);
 
-std::unique_ptr<Widget> bindButton(Control& control, const Seat& seat);
-std::unique_ptr<Widget> bindPictureButton(Control& control, const Seat& seat);
-std::unique_ptr<Widget> bindCheckBox(Control& control, const Seat& seat);
-std::unique_ptr<Widget> bindListBox(Control& control, const Seat& seat);
-std::unique_ptr<Widget> bindListView(Control& control, const Seat& seat);
-std::unique_ptr<Widget> bindTextBox(Control& control, const Seat& seat);
-std::unique_ptr<Widget> bindSlider(Control& control, const Seat& seat);
-std::unique_ptr<Widget> bindPictureBox(Control& control, const Seat& seat);
-std::unique_ptr<Widget> bindColorBox(Control& control, const Seat& seat);
-std::unique_ptr<Widget> bindLabel(Control& control, const Seat& seat);
-std::unique_ptr<Widget> bindGroup(Control& control, const Seat& seat);
-
-}  // namespace korvane
+}  // namespace korvane::win32

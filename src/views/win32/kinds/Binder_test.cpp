@@ -2,15 +2,10 @@
 
 #include "views/win32/testing/ShownForm.h"
 
-namespace korvane {
+namespace korvane::win32 {
 namespace {
 
 class Binders : public ShownForm {};
-
-TEST(BinderTable, HasEveryKind) {
-  for (int kind = 0; kind <= static_cast<int>(Kind::Group); ++kind)
-    EXPECT_NE(binderOf(static_cast<Kind>(kind)), nullptr) << kindName(static_cast<Kind>(kind));
-}
 
 TEST_F(Binders, FollowTheLookOfTheControl) {
   auto& button = make<Button>("go", Look{.caption = "Go"});
@@ -139,6 +134,25 @@ TEST_F(Binders, AnOpenedDropDownListChoosesWhenItCloses) {
   EXPECT_EQ(events, 1);
 }
 
+TEST_F(Binders, AnOpenedDropDownListChoosesTheEntryThatItShows) {
+  int events = 0;
+  auto& list = make<ListBox>("type");
+  list.setItems({"one", "two"});
+  list.setIndex(1);
+  list.onClick = [&events] { ++events; };
+  show({&list});
+  SendMessageW(on(list), CB_SHOWDROPDOWN, TRUE, 0);
+  press(on(list), VK_RETURN);
+  EXPECT_EQ(events, 1);
+  press(on(list), VK_DOWN);  // there is no entry below
+  EXPECT_EQ(events, 1);
+  SendMessageW(on(list), CB_SHOWDROPDOWN, TRUE, 0);
+  press(on(list), VK_UP);
+  press(on(list), VK_RETURN);
+  EXPECT_EQ(list.index(), 0);
+  EXPECT_EQ(events, 2);
+}
+
 TEST_F(Binders, TheWheelChangesNoClosedList) {
   auto& list = make<ListBox>("type");
   list.setItems({"one", "two"});
@@ -156,6 +170,13 @@ TEST_F(Binders, AnOpenListChooses) {
   press(on(list), VK_DOWN);
   press(on(list), VK_DOWN);
   EXPECT_EQ(list.index(), 1);
+  int events = 0;
+  list.onClick = [&events] { ++events; };
+  clickAt(on(list), 10, 5);
+  EXPECT_EQ(list.index(), 0);
+  EXPECT_EQ(events, 1);
+  clickAt(on(list), 10, 5);
+  EXPECT_EQ(events, 2) << "the entry that is shown";
 }
 
 TEST_F(Binders, ALiveTextBoxHandsOverEachKeystroke) {
@@ -196,4 +217,4 @@ TEST_F(Binders, APageKeepsItsLines) {
 }
 
 }  // namespace
-}  // namespace korvane
+}  // namespace korvane::win32

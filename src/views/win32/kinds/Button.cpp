@@ -3,20 +3,12 @@
 #include "views/win32/kinds/Painting.h"
 #include "views/win32/kinds/PushWidget.h"
 
-namespace korvane {
+namespace korvane::win32 {
 namespace {
 
 constexpr int kRoomBeside = 22;
 constexpr int kRoomAbove = 11;
 constexpr int kLeastWidth = 52;
-
-// A grey background is the plain face of a button in the classic colours, so it means the view's
-// own face here as well.
-bool colored(Color color) {
-  if (color == -1) return false;
-  const Rgb parts = colorParts(color);
-  return parts[0] != parts[1] || parts[1] != parts[2];
-}
 
 class ButtonWidget : public PushWidget {
  public:
@@ -37,7 +29,7 @@ class ButtonWidget : public PushWidget {
     setWindowText(window(), caption());
     if (shownColor_ == button_.backColor()) return;
     shownColor_ = button_.backColor();
-    SendMessageW(window(), BM_SETSTYLE, colored(shownColor_) ? BS_OWNERDRAW : BS_PUSHBUTTON, TRUE);
+    SendMessageW(window(), BM_SETSTYLE, button_.plain() ? BS_PUSHBUTTON : BS_OWNERDRAW, TRUE);
   }
   void draw(const DRAWITEMSTRUCT& item) override { drawPlate(item, shownColor_, caption()); }
 
@@ -48,8 +40,8 @@ class ButtonWidget : public PushWidget {
 
 }  // namespace
 
-std::unique_ptr<Widget> bindButton(Control& control, const Seat& seat) {
-  return std::make_unique<ButtonWidget>(static_cast<Button&>(control), seat);
+std::unique_ptr<Widget> makeWidget(Button& button, const Seat& seat) {
+  return std::make_unique<ButtonWidget>(button, seat);
 }
 
-}  // namespace korvane
+}  // namespace korvane::win32

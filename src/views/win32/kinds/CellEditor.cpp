@@ -5,18 +5,21 @@
 #include "views/win32/kinds/Widget.h"
 #include "views/win32/machine/Module.h"
 
-namespace korvane {
+namespace korvane::win32 {
 
-void CellEditor::open(HWND list, const RECT& cell, const std::wstring& text, HFONT font) {
+void CellEditor::open(HWND list, const std::wstring& text) {
   close();
   window_ =
       CreateWindowExW(0, L"EDIT", text.c_str(), WS_CHILD | WS_VISIBLE | WS_BORDER | ES_AUTOHSCROLL,
                       0, 0, 0, 0, list, nullptr, moduleHandle(), nullptr);
-  SendMessageW(window_, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
-  moveWindow(window_, cell);
   SetWindowSubclass(window_, procedure, 0, reinterpret_cast<DWORD_PTR>(this));
   SendMessageW(window_, EM_SETSEL, 0, -1);
   SetFocus(window_);
+}
+
+void CellEditor::place(const RECT& cell, HFONT font) const {
+  SendMessageW(window_, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
+  moveWindow(window_, cell);
 }
 
 void CellEditor::close() {
@@ -53,4 +56,4 @@ LRESULT CALLBACK CellEditor::procedure(HWND window, UINT message, WPARAM w, LPAR
   return DefSubclassProc(window, message, w, l);
 }
 
-}  // namespace korvane
+}  // namespace korvane::win32

@@ -5,7 +5,7 @@
 #include <functional>
 #include <string>
 
-namespace korvane {
+namespace korvane::win32 {
 
 /// The text box in which a cell of a list is edited in place. It is there from open() to the key or
 /// the change of focus that ends it.
@@ -16,7 +16,9 @@ class CellEditor {
   CellEditor(const CellEditor&) = delete;
   CellEditor& operator=(const CellEditor&) = delete;
 
-  void open(HWND list, const RECT& cell, const std::wstring& text, HFONT font);
+  void open(HWND list, const std::wstring& text);
+  /// Puts it over the cell.
+  void place(const RECT& cell, HFONT font) const;
   /// Without a word to anyone.
   void close();
   bool isOpen() const { return window_ != nullptr; }
@@ -35,4 +37,4 @@ class CellEditor {
   HWND window_ = nullptr;
 };
 
-}  // namespace korvane
+}  // namespace korvane::win32

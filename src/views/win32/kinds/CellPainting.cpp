@@ -4,7 +4,7 @@
 
 #include "views/win32/kinds/Painting.h"
 
-namespace korvane {
+namespace korvane::win32 {
 namespace {
 
 constexpr double kLeastContrast = 2;  // below it a coloured text gets a plate behind it
@@ -34,7 +34,7 @@ void drawColored(const ListView& list, const Scale& scale, const NMLVCUSTOMDRAW&
   RECT cell = cellRect(stage.nmcd.hdr.hwndFrom, row, stage.iSubItem);
   fillRect(target, cell, ground);
   InflateRect(&cell, -scale.px(kSide), 0);
-  const HGDIOBJ before = SelectObject(target, scale.bold());
+  const HGDIOBJ before = SelectObject(target, scale.listBold());
   if (contrast(static_cast<Color>(ink), static_cast<Color>(ground)) < kLeastContrast) {
     RECT plate = cell;
     SIZE size;
@@ -63,4 +63,4 @@ LRESULT drawCell(const ListView& list, const Scale& scale, const NMLVCUSTOMDRAW&
   return CDRF_SKIPDEFAULT;
 }
 
-}  // namespace korvane
+}  // namespace korvane::win32

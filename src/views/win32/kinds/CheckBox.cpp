@@ -2,7 +2,7 @@
 #include "views/win32/kinds/Binder.h"
 #include "views/win32/kinds/PushWidget.h"
 
-namespace korvane {
+namespace korvane::win32 {
 namespace {
 
 constexpr int kMark = 22;  // width of the mark and the gap beside it
@@ -21,7 +21,7 @@ class CheckWidget : public PushWidget {
   }
 
  protected:
-  void clicked() override { box_.setValue(box_.checked() ? 0 : 1); }
+  void clicked() override { box_.click(); }
   void show() override {
     setWindowText(window(), caption());
     SendMessageW(window(), BM_SETCHECK, box_.checked() ? BST_CHECKED : BST_UNCHECKED, 0);
@@ -33,8 +33,8 @@ class CheckWidget : public PushWidget {
 
 }  // namespace
 
-std::unique_ptr<Widget> bindCheckBox(Control& control, const Seat& seat) {
-  return std::make_unique<CheckWidget>(static_cast<CheckBox&>(control), seat);
+std::unique_ptr<Widget> makeWidget(CheckBox& box, const Seat& seat) {
+  return std::make_unique<CheckWidget>(box, seat);
 }
 
-}  // namespace korvane
+}  // namespace korvane::win32

@@ -3,7 +3,7 @@
 #include "views/win32/kinds/Painting.h"
 #include "views/win32/kinds/PushWidget.h"
 
-namespace korvane {
+namespace korvane::win32 {
 namespace {
 
 constexpr SIZE kSize{56, 26};
@@ -40,8 +40,8 @@ class ColorWidget : public PushWidget {
 
 }  // namespace
 
-std::unique_ptr<Widget> bindColorBox(Control& control, const Seat& seat) {
-  return std::make_unique<ColorWidget>(static_cast<ColorBox&>(control), seat);
+std::unique_ptr<Widget> makeWidget(ColorBox& box, const Seat& seat) {
+  return std::make_unique<ColorWidget>(box, seat);
 }
 
-}  // namespace korvane
+}  // namespace korvane::win32

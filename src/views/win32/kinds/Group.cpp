@@ -1,6 +1,6 @@
 #include "views/win32/kinds/Binder.h"
 
-namespace korvane {
+namespace korvane::win32 {
 namespace {
 
 constexpr int kRoomBesideTitle = 20;
@@ -8,7 +8,7 @@ constexpr int kRoomBesideTitle = 20;
 // The controls inside the group are its windows, so they come and go with it.
 class GroupWidget : public Widget {
  public:
-  GroupWidget(Control& group, const Seat& seat) : Widget(group, seat) {
+  GroupWidget(Group& group, const Seat& seat) : Widget(group, seat) {
     make(L"BUTTON", BS_GROUPBOX | WS_CLIPCHILDREN);
   }
 
@@ -32,8 +32,8 @@ class GroupWidget : public Widget {
 
 }  // namespace
 
-std::unique_ptr<Widget> bindGroup(Control& control, const Seat& seat) {
-  return std::make_unique<GroupWidget>(control, seat);
+std::unique_ptr<Widget> makeWidget(Group& group, const Seat& seat) {
+  return std::make_unique<GroupWidget>(group, seat);
 }
 
-}  // namespace korvane
+}  // namespace korvane::win32

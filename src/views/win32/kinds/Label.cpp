@@ -1,7 +1,7 @@
 #include "platform/Controls.h"
 #include "views/win32/kinds/Binder.h"
 
-namespace korvane {
+namespace korvane::win32 {
 namespace {
 
 constexpr std::size_t kLongText = 80;  // characters; a longer text is broken into lines
@@ -31,8 +31,8 @@ class LabelWidget : public Widget {
 
 }  // namespace
 
-std::unique_ptr<Widget> bindLabel(Control& control, const Seat& seat) {
-  return std::make_unique<LabelWidget>(static_cast<Label&>(control), seat);
+std::unique_ptr<Widget> makeWidget(Label& label, const Seat& seat) {
+  return std::make_unique<LabelWidget>(label, seat);
 }
 
-}  // namespace korvane
+}  // namespace korvane::win32

@@ -1,9 +1,10 @@
 #include <algorithm>
+#include <utility>
 
 #include "platform/Controls.h"
 #include "views/win32/kinds/Binder.h"
 
-namespace korvane {
+namespace korvane::win32 {
 namespace {
 
 constexpr int kVisibleEntries = 20;
@@ -26,10 +27,13 @@ class EntriesWidget : public Widget {
  protected:
   int chosen() const { return static_cast<int>(SendMessageW(window(), messages_.chosen, 0, 0)); }
 
-  // The same choice again is no event, so what comes twice does no harm.
+  // A person has chosen the entry that is marked, perhaps the one that was shown before.
   void take() {
-    const int index = chosen();
-    if (index != list_.index()) act([this, index] { list_.setIndex(index); });
+    if (const int index = chosen(); index >= 0) act([this, index] { list_.choose(index); });
+  }
+  // The mark has moved. A list may tell of it twice, or without need.
+  void follow() {
+    if (chosen() != list_.index()) take();
   }
 
   void show() override {
@@ -80,7 +84,8 @@ class DropDownWidget : public EntriesWidget {
   void command(WORD code) override {
     const bool open = SendMessageW(window(), CB_GETDROPPEDSTATE, 0, 0) != 0;
     if (code == CBN_SELENDCANCEL) show();
-    if (code == CBN_SELENDOK || (code == CBN_SELCHANGE && !open)) take();
+    if (code == CBN_SELENDOK && open) take();
+    if ((code == CBN_SELENDOK || code == CBN_SELCHANGE) && !open) follow();
   }
   // The wheel does nothing on a closed list: it must not change an effect by the way.
   std::optional<LRESULT> message(UINT message, WPARAM w, LPARAM) override {
@@ -108,16 +113,27 @@ class OpenListWidget : public EntriesWidget {
 
  protected:
   void command(WORD code) override {
-    if (code == LBN_SELCHANGE) take();
+    if (code == LBN_SELCHANGE) follow();
   }
+  // A press on the entry that is shown chooses it, too.
+  std::optional<LRESULT> message(UINT message, WPARAM w, LPARAM l) override {
+    if (message == WM_LBUTTONDOWN) before_ = chosen();
+    if (message != WM_LBUTTONUP) return std::nullopt;
+    const LRESULT answer = inherited(message, w, l);
+    const auto under = static_cast<int>(SendMessageW(window(), LB_ITEMFROMPOINT, 0, l));
+    if (std::exchange(before_, -1) == under) take();
+    return answer;
+  }
+
+ private:
+  int before_ = -1;  // the entry that was marked when the button went down
 };
 
 }  // namespace
 
-std::unique_ptr<Widget> bindListBox(Control& control, const Seat& seat) {
-  auto& list = static_cast<ListBox&>(control);
+std::unique_ptr<Widget> makeWidget(ListBox& list, const Seat& seat) {
   if (list.style() == ListBox::Style::Open) return std::make_unique<OpenListWidget>(list, seat);
   return std::make_unique<DropDownWidget>(list, seat);
 }
 
-}  // namespace korvane
+}  // namespace korvane::win32

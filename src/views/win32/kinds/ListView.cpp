@@ -1,5 +1,3 @@
-#include "platform/ListView.h"
-
 #include <windowsx.h>
 
 #include <algorithm>
@@ -9,7 +7,7 @@
 #include "views/win32/kinds/CellEditor.h"
 #include "views/win32/kinds/CellPainting.h"
 
-namespace korvane {
+namespace korvane::win32 {
 namespace {
 
 constexpr SIZE kSize{190, 130};
@@ -47,8 +45,9 @@ class RowsWidget : public Widget {
     shareWidth();
   }
   void setSizes() override {
-    Widget::setSizes();
+    send(WM_SETFONT, reinterpret_cast<WPARAM>(scale().listFont()), TRUE);
     shareWidth();
+    if (editor_.isOpen()) editor_.place(editedCell(), scale().listFont());
   }
 
  protected:
@@ -68,13 +67,10 @@ class RowsWidget : public Widget {
   void showRows() const;
   void setState(int row, UINT state, UINT mask) const;
   void showEditor();
+  RECT editedCell() const;
   void shareWidth() const;
-  void click(int row, int col) {
-    act([this, row, col] { list_.click(row, col); });
-  }
   void press(POINT at, bool twice);
-  void key(WPARAM key);
-  void editCurrentRow();
+  void key(int key);
   void giveText(LVITEMW& item) const;
 
   ListView& list_;
@@ -148,11 +144,15 @@ void RowsWidget::showEditor() {
   if (!list_.editing()) return editor_.close();
   if (editor_.isOpen()) return;
   send(LVM_ENSUREVISIBLE, static_cast<WPARAM>(list_.editRow()), FALSE);
+  editor_.open(window(), toWide(list_.cell(list_.editRow(), list_.editCol())));
+  editor_.place(editedCell(), scale().listFont());
+}
+
+RECT RowsWidget::editedCell() const {
   RECT cell{LVIR_LABEL, list_.editCol(), 0, 0};
   send(LVM_GETSUBITEMRECT, static_cast<WPARAM>(list_.editRow()), reinterpret_cast<LPARAM>(&cell));
   if (list_.editCol() == 0) cell.right = cell.left + static_cast<LONG>(send(LVM_GETCOLUMNWIDTH, 0));
-  editor_.open(window(), cell, toWide(list_.cell(list_.editRow(), list_.editCol())),
-               scale().font());
+  return cell;
 }
 
 void RowsWidget::giveText(LVITEMW& item) const {
@@ -178,32 +178,15 @@ void RowsWidget::press(POINT at, bool twice) {
   send(LVM_SUBITEMHITTEST, 0, reinterpret_cast<LPARAM>(&hit));
   const int row = hit.iItem;
   if (row < 0 || row >= list_.count()) return;
-  twice ? act([this, row] { list_.doubleClick(row); }) : click(row, std::max(0, hit.iSubItem));
+  act([&] { twice ? list_.doubleClick(row) : list_.click(row, std::max(0, hit.iSubItem)); });
 }
 
-// The keys that move the focus click the row that they reach, Enter is a double click, F2 edits.
-void RowsWidget::key(WPARAM key) {
-  const int row = list_.current();
-  if (key == VK_F2) {
-    editCurrentRow();
-  } else if (key == VK_SPACE) {
-    if (row >= 0) click(row, 0);
-  } else if (key == VK_RETURN) {
-    if (row >= 0) act([this, row] { list_.doubleClick(row); });
-  } else {
-    inherited(WM_KEYDOWN, key, 0);
-    const auto reached =
-        static_cast<int>(send(LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_FOCUSED));
-    if (reached >= 0 && reached != row && reached < list_.count()) click(reached, 0);
-  }
-}
-
-void RowsWidget::editCurrentRow() {
-  const auto found = std::find_if(columns_.begin(), columns_.end(),
-                                  [](const auto& column) { return column.editable; });
-  if (found == columns_.end() || list_.current() < 0) return;
-  const auto col = static_cast<int>(found - columns_.begin());
-  act([this, col] { list_.beginEdit(list_.current(), col); });
+void RowsWidget::key(int key) {
+  if (ListView::takesKey(key)) return act([this, key] { list_.key(key); });
+  inherited(WM_KEYDOWN, static_cast<WPARAM>(key), 0);
+  const auto reached =
+      static_cast<int>(send(LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_FOCUSED));
+  act([this, reached] { list_.reach(reached); });
 }
 
 // Presses and keys are answered here: the window's own answers drag rows and search for letters.
@@ -217,7 +200,7 @@ std::optional<LRESULT> RowsWidget::message(UINT message, WPARAM w, LPARAM l) {
     case WM_CHAR:
       return 0;
     case WM_KEYDOWN:
-      key(w);
+      key(static_cast<int>(w));
       return 0;
     case WM_NOTIFY: {
       const UINT code = reinterpret_cast<const NMHDR*>(l)->code;
@@ -231,8 +214,8 @@ std::optional<LRESULT> RowsWidget::message(UINT message, WPARAM w, LPARAM l) {
 
 }  // namespace
 
-std::unique_ptr<Widget> bindListView(Control& control, const Seat& seat) {
-  return std::make_unique<RowsWidget>(static_cast<ListView&>(control), seat);
+std::unique_ptr<Widget> makeWidget(ListView& list, const Seat& seat) {
+  return std::make_unique<RowsWidget>(list, seat);
 }
 
-}  // namespace korvane
+}  // namespace korvane::win32

@@ -7,7 +7,7 @@
 #include <cstdint>
 #include <vector>
 
-namespace korvane {
+namespace korvane::win32 {
 namespace {
 
 constexpr int kFiner = 4;       // an icon is drawn this much larger, for smooth edges
@@ -147,4 +147,4 @@ void drawPlate(const DRAWITEMSTRUCT& item, Color color, const std::wstring& text
             DT_CENTER | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX);
 }
 
-}  // namespace korvane
+}  // namespace korvane::win32

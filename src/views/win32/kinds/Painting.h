@@ -7,7 +7,7 @@
 #include "platform/Color.h"
 #include "platform/Icons.h"
 
-namespace korvane {
+namespace korvane::win32 {
 
 /// The colour on the screen; system colours are resolved. Both have red in the lowest byte.
 inline COLORREF toColorRef(Color color) { return static_cast<COLORREF>(plainColor(color)); }
@@ -23,4 +23,4 @@ void drawPlate(const DRAWITEMSTRUCT& item, Color color, const std::wstring& text
 
 void fillRect(HDC target, const RECT& area, COLORREF color);
 
-}  // namespace korvane
+}  // namespace korvane::win32

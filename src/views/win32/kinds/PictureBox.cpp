@@ -9,10 +9,9 @@
 #include "views/win32/kinds/Painting.h"
 #include "views/win32/kinds/PictureWindow.h"
 
-namespace korvane {
+namespace korvane::win32 {
 namespace {
 
-using Mouse = PictureBox::Mouse;
 using Sizing = PictureBox::Sizing;
 
 constexpr int kFixedEnlargement = 2;  // of a box that keeps its size, if there is room
@@ -102,10 +101,6 @@ class PictureWidget : public Widget {
     if (damage_.add(x1, y1, x2, y2)) RedrawWindow(window(), nullptr, nullptr, RDW_INTERNALPAINT);
   }
 
-  void send(Mouse event, POINT at) {
-    seat().gate.run([&] { box_.mouse(event, at.x, at.y); });
-  }
-
   void fit();
   void paint();
   void paintGround(HDC target) const;
@@ -120,7 +115,6 @@ class PictureWidget : public Widget {
   int width_;  // as it was declared
   int height_;
   Damage damage_;
-  bool pressed_ = false;
   bool followed_ = false;  // the system will tell when the pointer leaves
 };
 
@@ -199,37 +193,31 @@ void PictureWidget::paintOverlay(HDC target) const {
   }
 }
 
-// The second press of a double click is a press and the double click, and no click follows it.
 void PictureWidget::press(POINT at, bool twice) {
   SetCapture(window());
-  pressed_ = !twice;
-  send(Mouse::Down, toBox(at));
-  if (twice) send(Mouse::DblClick, toBox(at));
+  const POINT pixel = toBox(at);
+  twice ? box_.twice(pixel.x, pixel.y, seat().gate) : box_.press(pixel.x, pixel.y, seat().gate);
 }
 
-// A window that opens under the pressed button takes the release away: it is made up for here.
 void PictureWidget::move(POINT at, bool held) {
   if (!followed_) {
     TRACKMOUSEEVENT track{sizeof track, TME_LEAVE, window(), 0};
     followed_ = TrackMouseEvent(&track) != FALSE;
   }
-  if (box_.buttonHeld() && !held) send(Mouse::Up, toBox(at));
-  send(Mouse::Move, toBox(at));
+  const POINT pixel = toBox(at);
+  box_.move(pixel.x, pixel.y, held, seat().gate);
 }
 
 void PictureWidget::release(POINT at) {
   const RECT room = area();
-  const bool clicked = pressed_ && PtInRect(&room, at);
-  pressed_ = false;
   if (GetCapture() == window()) ReleaseCapture();
-  send(Mouse::Up, toBox(at));
-  if (clicked) send(Mouse::Click, toBox(at));
+  const POINT pixel = toBox(at);
+  box_.release(pixel.x, pixel.y, PtInRect(&room, at) != FALSE, seat().gate);
 }
 
-// A box that follows the pointer learns that it has gone.
 void PictureWidget::leave() {
   followed_ = false;
-  if (!box_.buttonHeld()) send(Mouse::Move, {-1, -1});
+  box_.leave(seat().gate);
 }
 
 std::optional<LRESULT> PictureWidget::message(UINT message, WPARAM w, LPARAM l) {
@@ -259,8 +247,8 @@ std::optional<LRESULT> PictureWidget::message(UINT message, WPARAM w, LPARAM l) 
 
 }  // namespace
 
-std::unique_ptr<Widget> bindPictureBox(Control& control, const Seat& seat) {
-  return std::make_unique<PictureWidget>(static_cast<PictureBox&>(control), seat);
+std::unique_ptr<Widget> makeWidget(PictureBox& box, const Seat& seat) {
+  return std::make_unique<PictureWidget>(box, seat);
 }
 
-}  // namespace korvane
+}  // namespace korvane::win32

@@ -3,7 +3,7 @@
 #include "views/win32/kinds/Painting.h"
 #include "views/win32/kinds/PushWidget.h"
 
-namespace korvane {
+namespace korvane::win32 {
 namespace {
 
 constexpr int kSide = 28;
@@ -56,8 +56,8 @@ class IconWidget : public PushWidget {
 
 }  // namespace
 
-std::unique_ptr<Widget> bindPictureButton(Control& control, const Seat& seat) {
-  return std::make_unique<IconWidget>(static_cast<PictureButton&>(control), seat);
+std::unique_ptr<Widget> makeWidget(PictureButton& button, const Seat& seat) {
+  return std::make_unique<IconWidget>(button, seat);
 }
 
-}  // namespace korvane
+}  // namespace korvane::win32

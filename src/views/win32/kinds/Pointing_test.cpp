@@ -2,7 +2,7 @@
 
 #include "views/win32/testing/ShownForm.h"
 
-namespace korvane {
+namespace korvane::win32 {
 namespace {
 
 class Pointing : public ShownForm {};
@@ -221,4 +221,4 @@ TEST_F(Pictures, PixelsStandSharpOnTheScreen) {
 }
 
 }  // namespace
-}  // namespace korvane
+}  // namespace korvane::win32

@@ -4,7 +4,7 @@
 
 #include "views/win32/kinds/Widget.h"
 
-namespace korvane {
+namespace korvane::win32 {
 
 /// What buttons of all sorts share: a click is one event, and Enter clicks as space does.
 class PushWidget : public Widget {
@@ -25,4 +25,4 @@ class PushWidget : public Widget {
   }
 };
 
-}  // namespace korvane
+}  // namespace korvane::win32

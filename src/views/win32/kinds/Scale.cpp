@@ -2,7 +2,7 @@
 
 #include "views/win32/machine/Module.h"
 
-namespace korvane {
+namespace korvane::win32 {
 namespace {
 
 int screenDpi() {
@@ -12,16 +12,17 @@ int screenDpi() {
   return dpi;
 }
 
+constexpr const wchar_t* kListFace = L"Verdana";
+
 // The font of message boxes, which the system tells for its own dots per inch.
-HFONT messageFont(int dpi, bool bold) {
+LOGFONTW messageFont(int dpi) {
   NONCLIENTMETRICSW metrics{};
   metrics.cbSize = sizeof metrics;
   SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
   LOGFONTW font = metrics.lfMessageFont;
   font.lfHeight = MulDiv(font.lfHeight, dpi, screenDpi());
   font.lfWidth = 0;
-  if (bold) font.lfWeight = FW_BOLD;
-  return CreateFontIndirectW(&font);
+  return font;
 }
 
 }  // namespace
@@ -46,16 +47,19 @@ Scale::~Scale() {
 void Scale::setDpi(int dpi) {
   drop();
   dpi_ = dpi;
-  font_ = messageFont(dpi, false);
-  bold_ = messageFont(dpi, true);
+  LOGFONTW font = messageFont(dpi);
+  font_ = CreateFontIndirectW(&font);
+  lstrcpynW(font.lfFaceName, kListFace, LF_FACESIZE);
+  listFont_ = CreateFontIndirectW(&font);
+  font.lfWeight = FW_BOLD;
+  listBold_ = CreateFontIndirectW(&font);
   SelectObject(ruler_, font_);
   lineHeight_ = static_cast<int>(textSize(L"Xg").cy);
 }
 
 void Scale::drop() {
   SelectObject(ruler_, firstFont_);
-  DeleteObject(font_);
-  DeleteObject(bold_);
+  for (const HFONT font : {font_, listFont_, listBold_}) DeleteObject(font);
 }
 
 SIZE Scale::textSize(const std::wstring& text, int width) const {
@@ -66,4 +70,4 @@ SIZE Scale::textSize(const std::wstring& text, int width) const {
   return {room.right, room.bottom};
 }
 
-}  // namespace korvane
+}  // namespace korvane::win32

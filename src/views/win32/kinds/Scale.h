@@ -4,7 +4,7 @@
 
 #include <string>
 
-namespace korvane {
+namespace korvane::win32 {
 
 /// Dots per inch of the monitor that a window is on; 96 are one pixel per unit of the layout.
 int dpiOf(HWND window);
@@ -22,7 +22,9 @@ class Scale {
   /// Units of the layout in pixels.
   int px(int units) const { return MulDiv(units, dpi_, USER_DEFAULT_SCREEN_DPI); }
   HFONT font() const { return font_; }
-  HFONT bold() const { return bold_; }
+  /// The font of the rows of lists, and of the coloured ones.
+  HFONT listFont() const { return listFont_; }
+  HFONT listBold() const { return listBold_; }
   int lineHeight() const { return lineHeight_; }
   /// Of a text with its own line ends, or broken to a width in pixels.
   SIZE textSize(const std::wstring& text, int width = 0) const;
@@ -35,8 +37,9 @@ class Scale {
   HGDIOBJ firstFont_;
   int dpi_ = 0;
   HFONT font_ = nullptr;
-  HFONT bold_ = nullptr;
+  HFONT listFont_ = nullptr;
+  HFONT listBold_ = nullptr;
   int lineHeight_ = 0;
 };
 
-}  // namespace korvane
+}  // namespace korvane::win32

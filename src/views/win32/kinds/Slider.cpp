@@ -5,10 +5,9 @@
 #include "platform/Controls.h"
 #include "views/win32/kinds/Binder.h"
 
-namespace korvane {
+namespace korvane::win32 {
 namespace {
 
-constexpr int kPagesOfRange = 10;
 constexpr int kAcross = 26;  // the slider's extent across its way
 constexpr int kLeastWide = 120;
 constexpr int kWide = 150;
@@ -26,8 +25,7 @@ class SliderWidget : public Widget {
     number_ = makeText(L"", upright() ? SS_CENTER : SS_RIGHT);
     SendMessageW(window(), TBM_SETRANGEMIN, FALSE, slider.min());
     SendMessageW(window(), TBM_SETRANGEMAX, FALSE, slider.max());
-    SendMessageW(window(), TBM_SETPAGESIZE, 0,
-                 std::max(1, (slider.max() - slider.min()) / kPagesOfRange));
+    SendMessageW(window(), TBM_SETPAGESIZE, 0, slider.pageStep());
   }
 
   Wish measure() const override {
@@ -111,9 +109,8 @@ class SliderWidget : public Widget {
     SendMessageW(window(), TBM_GETCHANNELRECT, 0, reinterpret_cast<LPARAM>(&way));
     const int half = (upright() ? size.bottom - size.top : size.right - size.left) / 2;
     const int first = static_cast<int>(way.left) + half;
-    const int room = std::max(1, static_cast<int>(way.right) - half - first);
-    const int along = std::clamp(static_cast<int>(upright() ? at.y : at.x) - first, 0, room);
-    setPosition(turned(slider_.min() + MulDiv(along, slider_.max() - slider_.min(), room)));
+    const int room = static_cast<int>(way.right) - half - first;
+    setPosition(slider_.valueAt(static_cast<int>(upright() ? at.y : at.x) - first, room));
     take();
   }
 
@@ -158,8 +155,8 @@ class SliderWidget : public Widget {
 
 }  // namespace
 
-std::unique_ptr<Widget> bindSlider(Control& control, const Seat& seat) {
-  return std::make_unique<SliderWidget>(static_cast<Slider&>(control), seat);
+std::unique_ptr<Widget> makeWidget(Slider& slider, const Seat& seat) {
+  return std::make_unique<SliderWidget>(slider, seat);
 }
 
-}  // namespace korvane
+}  // namespace korvane::win32

@@ -4,11 +4,9 @@
 #include "platform/Controls.h"
 #include "views/win32/kinds/Binder.h"
 
-namespace korvane {
+namespace korvane::win32 {
 namespace {
 
-constexpr int kEnterCode = 13;
-constexpr int kEscapeCode = 27;
 constexpr int kLineWidth = 120;
 constexpr int kLeastLine = 56;
 constexpr int kRoomAbove = 7;
@@ -30,12 +28,12 @@ std::wstring plainLines(std::wstring text) {
 class TextWidget : public Widget {
  public:
   TextWidget(TextBox& box, const Seat& seat) : Widget(box, seat), box_(box) {
-    const DWORD lines = page() ? ES_MULTILINE | WS_VSCROLL : ES_AUTOHSCROLL;
+    const DWORD lines = box.isPage() ? ES_MULTILINE | WS_VSCROLL : ES_AUTOHSCROLL;
     make(L"EDIT", WS_TABSTOP | lines | (box.style().readOnly ? ES_READONLY : 0), WS_EX_CLIENTEDGE);
     SendMessageW(window(), EM_SETLIMITTEXT, kLongest, 0);
   }
 
-  Wish measure() const override { return page() ? pageWish() : lineWish(); }
+  Wish measure() const override { return box_.isPage() ? pageWish() : lineWish(); }
 
  protected:
   void show() override {
@@ -48,30 +46,23 @@ class TextWidget : public Widget {
 
   void command(WORD code) override {
     if (showing_) return;
-    if (code == EN_CHANGE && live()) take();
-    if (code == EN_KILLFOCUS && !live()) take();
+    if (code == (box_.live() ? EN_CHANGE : EN_KILLFOCUS)) take();
   }
 
   std::optional<LRESULT> message(UINT message, WPARAM w, LPARAM) override {
-    const bool leaves = !page() && (w == VK_RETURN || w == VK_ESCAPE);
-    if (!leaves || (message != WM_KEYDOWN && message != WM_CHAR)) return std::nullopt;
-    if (message == WM_KEYDOWN) press(w == VK_RETURN ? kEnterCode : kEscapeCode);
+    const auto key = static_cast<int>(w);
+    if (!box_.takesKey(key) || (message != WM_KEYDOWN && message != WM_CHAR)) return std::nullopt;
+    if (message == WM_KEYDOWN)
+      box_.key(key, toUtf8(shown()), [this](const std::function<void()>& each) { act(each); });
     return 0;
   }
 
  private:
-  bool page() const { return box_.style().lines > 1; }
-  bool live() const { return box_.style().commit == TextBoxStyle::Commit::Live; }
   std::wstring shown() const { return plainLines(windowText(window())); }
 
   void take() {
     const std::string typed = toUtf8(shown());
     if (typed != box_.text()) act([this, typed] { box_.setText(typed); });
-  }
-
-  void press(int code) {
-    if (code == kEnterCode && !live()) take();
-    act([this, code] { box_.keyPress(code); });
   }
 
   Wish lineWish() const {
@@ -93,8 +84,8 @@ class TextWidget : public Widget {
 
 }  // namespace
 
-std::unique_ptr<Widget> bindTextBox(Control& control, const Seat& seat) {
-  return std::make_unique<TextWidget>(static_cast<TextBox&>(control), seat);
+std::unique_ptr<Widget> makeWidget(TextBox& box, const Seat& seat) {
+  return std::make_unique<TextWidget>(box, seat);
 }
 
-}  // namespace korvane
+}  // namespace korvane::win32

@@ -2,7 +2,7 @@
 
 #include "views/win32/machine/Module.h"
 
-namespace korvane {
+namespace korvane::win32 {
 namespace {
 
 constexpr const wchar_t* kWidget = L"Korvane.Widget";
@@ -194,4 +194,4 @@ void moveWindow(HWND window, const RECT& place) {
                place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-}  // namespace korvane
+}  // namespace korvane::win32

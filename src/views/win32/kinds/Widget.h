@@ -11,10 +11,10 @@
 
 #include "platform/Control.h"
 #include "platform/WideText_win32.h"
+#include "views/shared/machine/EventGate.h"
 #include "views/win32/kinds/Scale.h"
-#include "views/win32/machine/EventGate.h"
 
-namespace korvane {
+namespace korvane::win32 {
 
 /// Messages to a form's window: what a control asks for has changed; give the focus to the next
 /// control, or to the one before it if the first argument is 1.
@@ -117,4 +117,4 @@ void setWindowText(HWND window, const std::wstring& text);
 /// Moves a window to a place within its parent.
 void moveWindow(HWND window, const RECT& place);
 
-}  // namespace korvane
+}  // namespace korvane::win32

@@ -6,7 +6,7 @@
 
 #include "platform/WideText_win32.h"
 
-namespace korvane {
+namespace korvane::win32 {
 namespace {
 
 constexpr std::size_t kLongestPath = 32768;
@@ -46,4 +46,4 @@ std::optional<std::string> chooseFile(const FileQuestion& question, HWND owner) 
   return toUtf8(path.c_str());
 }
 
-}  // namespace korvane
+}  // namespace korvane::win32

@@ -7,7 +7,7 @@
 
 #include "platform/Platform.h"
 
-namespace korvane {
+namespace korvane::win32 {
 
 /// The system's file dialog above a window: the path that was chosen, nothing if it was cancelled.
 std::optional<std::string> chooseFile(const FileQuestion& question, HWND owner);
@@ -16,4 +16,4 @@ std::optional<std::string> chooseFile(const FileQuestion& question, HWND owner);
 /// and after the last.
 std::wstring toDialogFilter(const std::string& filter);
 
-}  // namespace korvane
+}  // namespace korvane::win32

@@ -6,7 +6,7 @@
 #include "views/win32/machine/WinPlatform.h"
 #include "views/win32/testing/ShownForm.h"
 
-namespace korvane {
+namespace korvane::win32 {
 namespace {
 
 class Gates : public testing::Test {
@@ -14,7 +14,7 @@ class Gates : public testing::Test {
   HeadlessPlatform platform;
   TimerQueue timers;
   Timer timer{timers, "timer"};
-  EventGate gate{platform, timers};
+  LoopGate gate{platform, timers};
 };
 
 TEST_F(Gates, TheMessageLoopFeedsTheTimers) {
@@ -136,4 +136,4 @@ TEST(DialogFilters, HaveANullAfterEachPart) {
 }
 
 }  // namespace
-}  // namespace korvane
+}  // namespace korvane::win32

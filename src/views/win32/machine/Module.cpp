@@ -4,7 +4,7 @@
 #include <mutex>
 #include <string>
 
-namespace korvane {
+namespace korvane::win32 {
 namespace {
 
 constexpr WORD kStyles = 2;  // the resource Styles.rc: a library's manifest has this number
@@ -72,4 +72,4 @@ WindowClass::~WindowClass() {
   if (--classUses[name_] == 0) UnregisterClassW(name_, moduleHandle());
 }
 
-}  // namespace korvane
+}  // namespace korvane::win32

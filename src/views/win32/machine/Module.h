@@ -2,7 +2,7 @@
 
 #include <windows.h>
 
-namespace korvane {
+namespace korvane::win32 {
 
 /// The program or library that this code is part of.
 HINSTANCE moduleHandle();
@@ -43,4 +43,4 @@ Function systemFunction(const wchar_t* library, const char* name) {
   return reinterpret_cast<Function>(reinterpret_cast<void*>(GetProcAddress(module, name)));
 }
 
-}  // namespace korvane
+}  // namespace korvane::win32

@@ -4,7 +4,7 @@
 
 #include "views/win32/windows/FormWindow.h"
 
-namespace korvane {
+namespace korvane::win32 {
 namespace {
 
 bool isForm(HWND window) {
@@ -31,4 +31,4 @@ OthersDisabled::~OthersDisabled() {
   if (IsWindow(owner_)) SetActiveWindow(owner_);
 }
 
-}  // namespace korvane
+}  // namespace korvane::win32

@@ -4,7 +4,7 @@
 
 #include <vector>
 
-namespace korvane {
+namespace korvane::win32 {
 
 /// While it exists, the windows of this thread's forms can't be acted on: a message box or a file
 /// dialog waits for its answer.
@@ -23,4 +23,4 @@ class OthersDisabled {
   std::vector<HWND> disabled_;
 };
 
-}  // namespace korvane
+}  // namespace korvane::win32

@@ -10,7 +10,7 @@
 #include "views/win32/machine/OthersDisabled.h"
 #include "views/win32/windows/FailureBox.h"
 
-namespace korvane {
+namespace korvane::win32 {
 namespace {
 
 constexpr const wchar_t* kTitle = L"Korvane";
@@ -61,4 +61,4 @@ void WinPlatform::failed(const Failure& failure) {
   failureBox_ = std::make_unique<FailureBox>(*this, failure.what());
 }
 
-}  // namespace korvane
+}  // namespace korvane::win32

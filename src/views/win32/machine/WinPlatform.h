@@ -4,7 +4,7 @@
 
 #include "platform/Platform.h"
 
-namespace korvane {
+namespace korvane::win32 {
 
 class FailureBox;
 
@@ -29,4 +29,4 @@ class WinPlatform : public Platform {
   std::unique_ptr<FailureBox> failureBox_;
 };
 
-}  // namespace korvane
+}  // namespace korvane::win32

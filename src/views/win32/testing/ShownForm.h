@@ -12,9 +12,10 @@
 #include "platform/ListView.h"
 #include "platform/PictureBox.h"
 #include "testing/PlainForm.h"
+#include "views/win32/machine/LoopGate.h"
 #include "views/win32/windows/DesktopView.h"
 
-namespace korvane {
+namespace korvane::win32 {
 
 /// Handles the messages that have come, as the message loop of a desk does.
 inline void pump() {
@@ -84,10 +85,10 @@ class ShownForm : public testing::Test {
   std::vector<std::unique_ptr<Control>> owned;
   HeadlessPlatform platform;
   TimerQueue timers;
-  EventGate gate{platform, timers};
+  LoopGate gate{platform, timers};
   Desktop desktop;
   std::unique_ptr<PlainForm> form;
   std::unique_ptr<DesktopView> view;
 };
 
-}  // namespace korvane
+}  // namespace korvane::win32

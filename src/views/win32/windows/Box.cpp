@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <numeric>
 
-namespace korvane {
+namespace korvane::win32 {
 namespace {
 
 constexpr int kGap = 7;
@@ -217,4 +217,4 @@ void GroupBox::place(const RECT& place) {
                   place.bottom - place.top - edge.bottom});
 }
 
-}  // namespace korvane
+}  // namespace korvane::win32

@@ -5,7 +5,7 @@
 
 #include "views/win32/kinds/Widget.h"
 
-namespace korvane {
+namespace korvane::win32 {
 
 /// One of several that share a length: what it needs, what it would like, and its claim on more.
 struct Share {
@@ -123,4 +123,4 @@ class GroupBox : public Box {
   const Scale& scale_;
 };
 
-}  // namespace korvane
+}  // namespace korvane::win32

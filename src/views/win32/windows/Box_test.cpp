@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace korvane {
+namespace korvane::win32 {
 namespace {
 
 using Lengths = std::vector<int>;
@@ -24,4 +24,4 @@ TEST(SharedLengths, WhatIsLackingIsTakenFromAllAboveTheirLeast) {
 }
 
 }  // namespace
-}  // namespace korvane
+}  // namespace korvane::win32

@@ -1,6 +1,6 @@
 #include "views/win32/windows/FailureBox.h"
 
-namespace korvane {
+namespace korvane::win32 {
 
 FailureBox::Content::Content(const std::string& text)
     : Form("Failure", "Korvane"),
@@ -24,4 +24,4 @@ bool FailureBox::repeated(const std::string& text) {
   return true;
 }
 
-}  // namespace korvane
+}  // namespace korvane::win32

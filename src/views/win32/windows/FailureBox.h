@@ -5,9 +5,10 @@
 #include "platform/Controls.h"
 #include "platform/Form.h"
 #include "platform/TimerQueue.h"
+#include "views/win32/machine/LoopGate.h"
 #include "views/win32/windows/DesktopView.h"
 
-namespace korvane {
+namespace korvane::win32 {
 
 /// Tells of a failure in a window of its own, while the other windows stay usable: a failure that
 /// every tick brings must not shut the person out.
@@ -31,9 +32,9 @@ class FailureBox {
   int repeats_ = 1;
   Content content_;
   TimerQueue noTimers_;
-  EventGate gate_;
+  LoopGate gate_;
   Desktop desktop_;
   DesktopView view_;
 };
 
-}  // namespace korvane
+}  // namespace korvane::win32

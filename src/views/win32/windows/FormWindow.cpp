@@ -8,7 +8,7 @@
 #include "views/win32/kinds/Binder.h"
 #include "views/win32/machine/Module.h"
 
-namespace korvane {
+namespace korvane::win32 {
 namespace {
 
 constexpr int kMargin = 11;
@@ -30,6 +30,28 @@ MONITORINFO monitorOf(HWND window) {
   return info;
 }
 
+void loadControls() {
+  INITCOMMONCONTROLSEX controls{sizeof controls,
+                                ICC_STANDARD_CLASSES | ICC_LISTVIEW_CLASSES | ICC_BAR_CLASSES};
+  InitCommonControlsEx(&controls);
+}
+
+// A window stands over the middle of its owner, as far as the screen allows.
+void centre(HWND window, HWND owner) {
+  RECT own;
+  RECT around;
+  GetWindowRect(window, &own);
+  GetWindowRect(owner, &around);
+  const RECT room = monitorOf(owner).rcWork;
+  const auto middle = [](LONG from, LONG to, LONG size, LONG low, LONG high) {
+    return std::max(low, std::min((from + to - size) / 2, high - size));
+  };
+  SetWindowPos(window, nullptr,
+               middle(around.left, around.right, own.right - own.left, room.left, room.right),
+               middle(around.top, around.bottom, own.bottom - own.top, room.top, room.bottom), 0, 0,
+               SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
 BOOL CALLBACK setFont(HWND child, LPARAM font) {
   SendMessageW(child, WM_SETFONT, static_cast<WPARAM>(font), TRUE);
   return TRUE;
@@ -39,14 +61,16 @@ std::wstring markOf(const Form& form) { return toWide("Korvane." + form.name());
 
 }  // namespace
 
-FormWindow::FormWindow(Form& form, Desktop& desktop, EventGate& gate, HWND owner)
+FormWindow::FormWindow(Form& form, Desktop& desktop, EventGate& gate, FormWindow* owner)
     : form_(form), desktop_(desktop), gate_(gate), declaredWidth_(form.width()) {
   const OwnLook look;
-  makeWindow(owner);
+  loadControls();
+  makeWindow(owner == nullptr ? nullptr : owner->window());
   makeControls();
   form_.onShown = [this] { refresh(); };
   refresh();
   resizeTo(naturalSize());
+  if (owner != nullptr) centre(window_, owner->window());
 }
 
 // The widgets go while their form still stands, and no event of its end reaches the form.
@@ -75,19 +99,19 @@ void FormWindow::makeWindow(HWND owner) {
 
 void FormWindow::makeControls() {
   if (form_.surface != nullptr) {
-    box_ = std::make_unique<ControlBox>(makeWidget(*form_.surface));
+    box_ = std::make_unique<ControlBox>(widgetFor(*form_.surface));
     return;
   }
-  for (Control* control : form_.controls()) makeWidget(*control);
+  for (Control* control : form_.controls()) widgetFor(*control);
   box_ = LayoutBuilder(widgets_, {window_, tips_, *scale_, gate_}).make(form_.layout());
 }
 
 // A group comes before what is inside it.
-Widget& FormWindow::makeWidget(Control& control) {
+Widget& FormWindow::widgetFor(Control& control) {
   std::unique_ptr<Widget>& widget = widgets_[&control];
   if (widget) return *widget;
-  const HWND parent = control.group == nullptr ? window_ : makeWidget(*control.group).window();
-  widget = binderOf(control.kind())(control, {parent, tips_, *scale_, gate_});
+  const HWND parent = control.group == nullptr ? window_ : widgetFor(*control.group).window();
+  widget = korvane::win32::bind(control, {parent, tips_, *scale_, gate_});
   widget->bind();
   return *widget;
 }
@@ -186,10 +210,14 @@ void FormWindow::followSize() {
   PostMessageW(window_, kFollowSize, 0, 0);
 }
 
+// Labels that the layout made get the font of the form, then each control the one of its kind.
+// Sizes that the window had are those of the old monitor.
 void FormWindow::setDpi(int dpi, const RECT& place) {
+  for (auto& [width, size] : sizes_)
+    size = {MulDiv(size.cx, dpi, scale_->dpi()), MulDiv(size.cy, dpi, scale_->dpi())};
   scale_->setDpi(dpi);
-  for (auto& [control, widget] : widgets_) widget->rescale();
   EnumChildWindows(window_, setFont, reinterpret_cast<LPARAM>(scale_->font()));
+  for (auto& [control, widget] : widgets_) widget->rescale();
   moveWindow(window_, place);
   arrange();
 }
@@ -233,8 +261,7 @@ std::optional<LRESULT> FormWindow::personMessage(UINT message, WPARAM w) {
       }
       return 0;
     case WM_KEYDOWN:
-      if (!form_.onKeyPress || (w != VK_RETURN && w != VK_ESCAPE && w != VK_SPACE))
-        return std::nullopt;
+      if (!form_.takesKey(static_cast<int>(w))) return std::nullopt;
       gate_.run([this, w] { form_.onKeyPress(static_cast<int>(w)); });
       return 0;
     case WM_LBUTTONDOWN:
@@ -288,4 +315,4 @@ LRESULT CALLBACK FormWindow::procedure(HWND window, UINT message, WPARAM w, LPAR
   return DefWindowProcW(window, message, w, l);
 }
 
-}  // namespace korvane
+}  // namespace korvane::win32

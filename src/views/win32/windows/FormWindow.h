@@ -5,9 +5,11 @@
 #include <optional>
 
 #include "platform/Desktop.h"
+#include "views/win32/kinds/PictureWindow.h"
+#include "views/win32/machine/Module.h"
 #include "views/win32/windows/LayoutBuilder.h"
 
-namespace korvane {
+namespace korvane::win32 {
 
 /// The window class of forms.
 inline constexpr const wchar_t* kFormClass = L"Korvane.Form";
@@ -16,14 +18,14 @@ inline constexpr const wchar_t* kFormClass = L"Korvane.Form";
 class FormWindow {
  public:
   /// It stays above its owner, if it has one.
-  FormWindow(Form& form, Desktop& desktop, EventGate& gate, HWND owner);
+  FormWindow(Form& form, Desktop& desktop, EventGate& gate, FormWindow* owner);
   ~FormWindow();
   FormWindow(const FormWindow&) = delete;
   FormWindow& operator=(const FormWindow&) = delete;
 
   void open();
   void hide() const { ShowWindow(window_, SW_HIDE); }
-  void setEnabled(bool enabled) const { EnableWindow(window_, enabled); }
+  void setReachable(bool reachable) const { EnableWindow(window_, reachable); }
   /// Brings it to the front and gives it the keyboard.
   void activate() const;
   HWND window() const { return window_; }
@@ -38,7 +40,7 @@ class FormWindow {
   std::optional<LRESULT> personMessage(UINT message, WPARAM w);
   void makeWindow(HWND owner);
   void makeControls();
-  Widget& makeWidget(Control& control);
+  Widget& widgetFor(Control& control);
   void refresh();
   void showFrame() const;
   void followSize();
@@ -52,6 +54,8 @@ class FormWindow {
   SIZE naturalSize() const;
   int margin() const;
 
+  const WindowClass formClass_{kFormClass, 0, procedure};
+  const WindowClass pictureClass_{kPictureClass, CS_DBLCLKS, DefWindowProcW};
   Form& form_;
   Desktop& desktop_;
   EventGate& gate_;
@@ -67,4 +71,4 @@ class FormWindow {
   std::map<int, SIZE> sizes_;  // that the window had, by its declared width
 };
 
-}  // namespace korvane
+}  // namespace korvane::win32

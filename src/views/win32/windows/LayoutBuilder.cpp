@@ -2,16 +2,7 @@
 
 #include "views/win32/machine/Module.h"
 
-namespace korvane {
-namespace {
-
-bool beginsWithLabel(const Layout& part) {
-  return part.kind == Layout::Kind::Row && !part.children.empty() &&
-         part.children.front().kind == Layout::Kind::Item &&
-         part.children.front().control->kind() == Kind::Label;
-}
-
-}  // namespace
+namespace korvane::win32 {
 
 std::unique_ptr<Box> LayoutBuilder::make(const Layout& part) const {
   std::unique_ptr<Box> box = makeKind(part);
@@ -107,4 +98,4 @@ std::unique_ptr<Box> LayoutBuilder::makeBoxed(const Layout& part) const {
                                     seat_.scale);
 }
 
-}  // namespace korvane
+}  // namespace korvane::win32

@@ -6,7 +6,7 @@
 #include "platform/Form.h"
 #include "views/win32/windows/Box.h"
 
-namespace korvane {
+namespace korvane::win32 {
 
 using Widgets = std::map<const Control*, std::unique_ptr<Widget>>;
 
@@ -32,4 +32,4 @@ class LayoutBuilder {
   Seat seat_;
 };
 
-}  // namespace korvane
+}  // namespace korvane::win32

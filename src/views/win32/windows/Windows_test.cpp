@@ -1,10 +1,12 @@
 // A whole plug-in on the screen, and what its windows do among themselves.
 
-#include "testing/TestPlugin.h"
+#include <array>
+
+#include "testing/ShownChoices.h"
 #include "views/win32/View.h"
 #include "views/win32/testing/ShownForm.h"
 
-namespace korvane {
+namespace korvane::win32 {
 namespace {
 
 class OpenWindows : public TestPlugin {
@@ -39,6 +41,153 @@ TEST_F(OpenWindows, AKeyOnTheMasterFaderMixes) {
   const Rgb other = engine.v.frameM.at(0, 0);
   EXPECT_EQ(one, (Rgb{255, 0, 0}));
   EXPECT_EQ(other, (Rgb{0, 0, 255}));
+}
+
+TEST_F(OpenWindows, TheChoiceOfTheEntryThatAListShowsCounts) {
+  const auto chooseShown = [this](ListBox& list) {
+    SendMessageW(on(list), CB_SHOWDROPDOWN, TRUE, 0);
+    press(on(list), VK_RETURN);
+    EXPECT_EQ(SendMessageW(on(list), CB_GETDROPPEDSTATE, 0, 0), 0);
+  };
+  expectShownChoicesToCount(engine, chooseShown);
+}
+
+TEST_F(OpenWindows, AListThatIsShutWithoutAChoiceChoosesNothing) {
+  v.A.frame.fill({0, 255, 0});
+  SendMessageW(on(v.A.type), CB_SHOWDROPDOWN, TRUE, 0);
+  press(on(v.A.type), VK_ESCAPE);
+  press(on(v.A.type), VK_UP);  // from the first entry there is no way up
+  EXPECT_EQ(rgb(v.A.frame.at(0, 0)), rgb(0, 255, 0));
+}
+
+// What a hand does, in the orders in which Windows sends it: down, up, double click, up, moves in
+// between. The detail window opens at the double click; the last release comes to the picture while
+// it holds the pointer, and goes elsewhere if it does not.
+class LampByHand : public OpenWindows, public testing::WithParamInterface<int> {
+ protected:
+  enum class Last { Captured, MovedAndCaptured, Lost };
+
+  void configureLamp(int col, int row, Last last) {
+    const HWND picture = on(conf.mxbild);
+    RECT area;
+    GetClientRect(picture, &area);
+    const int cell = conf.mxbild.width() / GetParam();
+    const int x = (area.right - conf.mxbild.width()) / 2 + col * cell + cell / 2;
+    const int y = (area.bottom - conf.mxbild.height()) / 2 + row * cell + cell / 2;
+    mouse(picture, WM_MOUSEMOVE, x - 1, y);
+    mouse(picture, WM_LBUTTONDOWN, x, y, MK_LBUTTON);
+    mouse(picture, WM_MOUSEMOVE, x, y, MK_LBUTTON);
+    mouse(picture, WM_LBUTTONUP, x, y);
+    mouse(picture, WM_LBUTTONDBLCLK, x, y, MK_LBUTTON);
+    ASSERT_TRUE(IsWindowVisible(window(conf.detail)));
+    EXPECT_FALSE(IsWindowEnabled(window(conf)));
+    EXPECT_EQ(GetCapture(), picture);
+    if (last == Last::MovedAndCaptured) mouse(picture, WM_MOUSEMOVE, x + 1, y, MK_LBUTTON);
+    if (last == Last::Lost) ReleaseCapture();
+    if (last != Last::Lost) mouse(picture, WM_LBUTTONUP, x + 1, y);
+    EXPECT_EQ(GetCapture(), nullptr);
+    EXPECT_EQ(v.cellCol, col);
+    EXPECT_EQ(v.cellRow, row);
+    PostMessageW(on(conf.detail.setConfig), BM_CLICK, 0, 0);
+    pump();
+    EXPECT_FALSE(conf.detail.visible());
+    mouse(picture, WM_MOUSEMOVE, x, y);
+    EXPECT_FALSE(conf.mxbild.buttonHeld());
+    EXPECT_EQ(takeFailure(), 0);
+  }
+
+  MatrixConf& conf = plugin.matrixConf;
+};
+
+TEST_P(LampByHand, IsTheOneThatWasDoubleClickedHoweverTheButtonComesUp) {
+  const int last = GetParam() - 1;
+  view->gate.run([this] { plugin.plugIn.ITharnPlugin_Configure(); });
+  choose(conf.ncol, last);
+  choose(conf.nrow, last);
+  SetWindowPos(window(conf), nullptr, 0, 0, 700, 800, SWP_NOZORDER);
+  pump();
+  configureLamp(2, 3, Last::Captured);
+  configureLamp(0, 1, Last::MovedAndCaptured);
+  configureLamp(last, last, Last::Lost);
+  EXPECT_EQ(v.channelMap.at(2, 3), (ChannelMap::Codes{2, 3, 4}));
+  EXPECT_EQ(v.channelMap.at(0, 1), (ChannelMap::Codes{5, 6, 7}));
+  EXPECT_EQ(v.channelMap.at(last, last), (ChannelMap::Codes{8, 9, 10}));
+  PostMessageW(on(conf.OK), BM_CLICK, 0, 0);
+  pump();
+  EXPECT_FALSE(conf.visible());
+}
+
+INSTANTIATE_TEST_SUITE_P(Grid, LampByHand, testing::Values(12, 50));
+
+LOGFONTW fontOf(HWND window) {
+  LOGFONTW font{};
+  GetObjectW(reinterpret_cast<HFONT>(SendMessageW(window, WM_GETFONT, 0, 0)), sizeof font, &font);
+  return font;
+}
+
+TEST_F(OpenWindows, ListsAreInVerdana) {
+  for (const ListView* list : {&v.A.efxList, &v.B.efxList, &master.efxXList})
+    EXPECT_STREQ(fontOf(on(*list)).lfFaceName, L"Verdana");
+}
+
+// What the system sends when a window comes to a monitor of another scale.
+class Monitors : public OpenWindows {
+ protected:
+  void moveTo(int dpi, RECT place) {
+    constexpr UINT kDpiChanged = 0x02E0;
+    SendMessageW(main, kDpiChanged, MAKEWPARAM(dpi, dpi), reinterpret_cast<LPARAM>(&place));
+    pump();
+  }
+  RECT place(HWND child) const {
+    RECT found;
+    GetWindowRect(child, &found);
+    return found;
+  }
+  LONG width(HWND child) const { return place(child).right - place(child).left; }
+
+  HWND main = window(plugin.matrixForm);
+};
+
+TEST_F(Monitors, OfTwiceTheScaleGetTypeAndControlsOfTwiceTheSize) {
+  const RECT before = place(main);
+  const HWND list = on(v.A.efxList);
+  const HWND button = on(plugin.matrixForm.panelA.edit);
+  const LONG listType = fontOf(list).lfHeight;
+  const LONG buttonType = fontOf(button).lfHeight;
+  const LONG iconWidth = width(on(plugin.matrixForm.addX));
+  const RECT wanted{0, 0, 2 * (before.right - before.left), 2 * (before.bottom - before.top)};
+  moveTo(192, wanted);
+  EXPECT_TRUE(EqualRect(&wanted, std::array{place(main)}.data()));
+  EXPECT_EQ(fontOf(list).lfHeight, 2 * listType);
+  EXPECT_STREQ(fontOf(list).lfFaceName, L"Verdana") << "the font of a list stays its own";
+  EXPECT_EQ(fontOf(button).lfHeight, 2 * buttonType);
+  EXPECT_EQ(width(on(plugin.matrixForm.addX)), 2 * iconWidth);
+  EXPECT_EQ(v.A.picture.width(), v.A.picture.height());
+  EXPECT_EQ(v.A.picture.width(),
+            std::min<LONG>(width(on(v.A.picture)),
+                           place(on(v.A.picture)).bottom - place(on(v.A.picture)).top));
+  moveTo(96, before);
+  EXPECT_TRUE(EqualRect(&before, std::array{place(main)}.data()));
+  EXPECT_EQ(fontOf(list).lfHeight, listType);
+  EXPECT_EQ(fontOf(button).lfHeight, buttonType);
+  EXPECT_EQ(width(on(plugin.matrixForm.addX)), iconWidth);
+}
+
+TEST_F(Monitors, ChangeNothingUnderAnOpenEditor) {
+  view->gate.run([this] { v.A.efxList.setColumns({{"Name", 0.5, true}, {"efxA", 0.5}}); });
+  view->gate.run([this] { v.A.efxList.beginEdit(0, 0); });
+  const HWND editor = FindWindowExW(on(v.A.efxList), nullptr, L"EDIT", nullptr);
+  ASSERT_NE(editor, nullptr);
+  win32::type(editor, L"half typed");
+  const LONG before = width(editor);
+  const RECT wanted{0, 0, 2 * width(main), 1000};
+  moveTo(192, wanted);
+  ASSERT_TRUE(IsWindow(editor));
+  EXPECT_EQ(windowText(editor), L"half typed");
+  EXPECT_GT(width(editor), before);
+  EXPECT_STREQ(fontOf(editor).lfFaceName, L"Verdana");
+  press(editor, VK_RETURN);
+  EXPECT_EQ(v.A.efxList.cell(0, 0), "half typed");
 }
 
 TEST_F(OpenWindows, AModalWindowIsTheOnlyOneThatCanBeActedOn) {
@@ -172,4 +321,4 @@ TEST_F(Tabbing, AWindowThatComesBackHasTheFocusWhereItWas) {
 }
 
 }  // namespace
-}  // namespace korvane
+}  // namespace korvane::win32

@@ -1,4 +1,4 @@
-#include "views/qt/machine/EventGate.h"
+#include "views/qt/machine/LoopGate.h"
 
 #include <gtest/gtest.h>
 
@@ -6,7 +6,7 @@
 
 #include "platform/HeadlessPlatform.h"
 
-namespace korvane {
+namespace korvane::qt {
 namespace {
 
 class EventGates : public testing::Test {
@@ -14,7 +14,7 @@ class EventGates : public testing::Test {
   HeadlessPlatform platform;
   TimerQueue timers;
   Timer timer{timers, "timer"};
-  EventGate gate{platform, timers};
+  LoopGate gate{platform, timers};
   int ticks = 0;
 };
 
@@ -25,15 +25,7 @@ TEST_F(EventGates, DriveTheTimers) {
   };
   gate.run([this] { timer.enable(); });
   EXPECT_TRUE(QTest::qWaitFor([this] { return ticks == 3; }, 2000));
-  QTest::qWait(40);
-  EXPECT_EQ(ticks, 3);
-}
-
-TEST_F(EventGates, CountAnIntervalFromTheEventThatStartsIt) {
-  QTest::qSleep(60);
-  gate.run([this] { timer.enable(); });
-  EXPECT_GE(timers.now(), 60);
-  EXPECT_EQ(timers.nextDue(), timers.now() + timer.interval());
+  EXPECT_EQ(timers.nextDue(), TimerQueue::kNever);
 }
 
 TEST_F(EventGates, ReportTheFailureOfAnEventAndOfATickOnce) {
@@ -56,4 +48,4 @@ TEST_F(EventGates, GoOnTickingBehindAnEventThatWaits) {
 }
 
 }  // namespace
-}  // namespace korvane
+}  // namespace korvane::qt
