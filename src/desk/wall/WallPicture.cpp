@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstring>
 #include <map>
+#include <utility>
 
 #include "platform/Failure.h"
 
@@ -34,6 +35,18 @@ std::int32_t lowestChannel(const ChannelMap::Codes& codes) {
   return lowest;
 }
 
+// Ordered dithering after Bayer: neighbours go up to the next byte as far apart as can be. Steps of
+// 4 of 256, from 2 on, so that whole bytes stay and the pattern's mean is a half.
+std::uint8_t threshold(const LampAt& lamp) {
+  unsigned place = 0;  // 0 - 63
+  for (unsigned bit = 0; bit < 3; ++bit) {
+    const unsigned x = static_cast<unsigned>(lamp.col) >> bit & 1U;
+    const unsigned y = static_cast<unsigned>(lamp.row) >> bit & 1U;
+    place = place * 4 + (x ^ y) * 2 + y;
+  }
+  return static_cast<std::uint8_t>(place * 4 + 2);
+}
+
 }  // namespace
 
 std::optional<WallChannel> wallChannel(std::int32_t code) {
@@ -49,6 +62,7 @@ Patch::Patch(const ChannelMap& map) : codes_(map.codes()) {
   connect();
   layWire();
   findShared();
+  describe();
   forEachLamp(codes_, [this](const LampAt& lamp, const Codes& codes) {
     if (beyondTheWall(codes)) beyond_.push_back(lamp);
     if (lowestChannel(codes) == 0) withoutChannels_.push_back(lamp);
@@ -64,9 +78,10 @@ bool Patch::madeFrom(const ChannelMap& map) const {
 WallPicture Patch::take(const Frame& frame) const {
   if (frame.cols() != codes_.cols() || frame.rows() != codes_.rows()) throw Failure(kSubscript);
   WallPicture picture;
+  picture.layout = layout_;
   if (transfers_.empty() && wireFrom_.empty()) return picture;
   const std::uint8_t* from = frame.data()->data();
-  std::uint8_t* to = picture.universes.front().data();
+  std::uint8_t* to = picture.bytes();
   for (const Transfer& transfer : transfers_) to[transfer.to] = from[transfer.from];
   picture.lamps.resize(wireFrom_.size());
   for (std::size_t i = 0; i < wireFrom_.size(); ++i) picture.lamps[i] = frame.data()[wireFrom_[i]];
@@ -117,6 +132,17 @@ void Patch::layWire() {
     wire_.push_back(lamp);
     wireFrom_.push_back(static_cast<std::uint32_t>(&codes_.at(lamp.col, lamp.row) - codes_.data()));
   }
+}
+
+void Patch::describe() {
+  WallLayout layout;
+  for (const Transfer& transfer : transfers_) {
+    layout.channels.push_back({static_cast<std::uint16_t>(transfer.to),
+                               static_cast<std::uint8_t>(transfer.from % kComponents),
+                               threshold(lampOf(transfer.from))});
+  }
+  for (const LampAt& lamp : wire_) layout.lampThresholds.push_back(threshold(lamp));
+  layout_ = std::make_shared<const WallLayout>(std::move(layout));
 }
 
 void Patch::findShared() {

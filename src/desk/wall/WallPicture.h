@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -16,6 +17,20 @@ inline constexpr int kWallUniverses = 16;
 inline constexpr int kUniverseChannels = 512;
 inline constexpr std::int32_t kLastWallCode = kWallUniverses * kUniverseChannels;
 
+/// What stands behind the values of a wall's pictures; the same for all that one patch takes.
+struct WallLayout {
+  /// A channel that a lamp has.
+  struct Channel {
+    std::uint16_t at;        ///< its byte among those of all universes, 0 - 8191
+    std::uint8_t component;  ///< 0 red - 2 blue
+    std::uint8_t threshold;  ///< the lamp's
+  };
+  std::vector<Channel> channels;  ///< in the order of the channels
+  /// By lamps along the wire: the part of a byte's step from which a smoothed value goes up to the
+  /// next byte, as 256 less this number in 256ths. Each value comes once in 8 x 8 lamps.
+  std::vector<std::uint8_t> lampThresholds;
+};
+
 /// One picture on its way to the lamps: what every channel of the wall is to hold.
 struct WallPicture {
   /// The values of universe u stand at index u - 1; a channel that no lamp has holds 0.
@@ -23,12 +38,19 @@ struct WallPicture {
   /// The lamps one after another along the wire, for protocols that know no universes. Lamps that
   /// have no channel are not on the wire; lamps beyond the last universe are.
   std::vector<Rgb> lamps;
+  /// Of the patch that took the picture; none for a picture that no patch took.
+  std::shared_ptr<const WallLayout> layout;
 
+  /// The values of all universes one after another.
+  std::uint8_t* bytes() { return universes.data()->data(); }
   Slots& universe(int number) { return universes.at(static_cast<std::size_t>(number) - 1); }
   const Slots& universe(int number) const {
     return universes.at(static_cast<std::size_t>(number) - 1);
   }
-  bool operator==(const WallPicture&) const = default;
+  /// The same values.
+  bool operator==(const WallPicture& other) const {
+    return universes == other.universes && lamps == other.lamps;
+  }
 };
 
 /// A lamp by its cell, counted from 0.
@@ -79,6 +101,10 @@ class Patch {
   /// a channel the last one holds it, in the order column, row, red, green, blue.
   WallPicture take(const Frame& frame) const;
 
+  int cols() const { return codes_.cols(); }
+  int rows() const { return codes_.rows(); }
+  /// The codes of a lamp, as the map has them.
+  const ChannelMap::Codes& codes(const LampAt& lamp) const { return codes_.at(lamp.col, lamp.row); }
   /// What feeds a channel; nothing if no lamp has it.
   std::optional<Feed> feed(const WallChannel& channel) const;
 
@@ -107,6 +133,7 @@ class Patch {
   void connect();
   void layWire();
   void findShared();
+  void describe();
 
   Grid<Codes> codes_;
   std::vector<Transfer> transfers_;      // in the order of the channels, one for each that is fed
@@ -114,6 +141,7 @@ class Patch {
   std::vector<LampAt> wire_, beyond_, withoutChannels_, sharing_;
   std::vector<WallChannel> sharedChannels_;
   int lastUniverse_ = 0;
+  std::shared_ptr<const WallLayout> layout_;
 };
 
 }  // namespace korvane
