@@ -14,6 +14,8 @@ set(CMAKE_CXX_FLAGS_DEBUG "-O1 -g")
 set(CMAKE_CXX_FLAGS_SANITIZE
   "-O1 -g1 -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer")
 
+set(CMAKE_CXX_FLAGS_THREADSANITIZE "-O1 -g1 -fsanitize=thread -fno-omit-frame-pointer")
+
 # korvane_library(NAME FOLDER...): a static library of all sources in the folders
 # below src/, tests left out. A file whose name ends in _win32 or _posix belongs
 # to that platform alone.

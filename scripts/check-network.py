@@ -28,7 +28,7 @@ from network_receivers import start
 def play(command, all_passes):
     """Runs the sender for all targets at once."""
     outputs = {target: tempfile.TemporaryFile("w+") for target in TARGETS}
-    senders = {target: start([part.replace("{target}", target.text) for part in command],
+    senders = {target: start([part.replace("{target}", target.text + ",end=hold") for part in command],
                              stdout=output) for target, output in outputs.items()}
     for target, sender in senders.items():
         if sender.wait():

@@ -79,7 +79,7 @@ def play_console(console):
     script.flush()
     outputs = {target: tempfile.TemporaryFile("w+") for target in TARGETS}
     senders = [start([console, "--base", str(EXAMPLE), "--clock", "real", "--decimal", "point",
-                      "--output", target.text, script.name], stdout=output)
+                      "--output", target.text + ",end=hold", script.name], stdout=output)
                for target, output in outputs.items()]
     if any([sender.wait() for sender in senders]):
         sys.exit("FAIL a command of the console was not ok")

@@ -92,6 +92,7 @@ class Capture:
             raise Skip("tshark is missing (Debian package: tshark)")
         ports = " or ".join(f"udp dst port {port}" for port in (*FIXED, MARK_PORT))
         wanted = f"({ports}) and not udp src port 6454"  # from there olad tells that it is there
+        wanted += " and not dst host 239.255.250.214"  # sACN's discovery has a check of its own
         columns = [part for name in FIELDS for part in ("-e", name)]
         self.folder = tempfile.TemporaryDirectory(prefix="korvane-capture-")
         self.output = pathlib.Path(self.folder.name, "lines")

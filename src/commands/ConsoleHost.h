@@ -24,14 +24,16 @@ class ConsoleHost : public Host {
   std::int32_t ChannelMAXCHANNELS() override { return channels_; }
   std::string ProjectName() override { return project_.name; }
   std::string ProjectBaseFilename() override { return project_.baseFilename; }
-  void UserInteraction() override { calls.add(HostCall::userInteraction()); }
+  void UserInteraction() override {
+    calls.add(HostCall::userInteraction());
+    if (onPass) onPass();
+  }
   void SetChannel(std::int32_t channel, std::int32_t value, bool) override {
     calls.add(HostCall::setChannel(channel, value));
-    if (onChannel) onChannel(channel, value);
   }
 
-  HostCalls calls{kMostCalls};  ///< until someone clears them
-  std::function<void(std::int32_t channel, std::int32_t value)> onChannel;
+  HostCalls calls{kMostCalls};   ///< until someone clears them
+  std::function<void()> onPass;  ///< a pass was announced
 
  private:
   Project project_;

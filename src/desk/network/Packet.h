@@ -23,6 +23,10 @@ struct PacketHead {
   int universe = 1;  ///< sACN 1 - 63999, Art-Net Port-Address 0 - 32767.
   std::uint8_t sequence = 0;
   bool terminated = false;  ///< The stream ends with this packet. sACN only.
+  // The rest is sACN's as well.
+  std::string_view source = "Korvane";  ///< Name for people, up to 63 bytes of UTF-8.
+  int priority = 100;                   ///< 0 - 200; receivers take the highest.
+  int synchronisation = 0;  ///< Universe whose synchronisation packets release the values; 0: none.
 };
 
 /// A packet that grows byte by byte; numbers are written most significant byte first.

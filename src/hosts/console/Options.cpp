@@ -21,7 +21,8 @@ input. Each command is answered with one line, a JSON object.
   --seed N                random numbers and time of day start at N: a run repeats exactly
   --decimal comma|point   decimal separator (default: that of the locale)
   --closed                do not open the tool window
-  --output TARGET         send the lamps their values, as in sacn:1 or artnet:0@192.168.1.20
+  --output TARGET         send the lamps their values, as in sacn:1-15, artnet:0@192.168.1.20 or
+                          ddp@192.168.1.50; may be given several times
   --help                  print this text
 
 Exit status: 0 every command was ok, 1 one was not, 2 wrong usage, 3 the script can't be read;
@@ -64,6 +65,14 @@ NumberFormat formatOf(bool comma) {
   return comma ? NumberFormat{',', '.'} : NumberFormat{'.', ','};
 }
 
+OutputConfig output(const std::string& word) {
+  try {
+    return parseOutput(word);
+  } catch (const std::invalid_argument& error) {
+    throw UsageError(error.what());
+  }
+}
+
 std::string stem(const std::string& word) {
   if (std::filesystem::path(word).filename().empty())
     throw UsageError("--base needs a name at its end, not '" + word + "'");
@@ -91,7 +100,7 @@ void take(Options& options, int which, const std::string& word) {
       options.closed = true;
       break;
     case kOutput:
-      options.output = word;
+      options.outputs.push_back(output(word));
       break;
     case kHelp:
       options.help = true;

@@ -4,7 +4,9 @@
 #include <optional>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
+#include "desk/output/OutputConfig.h"
 #include "platform/Text.h"
 
 namespace korvane {
@@ -17,7 +19,7 @@ struct Options {
   std::optional<std::int64_t> seed;
   NumberFormat format;
   bool closed = false;                ///< the tool window is not opened
-  std::optional<std::string> output;  ///< where on the network the lamps are
+  std::vector<OutputConfig> outputs;  ///< where the lamps are
   std::optional<std::string> script;  ///< none: standard input
   bool help = false;
 };

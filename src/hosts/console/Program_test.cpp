@@ -98,8 +98,8 @@ TEST_F(Program, EndsWith2ForWrongUsage) {
        "korvane-console: --base needs a name at its end, not 'shows/'; "
        "--help tells the usage\n"},
       {"--output smoke:1",
-       "korvane-console: output 'smoke:1': unknown protocol 'smoke', expected sacn or "
-       "artnet; --help tells the usage\n"},
+       "korvane-console: output 'smoke:1': unknown protocol 'smoke', expected sacn, "
+       "artnet, ddp or ola; --help tells the usage\n"},
       {"a b", "korvane-console: there is one script too many: b; --help tells the usage\n"},
   };
   for (const auto& [options, complaint] : cases) {
@@ -307,9 +307,10 @@ TEST_F(Program, TheChoiceOfTheEntryThatAListShowsCounts) {
 
 TEST_F(Program, OutputSendsTheLampsTheirValues) {
   Receiver receiver;
-  const Result result = run("--output artnet:0@127.0.0.1:" + std::to_string(receiver.port),
-                            "click MatrixForm.fadeB\nclick MatrixForm.active\nput B 0 0 0A0B0C\n"
-                            "click MatrixForm.fadeA\nclick MatrixForm.fadeB\nframe Sent\n");
+  const Result result =
+      run("--output artnet:0@127.0.0.1:" + std::to_string(receiver.port) + ",end=hold",
+          "click MatrixForm.fadeB\nclick MatrixForm.active\nput B 0 0 0A0B0C\n"
+          "click MatrixForm.fadeA\nclick MatrixForm.fadeB\nframe Sent\n");
   EXPECT_EQ(result.status, 0);
   const std::string packet = receiver.last();
   ASSERT_EQ(packet.substr(0, 8), std::string("Art-Net\0", 8));
@@ -397,10 +398,12 @@ TEST(RunningProgram, ASignalEndsALongAdvanceToo) {
 }
 
 TEST_F(Program, NetworkErrorsAreToldOnceOnStandardError) {
-  const Result result = run("--clock real --output sacn:1%nosuchif", "advance 700\nadvance 700\n");
+  const Result result =
+      run("--clock real --output sacn:4713%nosuchif", "advance 700\nadvance 700\n");
   EXPECT_EQ(result.status, 0);
-  EXPECT_EQ(result.complaint,
-            "korvane-console: sACN universe 1 to 239.255.0.1:5568 by nosuchif: No such device\n");
+  EXPECT_EQ(
+      result.complaint,
+      "korvane-console: sACN universe 4713 to 239.255.18.105:5568 by nosuchif: No such device\n");
 }
 
 TEST(RunningProgram, AnswersEachCommandBeforeTheNextIsGiven) {

@@ -12,8 +12,7 @@
 #include "commands/ConsolePlatform.h"
 #include "commands/Interpreter.h"
 #include "commands/Operations.h"
-#include "desk/network/ErrorNews.h"
-#include "desk/network/NetworkOutput.h"
+#include "desk/output/LampFeed.h"
 #include "hosts/console/InputLines.h"
 #include "hosts/console/Options.h"
 #include "platform/Events.h"
@@ -42,7 +41,7 @@ ConsoleHost::Project projectOf(const std::string& base) {
 /// The desk of this program with its plug-in.
 class Desk {
  public:
-  Desk(const Options& options, const std::optional<OutputTarget>& target);
+  explicit Desk(const Options& options);
 
   /// Carries out the commands of an open file; the exit status.
   int run(int descriptor);
@@ -60,20 +59,20 @@ class Desk {
 
   ConsolePlatform platform_;
   ConsoleHost host_;
-  NetworkOutput output_{"korvane-console"};
-  std::optional<ErrorNews> news_;  ///< of the output, if there is one
-  int signal_ = 0;                 ///< that asked the program to end
+  LampFeed feed_{"korvane-console"};
+  int signal_ = 0;  ///< that asked the program to end
   Plugin plugin_{platform_};
   std::optional<WallClock> clock_;  // none: time is virtual
   Interpreter interpreter_;
 };
 
-Desk::Desk(const Options& options, const std::optional<OutputTarget>& target)
+Desk::Desk(const Options& options)
     : host_(projectOf(options.base), options.channels),
       interpreter_(
           {plugin_.engine, platform_, host_.calls, operationsOf(plugin_, host_),
            [this](std::int64_t time, const TimerQueue::Gate& gate) { advance(time, gate); }}) {
-  if (options.realClock) clock_.emplace(plugin_.engine.timers, [this] { output_.endOfPass(); });
+  if (options.realClock)
+    clock_.emplace(plugin_.engine.timers, [this] { feed_.endOfPass(plugin_.engine.v); });
   platform_.format = options.format;
   platform_.clock = wallTimeOfDay;
   platform_.tell = complain;
@@ -86,16 +85,13 @@ Desk::Desk(const Options& options, const std::optional<OutputTarget>& target)
       return (from + plugin_.engine.timers.now()) % kDay;
     };
   }
-  host_.onChannel = [this](std::int32_t channel, std::int32_t value) {
-    output_.setChannel(channel, static_cast<std::uint8_t>(value));
-  };
-  if (target) {
+  host_.onPass = [this] { feed_.announce(); };
+  if (!options.outputs.empty()) {
     // Without lamps a signal ends the program at once, as it does others.
     noteEndSignals();
     if (clock_) clock_->mayGoOn = [this] { return !asked(); };
-    news_.emplace(describe(*target));
-    output_.start(*target);
   }
+  for (const OutputConfig& output : options.outputs) feed_.outputs.add(output).switchOn();
   start(options);
 }
 
@@ -114,7 +110,7 @@ void Desk::background(const std::function<void()>& event) {
 void Desk::advance(std::int64_t milliseconds, const TimerQueue::Gate& gate) {
   TimerQueue& timers = plugin_.engine.timers;
   if (clock_) return clock_->advance(milliseconds, gate);
-  if (!news_) return timers.advanceTo(timers.now() + milliseconds, gate);
+  if (feed_.outputs.empty()) return timers.advanceTo(timers.now() + milliseconds, gate);
   advanceVirtual(timers.now() + milliseconds, gate);
 }
 
@@ -133,20 +129,19 @@ bool Desk::asked() {
 /// How long the console may wait for a command, in ms; -1 for ever.
 int Desk::patience() {
   const int next = clock_ ? clock_->untilNext() : -1;
-  if (!news_) return next;
+  if (feed_.outputs.empty()) return next;
   return next < 0 ? kNewsInterval : std::min(next, kNewsInterval);
 }
 
 void Desk::tellNetwork() {
-  if (!news_) return;
-  if (const auto news = news_->of(output_.error())) complain(*news);
+  for (const std::string& line : feed_.news()) complain(line);
 }
 
 /// Whether there is more to do.
 bool Desk::perform(const std::string& line) {
   if (const std::optional<std::string> reply = interpreter_.answer(line))
     std::cout << *reply << std::endl;
-  output_.endOfPass();
+  feed_.endOfPass(plugin_.engine.v);
   return !interpreter_.ended() && std::cout.good();
 }
 
@@ -171,29 +166,19 @@ int Desk::run(int descriptor) {
   return interpreter_.allOk() && std::cout.good() ? kAllOk : kNotAllOk;
 }
 
-std::optional<OutputTarget> targetOf(const Options& options) {
-  if (!options.output) return std::nullopt;
-  try {
-    return parseOutputTarget(*options.output);
-  } catch (const std::invalid_argument& error) {
-    throw UsageError(error.what());
-  }
-}
-
 int run(int count, char** words) {
   const Options options = parseOptions(count, words);
   if (options.help) {
     std::cout << kUsage;
     return kAllOk;
   }
-  const std::optional<OutputTarget> target = targetOf(options);
   const int script =
       options.script ? open(options.script->c_str(), O_RDONLY | O_CLOEXEC) : STDIN_FILENO;
   if (script < 0) {
     complain("the script " + *options.script + " can't be read: " + std::strerror(errno));
     return kUnreadableScript;
   }
-  return Desk(options, target).run(script);
+  return Desk(options).run(script);
 }
 
 }  // namespace

@@ -12,7 +12,8 @@ const char* const kPlayUsage =
 Plays a saved show in the terminal, and to the lamps. The grid is taken from the file
 SHOW.korvaneconf beside it.
 
-  --output TARGET    send the lamps their values, as in sacn:1 or artnet:0@192.168.1.20
+  --output TARGET    send the lamps their values, as in sacn:1-15, artnet:0@192.168.1.20 or
+                     ddp@192.168.1.50; may be given several times (docs/outputs.md)
   --seconds N        end after N seconds (default: play on)
   --help             print this text
 
@@ -31,9 +32,9 @@ constexpr option kOptions[] = {{"output", required_argument, nullptr, kOutput},
                                {"help", no_argument, nullptr, kHelp},
                                {nullptr, 0, nullptr, 0}};
 
-OutputTarget target(const char* word) {
+OutputConfig output(const char* word) {
   try {
-    return parseOutputTarget(word);
+    return parseOutput(word);
   } catch (const std::invalid_argument& error) {
     throw PlayUsageError(error.what());
   }
@@ -53,7 +54,7 @@ PlayOptions parsePlayOptions(int count, char** words) {
   for (int which = 0; (which = getopt_long(count, words, ":", kOptions, nullptr)) != -1;) {
     switch (which) {
       case kOutput:
-        options.output = target(optarg);
+        options.outputs.push_back(output(optarg));
         break;
       case kSeconds:
         options.seconds = seconds(optarg);

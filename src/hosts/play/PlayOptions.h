@@ -1,17 +1,17 @@
 #pragma once
 
-#include <optional>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
-#include "desk/network/OutputTarget.h"
+#include "desk/output/OutputConfig.h"
 
 namespace korvane {
 
 /// The command line of the player.
 struct PlayOptions {
   std::string show;  ///< project file; empty plays the two plain decks of a new show
-  std::optional<OutputTarget> output;
+  std::vector<OutputConfig> outputs;
   double seconds = 0;  ///< length of the play, 0 plays until it is ended
   bool help = false;
 };

@@ -33,7 +33,7 @@ Raster PlayerPlatform::loadPicture(const std::string& path) {
 #endif
 }
 
-Player::Player(const PlayOptions& options) : options_(options), host_(showPath(), output_) {
+Player::Player(const PlayOptions& options) : options_(options), host_(showPath(), feed_) {
   platform_.tell = [this](const std::string& text) { tell(text); };
 }
 
@@ -47,7 +47,7 @@ void Player::tell(const std::string& text) {
 
 bool Player::event(const std::function<void()>& what) {
   const bool well = runEvent(platform_, what);
-  output_.endOfPass();
+  feed_.endOfPass(plugin_.engine.v);
   return well;
 }
 
@@ -66,11 +66,10 @@ bool Player::open() {
     openShow();
   });
   if (!opened) return false;
-  if (options_.output) {
-    news_.emplace(describe(*options_.output));
-    output_.start(*options_.output);
-  }
-  return event([this] { plugin_.matrixForm.active.setValue(1); });
+  if (!event([this] { plugin_.matrixForm.active.setValue(1); })) return false;
+  // The first packet holds the first picture.
+  for (const OutputConfig& output : options_.outputs) feed_.outputs.add(output).switchOn();
+  return true;
 }
 
 /// False to end.
@@ -84,8 +83,7 @@ bool Player::press(char key) {
 }
 
 void Player::tellNetwork() {
-  if (!news_) return;
-  if (const auto news = news_->of(output_.error())) tell(*news);
+  for (const std::string& line : feed_.news()) tell(line);
 }
 
 std::string Player::statusLine() const {
@@ -94,7 +92,7 @@ std::string Player::statusLine() const {
   return "q ends; a, b fade; space beats. " +
          (options_.show.empty() ? "A new show" : showPath().stem().string()) + ", " +
          std::to_string(v.matrixCols) + " x " + std::to_string(v.matrixRows) + " lamps, output " +
-         output_.status();
+         feed_.outputs.status();
 }
 
 void Player::draw() {
@@ -127,6 +125,7 @@ bool Player::play() {
     more = takeEndSignal() == 0 && press(terminal_->waitForKey(wait));
   }
   terminal_.reset();
+  feed_.outputs.switchAllOff();
   messages_.flush();
   return true;
 }

@@ -3,8 +3,7 @@
 #include <filesystem>
 #include <optional>
 
-#include "desk/network/ErrorNews.h"
-#include "desk/network/NetworkOutput.h"
+#include "desk/output/LampFeed.h"
 #include "hosts/play/Messages.h"
 #include "hosts/play/PlayOptions.h"
 #include "hosts/play/Terminal.h"
@@ -32,23 +31,21 @@ class PlayerPlatform : public HeadlessPlatform {
   std::function<void(const std::string& text)> tell;
 };
 
-/// The desk: the project is the show, the channels go to the network.
+/// The desk: the project is the show; the picture of each pass goes to the lamps.
 class PlayerHost : public Host {
  public:
-  PlayerHost(const std::filesystem::path& show, NetworkOutput& output)
-      : stem_(show.parent_path() / show.stem()), output_(output) {}
+  PlayerHost(const std::filesystem::path& show, LampFeed& feed)
+      : stem_(show.parent_path() / show.stem()), feed_(feed) {}
 
   std::int32_t ChannelMAXCHANNELS() override { return 512; }
   std::string ProjectName() override { return stem_.filename().string(); }
   std::string ProjectBaseFilename() override { return stem_.string(); }
-  void UserInteraction() override {}
-  void SetChannel(std::int32_t channel, std::int32_t value, bool) override {
-    output_.setChannel(channel, static_cast<std::uint8_t>(value));
-  }
+  void UserInteraction() override { feed_.announce(); }
+  void SetChannel(std::int32_t, std::int32_t, bool) override {}
 
  private:
   std::filesystem::path stem_;
-  NetworkOutput& output_;
+  LampFeed& feed_;
 };
 
 /// A show that plays in the terminal and to the lamps.
@@ -72,12 +69,11 @@ class Player {
   std::string statusLine() const;
 
   PlayOptions options_;
-  NetworkOutput output_{"korvane-play"};
-  std::optional<ErrorNews> news_;
+  LampFeed feed_{"korvane-play"};
   PlayerPlatform platform_;
   PlayerHost host_;
   Plugin plugin_{platform_};
-  WallClock clock_{plugin_.engine.timers, [this] { output_.endOfPass(); }};
+  WallClock clock_{plugin_.engine.timers, [this] { feed_.endOfPass(plugin_.engine.v); }};
   Messages messages_;
   std::optional<Terminal> terminal_;
 };

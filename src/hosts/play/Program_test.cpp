@@ -315,8 +315,9 @@ TEST_F(WithoutATerminal, AWrongTargetIsWrongUsage) {
 }
 
 TEST_F(WithoutATerminal, NetworkErrorsAreToldOnceAndAgainWhenItWorks) {
-  EXPECT_EQ(run("--seconds 1 --output sacn:1%nosuchif " + kShow), 0);
-  EXPECT_EQ(err, "korvane-play: sACN universe 1 to 239.255.0.1:5568 by nosuchif: No such device\n");
+  EXPECT_EQ(run("--seconds 1 --output sacn:4712%nosuchif " + kShow), 0);
+  EXPECT_EQ(
+      err, "korvane-play: sACN universe 4712 to 239.255.18.104:5568 by nosuchif: No such device\n");
 }
 
 }  // namespace

@@ -11,11 +11,14 @@
 #include <stdexcept>
 #include <thread>
 
-#include "desk/network/NetworkOutput.h"
+#include "desk/output/Outputs.h"
 
 namespace {
 
-using korvane::NetworkOutput;
+using korvane::Outputs;
+using korvane::WallPicture;
+
+constexpr std::size_t kLamps = 1000;
 
 struct Script {
   int passes;
@@ -23,30 +26,38 @@ struct Script {
   std::chrono::milliseconds quiet;
 };
 
-void set(NetworkOutput& output, int channel, int value) {
-  output.setChannel(channel, static_cast<std::uint8_t>(value));
+void set(WallPicture& wall, int channel, int value) {
+  wall.universe(1).at(static_cast<std::size_t>(channel) - 1) = static_cast<std::uint8_t>(value);
   std::cout << R"(, ["SetChannel", )" << channel << ", " << value << "]";
 }
 
-/// Channels 1 and 2 count the passes; a third one moves through the universe up to channel 512.
-void sendPass(NetworkOutput& output, int pass) {
+/// Channels 1 and 2 count the passes; a third one moves through the universe up to channel 512. All
+/// universes hold the same; the first of the lamps counts too.
+void sendPass(Outputs& outputs, WallPicture& wall, int pass) {
   std::cout << R"({"ok": true, "calls": [["UserInteraction"])";
-  set(output, 1, pass % 256);
-  set(output, 2, pass / 256 % 256);
-  set(output, 512 - pass * 7 % 510, 255 - pass % 100);
-  output.endOfPass();
+  set(wall, 1, pass % 256);
+  set(wall, 2, pass / 256 % 256);
+  set(wall, 512 - pass * 7 % 510, 255 - pass % 100);
+  for (int universe = 2; universe <= korvane::kWallUniverses; ++universe)
+    wall.universe(universe) = wall.universe(1);
+  wall.lamps.front()[0] = static_cast<std::uint8_t>(pass % 256);
+  outputs.show(wall);
   std::cout << "]}" << std::endl;
 }
 
-void play(const korvane::OutputTarget& target, const Script& script) {
-  NetworkOutput output("korvane-net-probe");
-  output.start(target);
+void play(const korvane::OutputConfig& target, const Script& script) {
+  Outputs outputs("korvane-net-probe");
+  outputs.add(target).switchOn();
+  WallPicture wall;
+  wall.lamps.resize(kLamps);
   for (int pass = 1; pass <= script.passes; ++pass) {
     std::this_thread::sleep_for(script.gap);
-    sendPass(output, pass);
+    sendPass(outputs, wall, pass);
   }
   std::this_thread::sleep_for(script.quiet);
-  std::cerr << output.status() << "\n";
+  std::cerr << outputs.status() << "\n";
+  for (const std::string& receiver : outputs.at(0).figures().receivers)
+    std::cerr << "found " << receiver << "\n";
 }
 
 std::chrono::milliseconds milliseconds(const char* text) {
@@ -58,7 +69,7 @@ std::chrono::milliseconds milliseconds(const char* text) {
 int main(int argc, char** argv) try {
   if (argc != 5)
     throw std::invalid_argument("usage: korvane-net-probe TARGET PASSES GAP_MS QUIET_MS");
-  play(korvane::parseOutputTarget(argv[1]),
+  play(korvane::parseOutput(argv[1]),
        {std::atoi(argv[2]), milliseconds(argv[3]), milliseconds(argv[4])});
   return 0;
 } catch (const std::exception& error) {

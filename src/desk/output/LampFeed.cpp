@@ -1,0 +1,31 @@
+#include "desk/output/LampFeed.h"
+
+#include <utility>
+
+namespace korvane {
+
+void LampFeed::endOfPass(const Variablen& v) {
+  if (!std::exchange(announced_, false)) return;
+  if (!patch_.madeFrom(v.channelMap)) patch_ = Patch(v.channelMap);
+  // A frame of another size was left behind when dimensioning failed.
+  if (v.frameM.cols() != v.channelMap.codes().cols() ||
+      v.frameM.rows() != v.channelMap.codes().rows())
+    return;
+  outputs.show(patch_.take(v.frameM));
+}
+
+std::vector<std::string> LampFeed::news() {
+  for (std::size_t i = news_.size(); i < outputs.size(); ++i) {
+    const OutputConfig& config = outputs.at(i).config();
+    news_.emplace_back(config.name.empty() ? describe(config) : config.name);
+  }
+  std::vector<std::string> lines;
+  for (std::size_t i = 0; i < outputs.size(); ++i) {
+    if (!outputs.at(i).on()) continue;
+    if (auto line = news_[i].of(outputs.at(i).figures().problem()))
+      lines.push_back(std::move(*line));
+  }
+  return lines;
+}
+
+}  // namespace korvane

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <string_view>
+#include <vector>
+
+#include "desk/network/ErrorNews.h"
+#include "desk/output/Outputs.h"
+#include "desk/wall/WallPicture.h"
+#include "state/Variablen.h"
+
+namespace korvane {
+
+/// The way from the plug-in's picture to the lamps: every lamp of the mixed picture by the channel
+/// map into the wall's universes, and on to the outputs. For every program that owns a plug-in;
+/// none of it touches the plug-in's own frames.
+///
+///     LampFeed feed("korvane-play");
+///     feed.outputs.add(parseOutput("sacn:1-15")).switchOn();
+///     // the plug-in calls UserInteraction:
+///     feed.announce();
+///     // the event that made the pass is done:
+///     feed.endOfPass(engine.v);
+class LampFeed {
+ public:
+  explicit LampFeed(std::string_view program, Network& network = machineNetwork())
+      : outputs(program, network) {}
+
+  /// A pass begins: its picture is to be taken when its event is done.
+  void announce() { announced_ = true; }
+  /// Takes the picture of a pass that was announced, and hands it on.
+  void endOfPass(const Variablen& v);
+
+  /// What is to be told of the outputs now: each problem once, and once that it works again.
+  std::vector<std::string> news();
+
+  Outputs outputs;
+
+ private:
+  bool announced_ = false;
+  Patch patch_;
+  std::vector<ErrorNews> news_;
+};
+
+}  // namespace korvane

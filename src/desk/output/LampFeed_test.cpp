@@ -1,0 +1,143 @@
+#include "desk/output/LampFeed.h"
+
+#include <arpa/inet.h>
+#include <gtest/gtest.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include <array>
+
+#include "platform/HeadlessPlatform.h"
+#include "shell/Plugin.h"
+
+namespace korvane {
+namespace {
+
+/// Takes sACN's values of the universes 1 to 15 on this machine.
+class Wall {
+ public:
+  Wall() {
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    socklen_t size = sizeof address;
+    auto* any = reinterpret_cast<sockaddr*>(&address);
+    const timeval patience{.tv_sec = 5, .tv_usec = 0};
+    setsockopt(socket_, SOL_SOCKET, SO_RCVTIMEO, &patience, sizeof patience);
+    EXPECT_EQ(bind(socket_, any, size), 0);
+    EXPECT_EQ(getsockname(socket_, any, &size), 0);
+    port = ntohs(address.sin_port);
+  }
+  ~Wall() { close(socket_); }
+  Wall(const Wall&) = delete;
+  Wall& operator=(const Wall&) = delete;
+
+  /// Takes packets until a picture's last universe has come whose values are these; false if it
+  /// does not come.
+  bool shows(const WallPicture& wanted) {
+    std::array<std::uint8_t, 700> packet{};
+    while (recv(socket_, packet.data(), packet.size(), 0) == 638) {
+      std::copy_n(&packet[126], 512, seen.universe(packet[114]).begin());
+      if (packet[114] == 15 && seen.universes == wanted.universes) return true;
+    }
+    return false;
+  }
+
+  WallPicture seen;
+  int port = 0;
+
+ private:
+  int socket_ = socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0);
+};
+
+class LampFeeds : public testing::Test {
+ protected:
+  /// A wall of 50 by 50 lamps on channels that count up, and a frame of noise.
+  LampFeeds() {
+    v.channelMap.redim(50, 50);
+    v.frameM.redim(50, 50);
+    std::int32_t code = 1;
+    for (int col = 0; col < 50; ++col) {
+      for (int row = 0; row < 50; ++row) {
+        for (int component = 0; component < 3; ++component)
+          v.channelMap.set(col, row, component, code++);
+      }
+    }
+  }
+  void paint(unsigned seed) {
+    for (int col = 0; col < 50; ++col) {
+      for (int row = 0; row < 50; ++row) {
+        for (std::uint8_t& part : v.frameM.at(col, row))
+          part = static_cast<std::uint8_t>((seed = seed * 1103515245 + 12345) >> 16);
+      }
+    }
+  }
+  /// What the lamps are to hold, worked out lamp by lamp.
+  WallPicture wanted() const {
+    WallPicture picture;
+    for (int col = 0; col < v.frameM.cols(); ++col) {
+      for (int row = 0; row < v.frameM.rows(); ++row) {
+        for (std::size_t i = 0; i < 3; ++i) {
+          const std::int32_t code = v.channelMap.at(col, row)[i];
+          if (code >= 1 && code <= 8192)
+            picture.universe((code - 1) / 512 + 1)[static_cast<std::size_t>((code - 1) % 512)] =
+                v.frameM.at(col, row)[i];
+        }
+      }
+    }
+    return picture;
+  }
+
+  Wall wall;
+  LampFeed feed{"korvane-test-feed"};
+  HeadlessPlatform platform;
+  Plugin plugin{platform};
+  Variablen& v = plugin.engine.v;
+};
+
+TEST_F(LampFeeds, EveryLampOfFifteenUniversesHoldsTheMixedPictureByTheMap) {
+  feed.outputs.add(parseOutput("sacn:1-15@127.0.0.1:" + std::to_string(wall.port) + ",rate=1000"))
+      .switchOn();
+  for (unsigned pass = 1; pass <= 20; ++pass) {
+    paint(pass);
+    feed.announce();
+    feed.endOfPass(v);
+    ASSERT_TRUE(wall.shows(wanted())) << pass;
+  }
+}
+
+TEST_F(LampFeeds, WithoutAnAnnouncedPassNothingIsTaken) {
+  feed.outputs.add(parseOutput("sacn:1-15@127.0.0.1:" + std::to_string(wall.port))).switchOn();
+  paint(1);
+  feed.endOfPass(v);
+  EXPECT_TRUE(wall.shows({})) << "dark";
+  feed.announce();
+  feed.endOfPass(v);
+  EXPECT_TRUE(wall.shows(wanted()));
+}
+
+TEST_F(LampFeeds, AnotherMapIsFollowedAndNegativeCodesNameNoLamp) {
+  feed.outputs.add(parseOutput("sacn:1-15@127.0.0.1:" + std::to_string(wall.port) + ",rate=1000"))
+      .switchOn();
+  paint(1);
+  feed.announce();
+  feed.endOfPass(v);
+  v.channelMap.set(0, 0, 0, -1);
+  v.channelMap.set(0, 0, 1, -32768);
+  v.channelMap.set(0, 0, 2, 9000);
+  feed.announce();
+  feed.endOfPass(v);
+  EXPECT_TRUE(wall.shows(wanted()));
+}
+
+TEST_F(LampFeeds, NewsOfEachOutputAreToldOnce) {
+  feed.outputs.add(parseOutput("sacn:4711%nosuchif")).switchOn();
+  std::vector<std::string> told;
+  while (told.empty()) told = feed.news();
+  EXPECT_EQ(told, std::vector<std::string>{
+                      "sACN universe 4711 to 239.255.18.103:5568 by nosuchif: No such device"});
+  EXPECT_TRUE(feed.news().empty());
+}
+
+}  // namespace
+}  // namespace korvane

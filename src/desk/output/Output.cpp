@@ -1,0 +1,123 @@
+#include "desk/output/Output.h"
+
+#include <utility>
+
+namespace korvane {
+namespace {
+
+using std::chrono::steady_clock;
+
+TimePoint clockNow() { return steady_clock::now(); }
+
+/// Names of what an output sends to: equal for programs that meet there.
+std::vector<std::string> placesOf(const OutputConfig& config) {
+  const std::string to = std::string(rowOf(config.kind).word) + "/" +
+                         (config.toNodes ? "nodes" : config.address) + ":" +
+                         std::to_string(config.port) + "%" + config.interface + "/";
+  if (config.routes.empty()) return {to};
+  std::vector<std::string> places;
+  for (const Route& route : config.routes) places.push_back(to + std::to_string(route.universe));
+  return places;
+}
+
+}  // namespace
+
+Output::Output(OutputConfig config, const SenderIdentity& identity, Network& network)
+    : config_(std::move(config)), identity_(identity), network_(network) {
+  newest_ = pictureFor(config_, {});
+}
+
+void Output::configure(const OutputConfig& config) {
+  if (config == config_) return;
+  const bool wasOn = on();
+  switchOff();
+  if (config.routes != config_.routes || config.kind != config_.kind)
+    newest_ = pictureFor(config, {});
+  config_ = config;
+  if (wasOn) switchOn();
+}
+
+void Output::switchOn() {
+  if (on()) return;
+  for (const std::string& place : placesOf(config_)) claims_.emplace_back(place);
+  next_.reset();
+  ending_ = false;
+  figures_ = {};
+  figures_.concern = rival();
+  thread_ = std::thread([this, carrier = makeCarrier(config_, identity_, network_),
+                         picture = newest_, rival = rival()]() mutable {
+    run(Sender(config_, std::move(carrier), std::move(picture)), rival);
+  });
+}
+
+void Output::beginEnd() {
+  {
+    const std::lock_guard lock(mutex_);
+    ending_ = true;
+  }
+  wake_.notify_one();
+}
+
+void Output::switchOff() {
+  if (!on()) return;
+  beginEnd();
+  thread_.join();
+  claims_.clear();
+}
+
+void Output::show(const WallPicture& wall) {
+  OutputPicture picture = pictureFor(config_, wall);
+  if (picture == newest_) return;
+  newest_ = picture;
+  if (!on()) return;
+  {
+    const std::lock_guard lock(mutex_);
+    if (!next_) shownAt_ = clockNow();
+    next_ = std::move(picture);
+  }
+  wake_.notify_one();
+}
+
+/// The sender's thread. The lock is not held while anything is sent.
+void Output::run(Sender sender, const std::string& rival) {
+  std::unique_lock lock(mutex_);
+  while (!sender.ended()) {
+    if (auto picture = std::exchange(next_, std::nullopt))
+      sender.show(std::move(*picture), shownAt_);
+    if (ending_) sender.end();
+    const TimePoint due = sender.due();
+    if (!sender.ended() && clockNow() >= due) {
+      lock.unlock();
+      sender.step(clockNow(), clockNow);
+      OutputFigures figures = sender.figures(clockNow());
+      if (figures.concern.empty()) figures.concern = rival;
+      lock.lock();
+      figures_ = std::move(figures);
+    } else if (!sender.ended() && !next_) {
+      wake_.wait_until(lock, due);
+    }
+  }
+}
+
+/// Another program of this machine that sends to the same place, in words.
+std::string Output::rival() const {
+  for (const Claim& claim : claims_) {
+    if (!claim.held() && !claim.holder().empty())
+      return claim.holder() + " sends there already: the lamps may flicker";
+  }
+  return {};
+}
+
+OutputFigures Output::figures() const {
+  const std::lock_guard lock(mutex_);
+  return figures_;
+}
+
+std::string Output::status() const {
+  if (!on()) return "off";
+  const std::string problem = figures().problem();
+  return (config_.name.empty() ? describe(config_) : config_.name) +
+         (problem.empty() ? "" : ": " + problem);
+}
+
+}  // namespace korvane

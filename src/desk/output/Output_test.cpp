@@ -1,0 +1,198 @@
+#include <arpa/inet.h>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include <filesystem>
+
+#include "desk/output/Outputs.h"
+
+namespace korvane {
+namespace {
+
+using namespace std::chrono_literals;
+using testing::HasSubstr;
+
+/// Receives on a free port of this machine.
+class Receiver {
+ public:
+  Receiver() {
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    socklen_t size = sizeof address;
+    auto* any = reinterpret_cast<sockaddr*>(&address);
+    const timeval patience{.tv_sec = 5, .tv_usec = 0};
+    setsockopt(socket_, SOL_SOCKET, SO_RCVTIMEO, &patience, sizeof patience);
+    EXPECT_EQ(bind(socket_, any, size), 0);
+    EXPECT_EQ(getsockname(socket_, any, &size), 0);
+    port = ntohs(address.sin_port);
+  }
+  ~Receiver() { close(socket_); }
+  Receiver(const Receiver&) = delete;
+  Receiver& operator=(const Receiver&) = delete;
+
+  std::string place() const { return "@127.0.0.1:" + std::to_string(port); }
+  /// The next packet, waiting up to 5 s; empty when none comes, or none is there.
+  std::vector<std::uint8_t> packet(bool wait = true) const {
+    std::vector<std::uint8_t> bytes(2000);
+    const auto size = recv(socket_, bytes.data(), bytes.size(), wait ? 0 : MSG_DONTWAIT);
+    bytes.resize(size > 0 ? static_cast<std::size_t>(size) : 0);
+    return bytes;
+  }
+
+  int port = 0;
+
+ private:
+  int socket_ = socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0);
+};
+
+WallPicture look(int value) {
+  WallPicture wall;
+  for (Slots& slots : wall.universes) slots.fill(static_cast<std::uint8_t>(value));
+  return wall;
+}
+
+std::size_t count(const char* folder) {
+  std::size_t entries = 0;
+  for ([[maybe_unused]] const auto& entry : std::filesystem::directory_iterator(folder)) ++entries;
+  return entries;
+}
+std::size_t threads() { return count("/proc/self/task"); }
+std::size_t descriptors() { return count("/proc/self/fd"); }
+
+TEST(Outputs, OffMeansNoThreadAndNoSocket) {
+  const Receiver receiver;
+  Outputs outputs("korvane-test-off");
+  const std::size_t threadsBefore = threads(), descriptorsBefore = descriptors();
+  Output& output = outputs.add(parseOutput("sacn:1-3" + receiver.place()));
+  EXPECT_EQ(threads(), threadsBefore);
+  EXPECT_EQ(descriptors(), descriptorsBefore);
+  output.switchOn();
+  EXPECT_EQ(threads(), threadsBefore + 1);
+  EXPECT_EQ(receiver.packet().size(), 638U);
+  EXPECT_GT(descriptors(), descriptorsBefore);
+  output.switchOff();
+  EXPECT_EQ(threads(), threadsBefore);
+  EXPECT_EQ(descriptors(), descriptorsBefore);
+  EXPECT_EQ(output.status(), "off");
+}
+
+TEST(Outputs, AnOutputThatIsSwitchedOnShowsTheNewestPictureAtOnce) {
+  const Receiver receiver;
+  Outputs outputs("korvane-test-newest");
+  outputs.show(look(3));
+  Output& output = outputs.add(parseOutput("artnet:1" + receiver.place()));
+  outputs.show(look(7));
+  output.switchOn();
+  EXPECT_EQ(receiver.packet().at(18), 7);
+}
+
+TEST(Outputs, SeveralAtOnceEachWithItsOwnUniverses) {
+  const Receiver first, second;
+  Outputs outputs("korvane-test-several");
+  outputs.add(parseOutput("sacn:2=20" + first.place()));
+  outputs.add(parseOutput("artnet:5=7" + second.place()));
+  WallPicture wall;
+  wall.universe(2)[0] = 22;
+  wall.universe(5)[0] = 55;
+  outputs.show(wall);
+  outputs.switchAllOn();
+  const auto sacn = first.packet();
+  EXPECT_EQ(sacn.at(114), 20);
+  EXPECT_EQ(sacn.at(126), 22);
+  const auto artnet = second.packet();
+  EXPECT_EQ(artnet.at(14), 7);
+  EXPECT_EQ(artnet.at(18), 55);
+}
+
+TEST(Outputs, SettingsChangeWhileItRuns) {
+  const Receiver first, second;
+  Outputs outputs("korvane-test-change");
+  Output& output = outputs.add(parseOutput("sacn:1" + first.place()));
+  outputs.show(look(9));
+  output.switchOn();
+  EXPECT_EQ(first.packet().at(126), 9);
+  output.configure(parseOutput("sacn:1" + second.place()));
+  EXPECT_TRUE(output.on());
+  EXPECT_EQ(second.packet().at(126), 9);
+  std::vector<std::uint8_t> last;
+  for (auto packet = first.packet(false); !packet.empty(); packet = first.packet(false))
+    last = packet;
+  EXPECT_EQ(last.at(112), 0x40) << "the old place was told of the end";
+}
+
+TEST(Outputs, TwoCopiesOfAProgramHaveIdentitiesOfTheirOwnAndAreTold) {
+  const Receiver receiver;
+  Outputs first("korvane-test-copies");
+  Output& sends = first.add(parseOutput("sacn:61234" + receiver.place()));
+  sends.switchOn();
+  Outputs second("korvane-test-copies");
+  EXPECT_NE(first.component(), second.component());
+  Output& rival = second.add(parseOutput("sacn:61234" + receiver.place()));
+  rival.switchOn();
+  EXPECT_THAT(rival.figures().concern, HasSubstr("(process " + std::to_string(getpid()) +
+                                                 ") sends there already: the lamps may flicker"));
+  EXPECT_EQ(sends.figures().concern, "");
+  sends.switchOff();
+  rival.switchOff();
+  rival.switchOn();
+  EXPECT_EQ(rival.figures().concern, "") << "it is alone now";
+}
+
+TEST(Outputs, TheIdentityIsTheSameAfterARestartAndItsNumbersGoOn) {
+  const Receiver receiver;
+  Uuid before{};
+  int last = 0;
+  {
+    Outputs outputs("korvane-test-restart");
+    before = outputs.component();
+    outputs.add(parseOutput("sacn:1" + receiver.place() + ",end=release")).switchOn();
+    receiver.packet();
+  }
+  for (auto packet = receiver.packet(false); !packet.empty(); packet = receiver.packet(false))
+    last = packet.at(111);
+  Outputs outputs("korvane-test-restart");
+  EXPECT_EQ(outputs.component(), before);
+  outputs.add(parseOutput("sacn:1" + receiver.place())).switchOn();
+  EXPECT_EQ(receiver.packet().at(111), (last + 1) % 256);
+}
+
+TEST(Outputs, SwitchedAThousandTimesWhilePlaying) {
+  const Receiver receiver;
+  Outputs outputs("korvane-test-thousand");
+  for (const char* text : {"sacn:1-2", "artnet:1-2", "artnet:8"})
+    outputs.add(parseOutput(text + receiver.place() + ",end=release,rate=1000"));
+  outputs.switchAllOn();
+  for (int i = 0; i < 1000; ++i) {
+    outputs.show(look(i % 256));
+    Output& output = outputs.at(static_cast<std::size_t>(i) % outputs.size());
+    output.on() ? output.switchOff() : output.switchOn();
+    outputs.status();
+  }
+  outputs.switchAllOn();
+  outputs.show(look(99));
+  while (true) {
+    const auto packet = receiver.packet();
+    ASSERT_FALSE(packet.empty()) << "the last picture came";
+    if (packet.back() == 99) break;
+  }
+}
+
+TEST(Outputs, AllEndTogetherInATenthOfASecondOrSo) {
+  const Receiver receiver;
+  Outputs outputs("korvane-test-together");
+  for (int universe = 1; universe <= 12; ++universe)
+    outputs.add(parseOutput("sacn:" + std::to_string(universe) + receiver.place()));
+  outputs.switchAllOn();
+  receiver.packet();
+  outputs.switchAllOff();
+  int farewells = 0;
+  for (auto packet = receiver.packet(false); !packet.empty(); packet = receiver.packet(false))
+    farewells += packet.size() == 638 && packet.at(112) == 0x40;
+  EXPECT_EQ(farewells, 36);
+}
+
+}  // namespace
+}  // namespace korvane
