@@ -2,6 +2,7 @@
 // another user saves: to the superuser they mean nothing.
 
 #include <fcntl.h>
+#include <gtest/gtest.h>
 #include <pwd.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
