@@ -152,6 +152,36 @@ TEST_P(EffectsKept, APictureInALateSlotFollowsTheGrid) {
   EXPECT_EQ(takeBoxes(), Texts{"Matrix Project saved"});
 }
 
+TEST_P(EffectsKept, AKindThatAPersonChoseIsKept) {
+  choose(deck.type, kFire);
+  EXPECT_TRUE(deck.efxEdited.at(0));
+  expectKept();
+  EXPECT_EQ(effect().type, kFire);
+  EXPECT_EQ(deck.type.index(), kFire);
+}
+
+TEST_P(EffectsKept, AKindThatIsChosenAgainIsKeptWithItsColour) {
+  const Color color = effect().color1;
+  choose(deck.type, kColor);
+  expectKept();
+  EXPECT_EQ(effect().color1, color);
+}
+
+TEST_P(EffectsKept, OnlyAPersonChoosesAKind) {
+  click(panel.add);
+  EXPECT_FALSE(deck.efxEdited.at(0));
+  pick(deck.efxList, 1);
+  choose(deck.type, kFire);
+  pick(deck.efxList, 0);
+  EXPECT_FALSE(deck.efxEdited.at(0)) << "selecting a row shows its kind";
+  pick(deck.efxList, 1);
+  click(panel.clear);
+  EXPECT_FALSE(deck.efxEdited.at(1)) << "clearing sets it";
+  choose(deck.type, kFire);
+  click(panel.remove);
+  EXPECT_FALSE(deck.efxEdited.at(0)) << "a removal shows the next one's";
+}
+
 TEST_F(ShowsKept, APartialFileNeverBecomesABackup) {
   save();
   v.masterValue = 0.25;

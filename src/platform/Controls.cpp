@@ -52,6 +52,7 @@ void ListBox::choose(int index) {
   require(index, 0);
   index_ = index;
   shown();
+  run(onChosen);
   run(onClick);
 }
 

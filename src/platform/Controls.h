@@ -89,7 +89,8 @@ class ListBox : public Control {
   /// Chooses an entry that must exist, counted from 1.
   void setEntry(int entry);
 
-  std::function<void()> onClick;  ///< an entry was chosen
+  std::function<void()> onChosen;  ///< a person chose an entry; comes before onClick
+  std::function<void()> onClick;   ///< an entry was chosen
 
  private:
   void require(int index, int least) const;

@@ -111,6 +111,12 @@ void pasteMem_Click(Engine& engine, Deck& deck) {
   efxList_Click(engine, deck);
 }
 
+// A slot that is not there is left to the failure of the handler that follows.
+void type_Chosen(Deck& deck) {
+  const auto slot = static_cast<std::size_t>(deck.sel);
+  if (slot < deck.efxEdited.size()) deck.efxEdited[slot] = true;
+}
+
 void type_Click(Engine& engine, Deck& deck) {
   stopDeck(deck);
   engine.v.editDeck = deck.isB() ? 1 : 0;

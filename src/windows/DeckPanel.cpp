@@ -32,6 +32,7 @@ void DeckPanel::bind() {
   clear.onClick = [this] { clear_Click(engine_, deck_); };
   copyMem.onClick = [this] { copyMem_Click(engine_, deck_); };
   pasteMem.onClick = [this] { pasteMem_Click(engine_, deck_); };
+  deck_.type.onChosen = [this] { type_Chosen(deck_); };
   deck_.type.onClick = [this] { type_Click(engine_, deck_); };
   deck_.efxList.onClick = [this](int, int) { efxList_Click(engine_, deck_); };
   deck_.efxList.onDoubleClick = [this](int) { edit_Click(engine_, deck_); };
