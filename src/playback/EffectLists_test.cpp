@@ -281,6 +281,7 @@ TEST_P(EffectLists, AnOpenPaintDialogIsNotCommitted) {
   click(panel.edit);
   type(plugin.dialogs.paint.myName, "typed");
   choose(deck.type, kColor);
+  deck.efxEdited[0] = false;
   click(panel.edit);
   EXPECT_TRUE(plugin.dialogs.paint.visible());
   EXPECT_EQ(deck.effect().name, "new effect");

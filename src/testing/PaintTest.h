@@ -22,7 +22,7 @@ class PaintTest : public TestDecks {
     ASSERT_TRUE(open());
     resize(cols, rows);
     deck.frame.fill({0, 0, 0});
-    ASSERT_TRUE(choose(deck.type, kPaint));
+    ASSERT_TRUE(event([this] { deck.type.setIndex(kPaint); }));  // by no person
     ASSERT_TRUE(click(panel.edit));
     const int side = 10 + 10 * std::max(cols, rows);
     event([&] { form.Bild.resize(side, side); });

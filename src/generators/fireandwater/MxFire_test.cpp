@@ -9,7 +9,7 @@ class FireDialog : public CellEffects {
  protected:
   void SetUp() override {
     CellEffects::SetUp();
-    choose(deck.type, kFire);
+    event([this] { deck.type.setIndex(kFire); });  // by no person
     effect().name = "camp";
     click(panel.edit);
   }

@@ -10,7 +10,7 @@ class WaterDialog : public CellEffects {
  protected:
   void SetUp() override {
     CellEffects::SetUp();
-    choose(deck.type, kFluid);
+    event([this] { deck.type.setIndex(kFluid); });  // by no person
     effect().name = "creek";
     click(panel.edit);
   }

@@ -9,7 +9,7 @@ class TickerDialog : public CellEffects {
  protected:
   void SetUp() override {
     CellEffects::SetUp();
-    choose(deck.type, kTicker);
+    event([this] { deck.type.setIndex(kTicker); });  // by no person
     effect().name = "news";
     click(panel.edit);
     ASSERT_TRUE(platform.failures.empty());
