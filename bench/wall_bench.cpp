@@ -1,8 +1,9 @@
 // What lies between the mixed picture and the outputs, each beside a plain loop over the frame.
-// Targets at 50 x 50, release build: a picture of all sixteen universes within 15 us.
+// Targets at 50 x 50, release build: a picture of all universes within 15 us,
+// and its levels and a look that smooths within 40 us.
 
 #include "Stage.h"
-#include "desk/wall/WallPicture.h"
+#include "desk/wall/OutputLook.h"
 
 namespace korvane {
 namespace {
@@ -26,6 +27,27 @@ void taking(benchmark::State& state) {
   });
 }
 
+void looking(benchmark::State& state) {
+  Wall wall(state);
+  OutputStage stage({.gamma = 2.2, .smooth = true, .balance = {100, 90, 80}});
+  const LevelledPicture levelled{wall.patch.take(wall.engine.v.frameM), 80};
+  measureBesideLoop(state, wall.bytes(), [&] {
+    const WallPicture picture = stage.pass(levelled);
+    barrier(&picture);
+  });
+}
+
+void changingTheLook(benchmark::State& state) {
+  Wall wall(state);
+  OutputStage stage({.gamma = 2.2});
+  LevelledPicture levelled{wall.patch.take(wall.engine.v.frameM), 80};
+  measureBesideLoop(state, wall.bytes(), [&] {
+    levelled.master = levelled.master % 100 + 1;
+    const WallPicture picture = stage.pass(levelled);
+    barrier(&picture);
+  });
+}
+
 void comparingTheMap(benchmark::State& state) {
   Wall wall(state);
   measureBesideLoop(state, wall.bytes(), [&] {
@@ -45,6 +67,8 @@ void making(benchmark::State& state) {
 void atBothSizes(benchmark::internal::Benchmark* bench) { bench->Arg(12)->Arg(50)->Apply(inTurns); }
 
 BENCHMARK(taking)->Apply(atBothSizes);
+BENCHMARK(looking)->Apply(atBothSizes);
+BENCHMARK(changingTheLook)->Apply(atBothSizes);
 BENCHMARK(comparingTheMap)->Apply(atBothSizes);
 BENCHMARK(making)->Apply(atBothSizes);
 

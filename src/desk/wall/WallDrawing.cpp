@@ -14,11 +14,15 @@ constexpr Color kDark = rgb(110, 110, 110);  // a lamp that gets no light
 constexpr Color kCross = rgb(60, 60, 60);
 constexpr Color kEdge = rgb(60, 62, 66);
 constexpr Color kWire = rgb(20, 60, 140);
+constexpr Color kWireOfUnlit = rgb(120, 150, 210);
 constexpr Color kShared = rgb(220, 20, 30);
 constexpr Color kInk = rgb(0, 0, 0);
 constexpr Color kPaper = rgb(255, 255, 255);
 constexpr Color kUnlit = rgb(70, 72, 78);  // all others while some are lit
-constexpr int kLeastWithEdges = 5;         // pixels of a lamp's square
+constexpr int kLargestDot = 3;
+constexpr int kLargestBegin = 8;  // radius in pixels
+constexpr int kLeastWithThickFrame = 16;
+constexpr int kLeastWithEdges = 5;  // pixels of a lamp's square
 
 // One tone a universe; neighbours in the list stand apart.
 constexpr std::array<Color, kWallUniverses> kTones = {
@@ -52,10 +56,9 @@ class Drawing {
     lights_.redim(std::max(0, patch.cols()), std::max(0, patch.rows()));
     for (const LampAt& lamp : lit.lamps) lights_.at(lamp.col, lamp.row) = true;
     const int last = static_cast<int>(patch.wire().size());
-    while (widthOfNumber(last, dot_ + 1) <= at_.cell - 4 &&
-           heightOfNumber(dot_ + 1) * 2 <= at_.cell)
+    while (dot_ < kLargestDot && widthOfNumber(last, dot_ + 1) <= at_.cell - 4 &&
+           heightOfNumber(dot_ + 1) * (dot_ == 0 ? 2 : 3) <= at_.cell)
       ++dot_;
-    dot_ = std::min(dot_, 4);
   }
 
   void draw() {
@@ -74,7 +77,8 @@ class Drawing {
       drawFirstNumbers();
     }
     for (const LampAt& lamp : patch_.sharing()) frame(lamp, kShared, 1);
-    for (const LampAt& lamp : lit_.lamps) frame(lamp, kPaper, 2);
+    for (const LampAt& lamp : lit_.lamps)
+      frame(lamp, kPaper, at_.cell < kLeastWithThickFrame ? 1 : 2);
   }
 
  private:
@@ -117,15 +121,16 @@ class Drawing {
   }
   void drawWire() {
     const std::vector<LampAt>& wire = patch_.wire();
+    const Color color = lit_.lamps.empty() ? kWire : kWireOfUnlit;
     for (std::size_t i = 1; i < wire.size(); ++i) {
       const bool jump = !neighbours(wire[i - 1], wire[i]);
-      drawLine(picture_, wireAt(wire[i - 1]), wireAt(wire[i]), kWire, jump ? 4 : 1);
+      drawLine(picture_, wireAt(wire[i - 1]), wireAt(wire[i]), color, jump ? 4 : 1);
     }
     if (wire.empty()) return;
     const Point begin = wireAt(wire.front());
-    const int radius = std::max(1, at_.cell / 8);
+    const int radius = std::clamp(at_.cell / 8, 1, kLargestBegin);
     picture_.drawEllipse(begin.x - radius, begin.y - radius, begin.x + radius, begin.y + radius,
-                         kWire, true);
+                         color, true);
   }
   void number(std::size_t i) {
     const LampAt& lamp = patch_.wire()[i];

@@ -30,7 +30,7 @@ struct LitLamps {
 };
 
 /// Draws the wall: each lamp in the colour of its first universe with its number along the wire,
-/// the wire from lamp to lamp (a ring at its begin, dotted where it jumps), a red frame round lamps
+/// the wire from lamp to lamp (a dot at its begin, dotted where it jumps), a red frame round lamps
 /// that share a channel, a cross over lamps that stay dark, and the lit ones bright. Where numbers
 /// find no room, the first lamp of each universe alone has one.
 void drawWall(Raster& picture, const Patch& patch, const LitLamps& lit);

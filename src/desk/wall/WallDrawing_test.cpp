@@ -66,10 +66,10 @@ TEST(WallDrawings, NumbersStandWhereThereIsRoom) {
   const Patch patch(wire({.cols = 2, .rows = 1}));
   const Raster picture = drawn(patch, 40, 20);
   const Color tone = picture.pixel(2, 18);
-  // Digits of two pixels a dot, three pixels from the corner.
+  // Digits begin three pixels from the corner.
   EXPECT_EQ(picture.pixel(23 + 0, 3), rgb(0, 0, 0)) << "the bar of the 2";
   EXPECT_EQ(picture.pixel(3 + 0, 3), tone) << "the 1 begins in its middle";
-  EXPECT_EQ(picture.pixel(3 + 2, 3), rgb(0, 0, 0));
+  EXPECT_EQ(picture.pixel(3 + 1, 3), rgb(0, 0, 0));
 }
 
 TEST(WallDrawings, ALampThatSharesAChannelHasARedFrame) {
