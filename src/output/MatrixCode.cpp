@@ -17,6 +17,7 @@ struct Run {
   Rgb* mixed;
   float* map;
   std::size_t cells;
+  std::size_t rows;  // of a column, the spare one left out
 
   const std::uint8_t* bytesA() const { return a->data(); }
   const std::uint8_t* bytesB() const { return b->data(); }
@@ -36,23 +37,22 @@ void requireSize(const Grid<T>& grid, const Variablen& v) {
 Run wholeFrame(Variablen& v) {
   for (const Frame* frame : {&v.frameA, &v.frameB, &v.frameM}) requireSize(*frame, v);
   requireSize(v.fadeMap, v);
-  return {v.frameA.data(), v.frameB.data(), v.frameM.data(), v.fadeMap.data(), v.frameM.span()};
+  return {v.frameA.data(),  v.frameB.data(), v.frameM.data(),
+          v.fadeMap.data(), v.frameM.span(), static_cast<std::size_t>(v.matrixRows)};
 }
 
 Run oneCell(Variablen& v, int col, int row) {
-  return {&v.frameA.at(col, row), &v.frameB.at(col, row), &v.frameM.at(col, row),
-          &v.fadeMap.at(col, row), 1};
+  return {&v.frameA.at(col, row),
+          &v.frameB.at(col, row),
+          &v.frameM.at(col, row),
+          &v.fadeMap.at(col, row),
+          1,
+          1};
 }
 
 void setMap(const Run& run, bool deckB) { std::fill_n(run.map, run.cells, deckB ? 1.0F : 0.0F); }
 
-// A position outside 0 to 1, which only a project file can hold, leaves the bytes.
-void requirePosition(double m) {
-  if (m < 0 || m > 1) throw Failure(kOverflow, "master position");
-}
-
 void mixCrossFade(const Run& run, double m) {
-  requirePosition(m);
   if (m == 0) {
     std::copy_n(run.a, run.cells, run.mixed);
   } else if (m == 1) {
@@ -63,20 +63,35 @@ void mixCrossFade(const Run& run, double m) {
   setMap(run, m > 0.5);
 }
 
+// A position outside 0 to 1, which only a project file can hold, may lead out of the bytes: what
+// lies before the cell that fails stays.
+void mixCellsOutside(const Run& run, std::int16_t type, double m, const Rgb& middle) {
+  for (std::size_t cell = 0; cell < run.cells; ++cell) {
+    const bool spare = cell % (run.rows + 1) == run.rows;
+    if (!spare) mixOutside(type, run.a[cell], run.b[cell], run.mixed[cell], m, middle);
+  }
+  setMap(run, m > 0.5);
+}
+
+bool obeysPosition(std::int16_t type) { return type < kRandom || type == kAdd; }
+
+Rgb middleOf(const Engine& engine) {
+  const bool black = engine.v.fadeTypeNow != kColorFade;
+  return black ? Rgb{} : colorParts(engine.master.MFadeColor.backColor());
+}
+
 void mix(Engine& engine, const Run& run, double m) {
-  switch (engine.v.fadeTypeNow) {
+  const std::int16_t type = engine.v.fadeTypeNow;
+  const bool inside = m >= 0 && m <= 1;
+  if (!inside && obeysPosition(type)) return mixCellsOutside(run, type, m, middleOf(engine));
+  switch (type) {
     case kCrossFade:
       return mixCrossFade(run, m);
     case kBlackFade:
-    case kColorFade: {
-      requirePosition(m);
-      const Color middle =
-          engine.v.fadeTypeNow == kColorFade ? engine.master.MFadeColor.backColor() : 0;
-      fadeThrough(run.bytesA(), run.bytesB(), run.bytesM(), run.bytes(), m, colorParts(middle));
+    case kColorFade:
+      fadeThrough(run.bytesA(), run.bytesB(), run.bytesM(), run.bytes(), m, middleOf(engine));
       return setMap(run, m > 0.5);
-    }
     case kAdd:
-      requirePosition(m);
       addFade(run.bytesA(), run.bytesB(), run.bytesM(), run.bytes(), m);
       return setMap(run, m > 0.5);
     default:

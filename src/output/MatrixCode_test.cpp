@@ -248,6 +248,40 @@ TEST_F(Sending, APositionThatNoFaderReachesIsAnOverflowAndLeavesThePicture) {
   EXPECT_EQ(failureOf([&] { mixFrame(engine, 7); }), 0);
 }
 
+// Beyond the ends of the fader the formulas go on: a picture may come out of them all the same.
+TEST_F(Sending, BeyondTheFadersEndsOnlyAResultOutsideAByteFails) {
+  struct Case {
+    std::int16_t type;
+    double m;
+    int mixed;
+  };
+  v.frameA.fill({100, 100, 100});
+  v.frameB.fill({110, 110, 110});
+  engine.master.MFadeColor.setBackColor(rgb(100, 100, 100));
+  for (const Case& row :
+       {Case{kCrossFade, 1.5, 115}, Case{kCrossFade, -0.5, 95}, Case{kBlackFade, 1.5, 220},
+        Case{kBlackFade, -0.25, 150}, Case{kColorFade, 1.5, 120}, Case{kColorFade, -0.5, 100},
+        Case{kAdd, 1.5, 10}, Case{kAdd, -0.25, 45}}) {
+    v.fadeTypeNow = row.type;
+    const auto byte = static_cast<std::uint8_t>(row.mixed);
+    EXPECT_EQ(failureOf([&] { mixFrame(engine, row.m); }), 0) << row.type << " at " << row.m;
+    EXPECT_EQ(v.frameM.at(1, 1), (Rgb{byte, byte, byte})) << row.type << " at " << row.m;
+    EXPECT_EQ(v.fadeMap.at(1, 1), row.m > 0.5 ? 1.0F : 0.0F);
+    EXPECT_EQ(failureOf([&] { mixCell(engine, row.m, 0, 1); }), 0);
+  }
+}
+
+TEST_F(Sending, BeyondTheFadersEndsTheComponentsBeforeAFailureAreMixed) {
+  v.frameA.fill({100, 100, 100});
+  v.frameB = v.frameA;
+  v.frameB.at(1, 0) = {110, 255, 110};
+  v.frameM.fill({});
+  EXPECT_EQ(failureOf([&] { mixFrame(engine, 2); }), kOverflow);
+  EXPECT_EQ(v.frameM.at(0, 1), (Rgb{100, 100, 100}));
+  EXPECT_EQ(v.frameM.at(1, 0), (Rgb{120, 0, 0}));
+  EXPECT_EQ(v.frameM.at(1, 1), Rgb{});
+}
+
 class Simulation : public EngineTest {
  protected:
   // A surface on which two columns and two rows of boxes with a pitch of 4 x 3 stand from (2, 1).

@@ -21,6 +21,10 @@ void fadeThrough(const std::uint8_t* a, const std::uint8_t* b, std::uint8_t* out
 /// The arriving deck on top of the leaving one, full at the midpoint, clipped at 255.
 void addFade(const std::uint8_t* a, const std::uint8_t* b, std::uint8_t* out, std::size_t n,
              double m);
+/// The same formulas for one cell at a position outside 0 to 1, of the fade types that obey the
+/// position. kOverflow for a component whose sum no byte holds; those before it are stored.
+void mixOutside(std::int16_t fadeType, const Rgb& a, const Rgb& b, Rgb& out, double m,
+                const Rgb& middle);
 /// Each cell whole from b where its map value equals 1.0, else from a.
 void selectByMap(const Rgb* a, const Rgb* b, const float* map, Rgb* out, std::size_t cells);
 

@@ -95,7 +95,7 @@ void MatrixConf::readDefinition(const std::string& path) {
   readDefinitionSize(engine_, file);
   dimensionMatrix(engine_);
   resizePaintPictures(engine_);
-  showSize();
+  takeSize();
   readDefinitionCells(engine_, file);
   engine_.v.matrixConfigured = true;
 }
@@ -106,6 +106,17 @@ void MatrixConf::showSize() {
   ncol.setEntry(cols);
 }
 
+// The picture follows each list that changes, so that it fits the grid even if a cell can't be
+// read.
+void MatrixConf::takeSize() {
+  const int before[] = {nrow.index(), ncol.index()};
+  const std::int16_t cols = engine_.v.matrixCols;
+  nrow.setEntry(engine_.v.matrixRows);
+  if (nrow.index() != before[0]) showGrid();
+  ncol.setEntry(cols);
+  if (ncol.index() != before[1]) showGrid();
+}
+
 // Showing the size that the matrix has is no change: else the first look at a grid would wipe its
 // map.
 void MatrixConf::resize(std::int16_t& side, const ListBox& list) {
@@ -113,6 +124,10 @@ void MatrixConf::resize(std::int16_t& side, const ListBox& list) {
   side = toInt16(list.index() + 1);
   dimensionMatrix(engine_);
   resizePaintPictures(engine_);
+  showGrid();
+}
+
+void MatrixConf::showGrid() {
   mxbild.clear();
   redraw_config();
 }
@@ -230,10 +245,9 @@ void MatrixConf::loadFile() {
   readDefinitionSize(engine_, file);
   dimensionMatrix(engine_);
   resizePaintPictures(engine_);
-  showSize();
+  takeSize();
   readDefinitionCells(engine_, file);
-  mxbild.clear();
-  redraw_config();
+  showGrid();
   engine_.v.matrixConfigured = true;
   engine_.platform.messageBox("Configuration loaded !");
   engine_.v.configChanged = false;

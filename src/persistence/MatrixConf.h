@@ -43,6 +43,9 @@ class MatrixConf : public Form {
   void takeDefinition();
   void readDefinition(const std::string& path);
   void showSize();
+  /// The same for a size that was just read from a file.
+  void takeSize();
+  void showGrid();
   /// Gives a side of the matrix the size chosen in its list, which clears the map.
   void resize(std::int16_t& side, const ListBox& list);
   void loadFile();

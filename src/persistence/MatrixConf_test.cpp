@@ -297,5 +297,35 @@ TEST_F(DefinitionWindow, OKFitsPreviewsAndHiddenPicturesToTheGrid) {
   EXPECT_FALSE(conf.visible());
 }
 
+// The size has been taken by then, and the cells that were read stay.
+TEST_F(DefinitionWindow, ADefinitionThatEndsTooEarlyShowsItsGrid) {
+  ASSERT_TRUE(open());
+  configure();
+  event([&] { conf.mxbild.resize(120, 120); });
+  loadBytes("x\r\n3,2,False\r\n7,8,9\r\n");
+  EXPECT_EQ(takeBoxes(), Texts{});
+  EXPECT_EQ(v.matrixCols, 3);
+  EXPECT_EQ(v.channelMap.at(0, 0), (ChannelMap::Codes{7, 8, 9}));
+  const auto pixel = [this](int x, int y) { return conf.mxbild.raster().pixel(x, y); };
+  EXPECT_EQ(pixel(40, 20), rgb(0, 0, 0));  // cells of 120 / 3
+  EXPECT_EQ(pixel(20, 40), rgb(0, 0, 0));
+  EXPECT_EQ(pixel(20, 20), rgb(180, 180, 180));
+  doubleClick(100, 70);
+  EXPECT_EQ(v.cellCol, 2);
+  EXPECT_EQ(v.cellRow, 1);
+  EXPECT_EQ(engine.desktop.modal(), &conf.detail);
+}
+
+TEST_F(DefinitionWindow, ADefinitionWithoutACellOfASideShowsWhatItsListTook) {
+  ASSERT_TRUE(open());
+  configure();
+  event([&] { conf.mxbild.resize(120, 120); });
+  loadBytes("x\r\n60,2,False\r\n");
+  EXPECT_EQ(v.matrixCols, 60);
+  EXPECT_EQ(conf.nrow.index(), 1);
+  EXPECT_EQ(conf.mxbild.raster().pixel(2, 1), rgb(0, 0, 0));  // cells of 120 / 60
+  EXPECT_EQ(conf.mxbild.raster().pixel(3, 1), rgb(180, 180, 180));
+}
+
 }  // namespace
 }  // namespace korvane

@@ -4,6 +4,7 @@
 #include <exception>
 #include <vector>
 
+#include "generators/Dialogs.h"
 #include "platform/Numbers.h"
 #include "platform/ReplaceFile.h"
 #include "platform/Text.h"
@@ -86,6 +87,7 @@ void dimensionMatrix(Engine& engine) {
 void resizePaintPictures(Engine& engine) {
   resizePaintPictures(engine.v, engine.v.A);
   resizePaintPictures(engine.v, engine.v.B);
+  if (engine.dialogs != nullptr) engine.dialogs->paint.gridChanged();
 }
 
 void makeDefaultDefinition(Engine& engine) {

@@ -21,7 +21,8 @@ std::string definitionFile(const Engine& engine);
 /// the size: a negative one fails with kSubscript, a huge one with kOutOfMemory, and stays in
 /// force.
 void dimensionMatrix(Engine& engine);
-/// Gives the pictures of Paint effects the size of the matrix; they keep their contents.
+/// Gives the pictures of Paint effects the size of the matrix; they keep their contents. An
+/// open Paint dialog shows its picture in the new size.
 void resizePaintPictures(Engine& engine);
 
 /// The grid of a project without a definition: 12 by 12, channels counted up column by column.

@@ -1,6 +1,7 @@
 #include "persistence/ProjectFile.h"
 
 #include <exception>
+#include <filesystem>
 
 #include "persistence/MatrixDefinition.h"
 #include "persistence/RecordLines.h"
@@ -108,8 +109,6 @@ Rows readCounts(Engine& engine, LineReader& in) {
 void readRecord(Deck& deck, Effect& effect, LineReader& in, PictureRoom& room) {
   readEffect(in, effect, room);
   if (effect.type == kColorChange) deck.savedFadeMode = effect.fadeMode;
-  if (effect.type != kImage) return;
-  for (std::string& file : effect.imageFiles) file = pictureFile(file, in.path());
 }
 
 // A row counts when it stands in its list, so that a file that ends early leaves no count of rows
@@ -143,6 +142,11 @@ void readFades(Engine& engine, std::int16_t rows, LineReader& in) {
 void startDeck(Engine& engine, Deck& deck) {
   if (deck.efxEdited.at(static_cast<std::size_t>(deck.sel))) return efxList_Click(engine, deck);
   clear_Click(engine, deck);
+}
+
+std::string folderOf(const std::string& path) {
+  const std::u8string folder = std::filesystem::absolute(systemPath(path)).parent_path().u8string();
+  return {folder.begin(), folder.end()};
 }
 
 std::string takeVersion(LineReader& in) {
@@ -183,6 +187,7 @@ void selectWhatIsThere(Engine& engine) {
 void readComposition(Engine& engine, LineReader& in) {
   requireReadable(in);
   stopPlayback(engine);
+  engine.v.showFolder = folderOf(in.path());
   readMaster(engine, in);
   try {
     readLists(engine, in);
@@ -263,15 +268,6 @@ void openProject(Engine& engine, const std::string& path) {
   entitle(engine, path);
   for (Deck* deck : {&engine.v.A, &engine.v.B})
     runEvent(engine.platform, [&] { startDeck(engine, *deck); });
-}
-
-std::string pictureFile(const std::string& path, const std::string& projectPath) {
-  if (path.empty() || systemPath(path).is_absolute() || fileExists(path)) return path;
-  const std::filesystem::path beside =
-      std::filesystem::absolute(systemPath(projectPath)).parent_path() / systemPath(path);
-  const std::u8string found = beside.lexically_normal().u8string();
-  const std::string candidate(found.begin(), found.end());
-  return fileExists(candidate) ? candidate : path;
 }
 
 }  // namespace korvane

@@ -29,11 +29,6 @@ void openProject(Engine& engine, const std::string& path);
 void writeProject(const Engine& engine, const NumberFormat& format, const std::string& title,
                   TextWriter& file);
 
-/// The file that a picture's path in a project means. Paths in a project are absolute; one that
-/// isn't and leads to no file is tried beside the project, so that a show can be handed on together
-/// with its pictures.
-std::string pictureFile(const std::string& path, const std::string& projectPath);
-
 /// Whether a file is a project whose lines end before they should: what a failed save left.
 bool projectEndsEarly(const std::string& path);
 

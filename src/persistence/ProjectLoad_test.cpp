@@ -310,14 +310,20 @@ TEST_F(ProjectLoad, AMissingPictureIsNoFailureAndItsPathStays) {
   EXPECT_EQ(between(saveLines(), "A0", "B0"), block);
 }
 
-TEST_F(ProjectLoad, FindsPicturesOfARelativePathBesideTheProject) {
+// A show and its pictures are handed on as one folder.
+TEST_F(ProjectLoad, PicturesOfARelativePathPlayFromTheShowsFolderAndKeepTheirPath) {
+  const Texts block = {"True",  "3", "im",           "0", "0", "0", "0", "1",
+                       "a.bmp", "5", "slides/a.bmp", "0"};
   std::filesystem::create_directory(folder + "/slides");
   writeFile(folder + "/slides/a.bmp", "BM");
-  const std::filesystem::path found = pictureFile("slides/a.bmp", path);
-  EXPECT_EQ(found, std::filesystem::path(folder + "/slides/a.bmp"));
-  EXPECT_EQ(pictureFile("slides/b.bmp", path), "slides/b.bmp");
-  EXPECT_EQ(pictureFile("/none/a.bmp", path), "/none/a.bmp");
-  EXPECT_EQ(pictureFile("", path), "");
+  Raster green(1, 1);
+  green.fill(rgb(0, 255, 0));
+  platform.pictures[folder + "/slides/a.bmp"] = green;
+  EXPECT_EQ(load(project({.a = {block}})), 0);
+  EXPECT_EQ(takeBoxes(), Texts{"Matrix Project loaded"});
+  EXPECT_EQ(v.frameA.at(0, 0), (Rgb{0, 255, 0}));
+  EXPECT_EQ(v.efxA[0].imageFiles[0], "slides/a.bmp");
+  EXPECT_EQ(between(saveLines(), "A0", "B0"), block);
 }
 
 TEST_F(ProjectLoad, DoesNotEndAFadesRefreshNorTheFlagOfARunningFade) {

@@ -3,6 +3,7 @@
 #include <exception>
 #include <new>
 #include <stdexcept>
+#include <system_error>
 
 namespace korvane {
 
@@ -12,12 +13,16 @@ bool runEvent(Platform& platform, const std::function<void()>& event) {
     return true;
   } catch (const Failure& failure) {
     platform.failed(failure);
-  } catch (const std::logic_error&) {  // an index or a size that a container refuses
+  } catch (const std::out_of_range&) {  // an index that a container refuses
+    platform.failed(Failure(kSubscript));
+  } catch (const std::length_error&) {  // a size that it refuses
     platform.failed(Failure(kSubscript));
   } catch (const std::bad_alloc&) {
     platform.failed(Failure(kOutOfMemory));
-  } catch (const std::exception& error) {
+  } catch (const std::system_error& error) {  // of files and folders
     platform.failed(Failure(kPathAccess, error.what()));
+  } catch (const std::exception& error) {
+    platform.failed(Failure(kInternal, error.what()));
   }
   return false;
 }

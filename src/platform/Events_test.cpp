@@ -4,7 +4,9 @@
 
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <new>
+#include <stdexcept>
 #include <vector>
 
 #include "platform/HeadlessPlatform.h"
@@ -73,6 +75,15 @@ TEST_F(EventsTest, AnErrorOfTheFileSystemIsAnAccessFailureWithItsText) {
   EXPECT_NE(report().find("/none/deeper"), std::string::npos);
 }
 
+TEST_F(EventsTest, AFaultOfTheProgramItselfIsToldAsSuch) {
+  run([] { std::function<void()>()(); });
+  run([] { throw std::logic_error("never"); });
+  ASSERT_EQ(platform.failures.size(), 2U);
+  EXPECT_EQ(platform.failures[0].number, kInternal);
+  EXPECT_NE(std::string(platform.failures[0].what()).find("Internal error: "), std::string::npos);
+  EXPECT_STREQ(platform.failures[1].what(), "Internal error: never");
+}
+
 TEST(Failure, HasTheStandardTextAndTheDetail) {
   EXPECT_STREQ(Failure(kSubscript).what(), "Subscript out of range");
   EXPECT_STREQ(Failure(kFileNotFound, "x.bmp").what(), "File not found: x.bmp");
@@ -86,10 +97,11 @@ TEST(Failure, EveryNumberHasItsText) {
   };
   for (const Case& c :
        {Case{6, "Overflow"}, Case{7, "Out of memory"}, Case{9, "Subscript out of range"},
-        Case{11, "Division by zero"}, Case{13, "Type mismatch"}, Case{53, "File not found"},
-        Case{62, "Input past end of file"}, Case{75, "Path/File access error"},
-        Case{91, "Object variable not set"}, Case{380, "Invalid property value"},
-        Case{481, "Invalid picture"}, Case{32755, "Cancel was selected"}}) {
+        Case{11, "Division by zero"}, Case{13, "Type mismatch"}, Case{51, "Internal error"},
+        Case{53, "File not found"}, Case{62, "Input past end of file"},
+        Case{75, "Path/File access error"}, Case{91, "Object variable not set"},
+        Case{380, "Invalid property value"}, Case{481, "Invalid picture"},
+        Case{32755, "Cancel was selected"}}) {
     EXPECT_STREQ(Failure(c.number).what(), c.text);
   }
 }

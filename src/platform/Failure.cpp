@@ -15,6 +15,8 @@ std::string standardText(int number) {
       return "Division by zero";
     case kTypeMismatch:
       return "Type mismatch";
+    case kInternal:
+      return "Internal error";
     case kFileNotFound:
       return "File not found";
     case kPastEndOfFile:

@@ -19,6 +19,7 @@ inline constexpr int kOutOfMemory = 7;
 inline constexpr int kSubscript = 9;
 inline constexpr int kDivisionByZero = 11;
 inline constexpr int kTypeMismatch = 13;
+inline constexpr int kInternal = 51;  ///< a fault of this program's own
 inline constexpr int kFileNotFound = 53;
 inline constexpr int kPastEndOfFile = 62;
 inline constexpr int kPathAccess = 75;

@@ -1,6 +1,7 @@
 #include "platform/Numbers.h"
 
 #include <cmath>
+#include <cstdlib>
 #include <limits>
 
 #include "platform/Failure.h"
@@ -51,6 +52,14 @@ std::int16_t mul16(std::int16_t a, std::int16_t b) { return toInt16(std::int64_t
 std::int32_t stepInterval(double factor, std::int16_t speed) {
   const double distance = speed - 100.0;
   return roundToInt32(factor * distance * distance + 50);
+}
+
+double holdStretch(std::int16_t speed) { return 1 + std::abs(kPlainSpeed - speed) / 25.0; }
+
+std::int32_t colorHoldInterval(double seconds, std::int16_t speed) {
+  const double listed = 1000 * seconds;
+  return roundToInt32(speed < kPlainSpeed ? listed * holdStretch(speed)
+                                          : listed / holdStretch(speed));
 }
 
 }  // namespace korvane

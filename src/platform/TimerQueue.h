@@ -12,6 +12,10 @@ namespace korvane {
 
 class TimerQueue;
 
+/// The least that a fade or a transition asks of its timer, in milliseconds: one with more steps
+/// than milliseconds takes one for each and ends, where an interval of 0 would stop it for ever.
+inline constexpr std::int32_t kShortestStep = 1;
+
 /// A periodic timer. Its interval counts from the moment of enabling; enabling a running timer
 /// changes nothing; setting the interval of a running timer starts its count anew. An interval
 /// of 0 never fires.

@@ -33,7 +33,17 @@ int rowOfSlot(const ListView& list, std::int16_t slot) {
 constexpr std::array<EffectType, 8> kCommittedFirst = {
     kColor, kGradient, kImage, kColorChange, kColorScroll, kFire, kFluid, kTicker};
 
+// Cell by cell, so that a picture that missed a change of the grid fails where it has no cells.
+void copyPicture(const Grid<Color>& from, Variablen& v) {
+  Grid<Color>& to = v.efxClipboard.paintPixels;
+  to.redim(v.matrixCols, v.matrixRows);
+  for (int col = 0; col < v.matrixCols; ++col) {
+    for (int row = 0; row < v.matrixRows; ++row) to.at(col, row) = from.at(col, row);
+  }
+}
+
 void commitOpenDialogs(Dialogs& dialogs) {
+  dialogs.imageList.commit();
   for (const EffectType type : kCommittedFirst) {
     EffectDialog* dialog = dialogs.byType[type];
     if (dialog != nullptr && dialog->visible()) dialog->OK_Click();
@@ -44,7 +54,7 @@ void commitOpenDialogs(Dialogs& dialogs) {
 
 void add_Click(Engine& engine, Deck& deck) {
   if (!roomForRow(engine, deck.efxCount)) return;
-  const std::int16_t slot = toInt16(deck.efxCount + deck.efxDeleted);
+  const std::int16_t slot = nextSlot(deck.efxCount, deck.efxDeleted);
   const auto at = static_cast<std::size_t>(slot);
   deck.efx.resize(at + 2);
   deck.efxEdited.resize(at + 2);
@@ -63,7 +73,7 @@ void remove_Click(Engine& engine, Deck& deck) {
   if (removeRow(deck.efxList)) {
     // The next effect may fail to start; the row is gone all the same.
     --deck.efxCount;
-    ++deck.efxDeleted;
+    deck.efxDeleted = add16(deck.efxDeleted, 1);
     deck.sel = slotOfCurrent(deck.efxList);
     deck.type.setIndex(deck.effect().type);
   }
@@ -88,9 +98,11 @@ void copyMem_Click(Engine& engine, Deck& deck) {
   Variablen& v = engine.v;
   v.efxClipboard.name = effect.name;
   v.efxClipboard.type = effect.type;
-  copyEffectFields(effect, v.efxClipboard);
-  // A picture that missed a change of the grid is copied in the size of the grid.
-  if (effect.type == kPaint) v.efxClipboard.paintPixels.resizeKeeping(v.matrixCols, v.matrixRows);
+  if (effect.type == kPaint) {
+    copyPicture(effect.paintPixels, v);
+  } else {
+    copyEffectFields(effect, v.efxClipboard);
+  }
   // Copying on the right deck marks the source as edited, on the left it doesn't
   // (docs/kept.md, deck-copy).
   if (deck.isB()) editedFlag(deck) = true;

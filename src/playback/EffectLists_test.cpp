@@ -325,5 +325,37 @@ TEST_P(EffectLists, OnlyTheLeftEditMakesRoomForAllTimes) {
   EXPECT_EQ(deck.efx[0].itemTimes.size(), deck.isB() ? 3U : 4U);
 }
 
+TEST_P(EffectLists, ASlotNumberBeyond16BitsIsAnOverflowAndAddsNoRow) {
+  deck.efxDeleted = 32766;
+  deck.efx.clear();
+  click(panel.add);
+  EXPECT_EQ(takeFailure(), kOverflow);
+  EXPECT_EQ(deck.efxList.count(), 1);
+  EXPECT_EQ(deck.efxCount, 1);
+}
+
+TEST_F(AllLists, TheSumOfTheDeletedCountersIsOf16Bits) {
+  v.efxADeleted = 32000;
+  v.efxBDeleted = 700;
+  v.efxXDeleted = 67;
+  click(plugin.matrixForm.removeX);
+  EXPECT_EQ(takeFailure(), 0);
+  EXPECT_EQ(takeBoxes().size(), 1U);
+  v.efxXDeleted = 68;
+  click(plugin.matrixForm.removeX);
+  EXPECT_EQ(takeFailure(), kOverflow);
+}
+
+TEST_P(EffectLists, CopyingAPictureThatLacksCellsFails) {
+  choose(deck.type, kPaint);
+  deck.effect().paintPixels.redim(12, 11);
+  click(panel.copyMem);  // the spare row is there to be read
+  EXPECT_EQ(takeFailure(), 0);
+  deck.effect().paintPixels.redim(12, 10);
+  click(panel.copyMem);
+  EXPECT_EQ(takeFailure(), kSubscript);
+  EXPECT_EQ(v.efxClipboard.paintPixels.rows(), 12);
+}
+
 }  // namespace
 }  // namespace korvane

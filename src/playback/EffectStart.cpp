@@ -79,6 +79,9 @@ void defaultsTicker(Engine& engine, Deck& deck) {
   effect.tickerText = "Korvane - TharnDesk - ";
   effect.direction = 3;
   effect.speed = 75;
+  effect.beatControl = 0;
+  effect.tickerBackward = 0;
+  effect.tickerMirror = 0;
   // Only the left deck leaves letter mode here; the right one keeps what the record held
   // (docs/kept.md, deck-letters).
   if (!deck.isB()) effect.tickerLetter = 0;

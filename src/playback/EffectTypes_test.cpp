@@ -142,5 +142,15 @@ TEST_P(EffectTypes, OnlyTheLeftTypeListLeavesLetterMode) {
   EXPECT_EQ(deck.efx[0].tickerLetter, deck.isB() ? 1 : 0);
 }
 
+TEST_P(EffectTypes, ANewTickerFollowsTheTimerForwardAndPlain) {
+  Effect& effect = deck.effect();
+  effect.beatControl = effect.tickerBackward = effect.tickerMirror = 1;
+  choose(deck.type, kTicker);
+  EXPECT_EQ(effect.beatControl, 0);
+  EXPECT_EQ(effect.tickerBackward, 0);
+  EXPECT_EQ(effect.tickerMirror, 0);
+  EXPECT_FALSE(deck.beatOn);
+}
+
 }  // namespace
 }  // namespace korvane

@@ -61,7 +61,7 @@ FadeEntry& selectedFade(Engine& engine) {
 void addX_Click(Engine& engine) {
   Variablen& v = engine.v;
   if (!roomForRow(engine, v.efxXCount)) return;
-  const std::int16_t slot = toInt16(v.efxXCount + v.efxXDeleted);
+  const std::int16_t slot = nextSlot(v.efxXCount, v.efxXDeleted);
   v.efxX.resize(static_cast<std::size_t>(slot) + 2);
   addRow(engine.master.efxXList, "new fade", slot);
   ++v.efxXCount;
@@ -73,7 +73,7 @@ void removeX_Click(Engine& engine) {
   Variablen& v = engine.v;
   if (removeRow(engine.master.efxXList)) {
     --v.efxXCount;
-    ++v.efxXDeleted;
+    v.efxXDeleted = add16(v.efxXDeleted, 1);
     v.selX = slotOfCurrent(engine.master.efxXList);
     showSelectedFade(engine);
   }

@@ -21,6 +21,10 @@ void addRow(ListView& list, const std::string& name, std::int16_t slot) {
   if (list.count() == 1) list.select(0);
 }
 
+std::int16_t nextSlot(std::int16_t count, std::int16_t deleted) {
+  return sub16(add16(add16(count, 1), deleted), 1);
+}
+
 std::int16_t slotOfCurrent(const ListView& list) {
   if (list.current() < 0) throw Failure(kObjectNotSet, list.name() + " has no row");
   return floorToInt16(toReal(list.cell(list.current(), kSlotColumn), {}));
@@ -45,7 +49,7 @@ void moveRow(ListView& list, int by) {
 
 void warnOfDeleted(Engine& engine) {
   const Variablen& v = engine.v;
-  if (v.efxADeleted + v.efxBDeleted + v.efxXDeleted <= kMostDeleted) return;
+  if (add16(add16(v.efxADeleted, v.efxBDeleted), v.efxXDeleted) <= kMostDeleted) return;
   engine.platform.messageBox(
       "more then 30 deleted effects in memory\nplease Save and Reload effects !");
 }

@@ -20,6 +20,8 @@ inline constexpr int kSlotColumn = 1;
 bool roomForRow(Engine& engine, std::int16_t count);
 /// Adds a row. The first one of a list is selected, without an event; the others are not.
 void addRow(ListView& list, const std::string& name, std::int16_t slot);
+/// The slot of one more record behind `count` rows. kOverflow if its sum does not fit into 16 bits.
+std::int16_t nextSlot(std::int16_t count, std::int16_t deleted);
 /// Slot of the current row. kObjectNotSet for an empty list.
 std::int16_t slotOfCurrent(const ListView& list);
 /// Removes the current row if it is marked and not the last one left, and selects the row above it.
@@ -28,7 +30,7 @@ bool removeRow(ListView& list);
 /// Exchanges the current row, if it is marked, with its neighbour (-1 up, 1 down) and selects the
 /// neighbour's place. The records don't move.
 void moveRow(ListView& list, int by);
-/// Shows the warning if too many dead records have gathered.
+/// Shows the warning if too many dead records have gathered. Their sum is of 16 bits: kOverflow.
 void warnOfDeleted(Engine& engine);
 
 }  // namespace korvane

@@ -1,5 +1,7 @@
 #include "playback/MasterFade.h"
 
+#include <algorithm>
+
 #include "output/Preview.h"
 #include "platform/Numbers.h"
 #include "platform/Text.h"
@@ -75,7 +77,8 @@ void startFade(Engine& engine, std::int16_t direction, Button& pressed) {
   v.fadeRunning = true;
   pressed.setBackColor(v.colorFadeActive);
   if (v.fadeSteps == 0) throw Failure(kDivisionByZero);
-  engine.master.timerM.setInterval(floorToInt32(v.fadeTime * 1000 / v.fadeSteps));
+  engine.master.timerM.setInterval(
+      std::max(floorToInt32(v.fadeTime * 1000 / v.fadeSteps), kShortestStep));
   engine.master.timerM2.setInterval(kFadeRefresh);
   engine.master.timerM2.enable();
   engine.master.timerM.enable();

@@ -390,5 +390,27 @@ TEST_F(MasterFade, AStartedFadeOverridesTheChosenFrameRate) {
   EXPECT_EQ(master.timerM2.interval(), 50);
 }
 
+// The timer counts whole milliseconds; a fade with more steps than these takes one for each.
+TEST_F(MasterFade, AFadeOfNoTimeOrOfManyStepsEnds) {
+  struct Case {
+    std::int16_t type;
+    double seconds;
+    int side;
+  };
+  for (const Case& row : {Case{kCrossFade, 0, 12}, Case{kAdd, 0.001, 12}, Case{kRandom, 0.1, 12},
+                          Case{kFillUp, 2.4, 50}, Case{kScrollLeft, 0, 50}}) {
+    size(row.side, row.side);
+    click(plugin.matrixForm.fadeA);
+    selectFade(row.type, row.seconds);
+    click(master.AutoFadeB);
+    EXPECT_EQ(master.timerM.interval(), 1) << row.type;
+    advance(v.fadeSteps);
+    EXPECT_TRUE(v.fadeRunning) << row.type;
+    advance(1);
+    EXPECT_FALSE(v.fadeRunning) << row.type;
+    EXPECT_EQ(master.faderM.value(), 100) << row.type;
+  }
+}
+
 }  // namespace
 }  // namespace korvane

@@ -30,6 +30,7 @@ struct Variablen {
   Boolean configChanged;     ///< set by the definition windows, never read
   std::string matrixName;
   std::string projectName, projectBaseFilename, projectDirectory;
+  std::string showFolder;  ///< of the project file loaded last; empty before
   ChannelMap channelMap;
   Grid<Boolean> cellConfigured;
   std::int32_t cellCol = 0, cellRow = 0;  ///< cell under edit in the definition windows

@@ -1,7 +1,6 @@
 #include "generators/colorchange/ColorChangeCode.h"
 
-#include <cmath>
-#include <cstdlib>
+#include <algorithm>
 
 #include "generators/color/ColorCode.h"
 #include "output/Preview.h"
@@ -10,11 +9,6 @@
 
 namespace korvane {
 namespace {
-
-constexpr std::int16_t kPlainSpeed = 50;  // hold times as listed; also stands for an unset speed
-
-// 1 at the plain speed, 3 at either end.
-double stretch(std::int16_t speed) { return 1 + std::abs(kPlainSpeed - speed) / 25.0; }
 
 // Of the color and the time at `colorIndex`; a checked access, kSubscript if the lists are shorter.
 std::size_t current(const Deck& deck) { return static_cast<std::size_t>(deck.colorIndex); }
@@ -41,7 +35,7 @@ std::int32_t firstHoldInterval(Deck& deck) {
   // Deck B stretches its first interval at a high speed too, instead of shortening it: the first
   // colour of a fast effect stays longer there (docs/kept.md,
   // deck-first-colour).
-  if (deck.isB()) return roundToInt32(1000 * currentTime(deck) * stretch(speed));
+  if (deck.isB()) return roundToInt32(1000 * currentTime(deck) * holdStretch(speed));
   return colorHoldInterval(currentTime(deck), speed);
 }
 
@@ -174,7 +168,7 @@ const Transition* transitionOf(const Effect& effect) {
 // The whole transition takes 11 s at amount 0, 1 s at 100.
 std::int32_t transitionInterval(const Effect& effect, std::int16_t steps) {
   if (steps == 0) throw Failure(kDivisionByZero, "a transition over no cells");
-  return roundToInt32((110 - effect.amount) * 100.0 / steps);
+  return std::max(roundToInt32((110 - effect.amount) * 100.0 / steps), kShortestStep);
 }
 
 void startTransition(Engine& engine, Deck& deck) {
@@ -199,11 +193,6 @@ void endTransition(Engine& engine, Deck& deck) {
 }
 
 }  // namespace
-
-std::int32_t colorHoldInterval(double seconds, std::int16_t speed) {
-  const double listed = 1000 * seconds;
-  return roundToInt32(speed < kPlainSpeed ? listed * stretch(speed) : listed / stretch(speed));
-}
 
 void startColorChange(Engine& engine, Deck& deck) {
   Effect& effect = deck.effect();

@@ -12,10 +12,6 @@ inline constexpr std::array<const char*, 9> kColorFadeNames = {
     "None",     "Fade",       "Random",     "FillDown",   "FillUp",
     "ScrollUp", "ScrollDown", "ScrollLeft", "ScrollRight"};
 
-/// How long a colour of so many seconds holds, in milliseconds: three times as long at speed 0, as
-/// listed at 50, a third at 100. Rounded, ties to even; kOverflow beyond 32 bits.
-std::int32_t colorHoldInterval(double seconds, std::int16_t speed);
-
 /// Starts the effect at `colorIndexA`. Without a colour it says so and stops the deck's timers.
 void startColorChange(Engine& engine, Deck& deck);
 inline void startColorChangeA(Engine& engine) { startColorChange(engine, engine.v.A); }

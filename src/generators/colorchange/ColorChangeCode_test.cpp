@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/Failure.h"
+#include "platform/Numbers.h"
 #include "testing/ColorEffects.h"
 
 namespace korvane {

@@ -353,5 +353,28 @@ TEST_P(ColorTransition, ACellTickMixesThatCellAlone) {
   expectPicture(v.frameM, {"...", ".G.", "..."});
 }
 
+TEST_P(ColorTransition, OneOfMoreCellsThanMillisecondsEnds) {
+  resize(50, 50);
+  effect.amount = 100;
+  play({kRed, kGreen}, {1, 1}, kFadeRandom);
+  advance(1000);
+  EXPECT_EQ(deck.timer2.interval(), 1);
+  advance(2500);
+  EXPECT_TRUE(deck.transitionRunning);
+  advance(1);
+  EXPECT_FALSE(deck.transitionRunning);
+  EXPECT_TRUE(deck.timer1.enabled());
+}
+
+// Not a step of a transition: a colour of no time holds for ever.
+TEST_P(ColorTransition, AColourOfNoTimeStopsTheTicking) {
+  resize(2, 1);
+  play({kRed, kGreen}, {1, 0}, 0);
+  advance(1000);
+  EXPECT_EQ(deck.timer1.interval(), 0);
+  advance(100000);
+  EXPECT_EQ(effect.color1, kGreen);
+}
+
 }  // namespace
 }  // namespace korvane

@@ -19,9 +19,9 @@ class MxColorChange : public ColorListDialog {
  protected:
   void fill() override;
   void takeList() override { updateColorList(); }
-  void setStepInterval() override;
 
  private:
+  void setStepInterval();
   void cbFadeMode_Click();
   void beatControl_Changed();
   void speedChanged();

@@ -80,7 +80,8 @@ void MxColorScroll::OK_Click() {
   // On deck B the new name lives in the list alone, and a saved project holds the old one
   // (docs/kept.md, deck-scroll-name).
   if (!deck().isB()) effect().name = myName.text();
-  if (!deck().timer1.enabled()) updateColorList2();
+  const Timer& timer = deck().timer1;
+  if (!timer.enabled() || timer.interval() == 0) updateColorList2();
   engine_.desktop.hide(*this);
 }
 

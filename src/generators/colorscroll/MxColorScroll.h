@@ -21,9 +21,9 @@ class MxColorScroll : public ColorListDialog {
  protected:
   void fill() override;
   void takeList() override { updateColorList2(); }
-  void setStepInterval() override;
 
  private:
+  void setStepInterval();
   void richtung_Click(int index);
   void fadeMode_Click();
 };

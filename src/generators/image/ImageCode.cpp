@@ -144,7 +144,7 @@ void copyMovingWindow(Deck& deck, const Travel& t) {
 
 // The loaded image itself is widened to the window and filled with repeats of what it was.
 void tileAcross(Deck& deck, int matrixCols) {
-  const Raster picture = deck.image.raster();
+  const Raster& picture = deck.image.raster();
   if (picture.width() >= matrixCols) return;
   const int whole = divTrunc(matrixCols, picture.width());
   Raster wide(deck.mini.width(), picture.height());
@@ -155,7 +155,7 @@ void tileAcross(Deck& deck, int matrixCols) {
 }
 
 void tileDown(Deck& deck, int matrixRows) {
-  const Raster picture = deck.image.raster();
+  const Raster& picture = deck.image.raster();
   if (picture.height() >= matrixRows) return;
   const int whole = divTrunc(matrixRows, picture.height());
   Raster tall(picture.width(), deck.mini.height());
@@ -182,9 +182,18 @@ void showWindow(Variablen& v, Deck& deck) {
 
 }  // namespace
 
+std::string pictureFile(const std::string& path, const std::string& showFolder) {
+  if (path.empty() || showFolder.empty() || systemPath(path).is_absolute()) return path;
+  const std::u8string found =
+      (systemPath(showFolder) / systemPath(path)).lexically_normal().u8string();
+  const std::string beside(found.begin(), found.end());
+  return fileExists(beside) ? beside : path;
+}
+
 bool loadImage(Engine& engine, Deck& deck, const std::string& path) {
-  if (!fileExists(path)) return false;
-  deck.image.setRaster(engine.platform.loadPicture(path));
+  const std::string file = pictureFile(path, engine.v.showFolder);
+  if (!fileExists(file)) return false;
+  deck.image.setRaster(engine.platform.loadPicture(file));
   return true;
 }
 

@@ -289,5 +289,17 @@ TEST_P(ImageShow, AMiniPictureSmallerThanTheMatrixLeavesTheRestBlack) {
   expectPicture(deck.frame, {"RG.", "..."});
 }
 
+TEST_P(ImageCode, ARelativePathMeansAPictureOfTheShowOrElseOneOfTheSystem) {
+  std::filesystem::create_directory(folder + "/slides");
+  writeFile(folder + "/slides/a.bmp", "BM");
+  EXPECT_EQ(std::filesystem::path(pictureFile("slides/a.bmp", folder)),
+            std::filesystem::path(folder + "/slides/a.bmp"));
+  EXPECT_EQ(pictureFile("slides/b.bmp", folder), "slides/b.bmp");
+  EXPECT_EQ(pictureFile("slides/a.bmp", ""), "slides/a.bmp");  // no show was loaded
+  EXPECT_EQ(pictureFile("", folder), "");
+  const std::string whole = std::filesystem::absolute("none.bmp").string();
+  EXPECT_EQ(pictureFile(whole, folder), whole);
+}
+
 }  // namespace
 }  // namespace korvane

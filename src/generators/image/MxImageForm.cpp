@@ -41,9 +41,7 @@ MxImageForm::MxImageForm(Engine& engine)
   Cancel.onClick = [this] { Cancel_Click(); };
 }
 
-// A list that is still open shows the effect before and must not write to this one.
 void MxImageForm::fill() {
-  engine_.desktop.hide(engine_.dialogs->imageList);
   if (effect().direction > kLastDirection) effect().direction = 0;
   myName.setText(effect().name);
   richtung.show(effect().direction);

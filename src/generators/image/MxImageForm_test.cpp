@@ -196,7 +196,7 @@ TEST_P(ImageDialog, CancelOnTheLeftEndsARunningShowQuietly) {
   EXPECT_EQ(deck.timer2.enabled(), deck.isB());
 }
 
-TEST_P(ImageDialog, ItsListClosesWhenAnotherEffectIsOpened) {
+TEST_P(ImageDialog, ItsListClosesWhenAnEffectIsOpened) {
   edit();
   ASSERT_TRUE(click(form.BImage));
   EXPECT_TRUE(plugin.dialogs.imageList.visible());

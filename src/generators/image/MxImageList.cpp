@@ -49,13 +49,28 @@ MxImageList::MxImageList(Engine& engine)
 }
 
 void MxImageList::open() {
-  const Effect& effect = engine_.editedDeck().effect();
+  deck_ = &engine_.editedDeck();
+  const Effect& effect = deck_->effect();
+  slot_ = static_cast<std::size_t>(deck_->sel);
+  files_ = effect.imageFiles;
   myImageList.clear();
   for (std::size_t i = 0; std::cmp_less(i, effect.imageCount); ++i) {
     const std::string time = formatGeneral(effect.itemTimes.at(i), engine_.platform.numberFormat());
     myImageList.add(effect.imageNames.at(i), {time, effect.imageFiles.at(i)});
   }
   engine_.desktop.show(*this);
+}
+
+void MxImageList::commit() {
+  if (!visible()) return;
+  const bool playing = deck_ == &engine_.editedDeck() && std::cmp_equal(slot_, deck_->sel);
+  if (playing) return OK_Click();
+  if (slot_ < deck_->efx.size()) {
+    Effect& effect = deck_->efx[slot_];
+    const bool sameRecord = effect.type == kImage && effect.imageFiles == files_;
+    if (sameRecord) storeList(effect);
+  }
+  engine_.desktop.hide(*this);
 }
 
 void MxImageList::myImageList_Click(int row, int col) {
@@ -94,7 +109,7 @@ void MxImageList::moveImageRow(int by) {
   myImageList.select(neighbour);
 }
 
-void MxImageList::storeList() {
+void MxImageList::storeList(Effect& effect) const {
   const std::int16_t count = toInt16(myImageList.count());
   std::vector<std::string> names;
   std::vector<std::string> files;
@@ -104,7 +119,6 @@ void MxImageList::storeList() {
     times.push_back(numberInCell(myImageList, row, kDuration));
     files.push_back(myImageList.cell(row, kPath));
   }
-  Effect& effect = engine_.editedDeck().effect();
   effect.imageCount = count;
   effect.imageNames = std::move(names);
   effect.itemTimes = std::move(times);
@@ -113,8 +127,8 @@ void MxImageList::storeList() {
 }
 
 void MxImageList::OK_Click() {
-  storeList();
   Deck& deck = engine_.editedDeck();
+  storeList(deck.effect());
   if (deck.effect().imageCount > 1) {
     holdImage(deck, 0);
   } else {

@@ -201,5 +201,53 @@ TEST_P(ImageList, WritesToTheDeckUnderEditAlone) {
   EXPECT_FALSE(other.timer2.enabled());
 }
 
+TEST_P(ImageList, EditCommitsWhatWasAdded) {
+  answer(picture("white.bmp", {"WW"}));
+  click(window.addImage);
+  ASSERT_TRUE(click(panel.edit));
+  EXPECT_FALSE(window.visible());
+  EXPECT_EQ(deck.effect().imageCount, 4);
+  EXPECT_EQ(deck.effect().imageFiles.back(), at("white.bmp"));
+}
+
+TEST_P(ImageList, EditOnTheOtherDeckCommitsWhatWasAddedHere) {
+  answer(picture("white.bmp", {"WW"}));
+  click(window.addImage);
+  ASSERT_TRUE(click((deck.isB() ? plugin.matrixForm.panelA : plugin.matrixForm.panelB).edit));
+  EXPECT_FALSE(window.visible());
+  EXPECT_EQ(deck.effect().imageCount, 4);
+}
+
+// The list is that of the first row; the second row has pictures of its own.
+TEST_P(ImageList, EditOnAnotherRowCommitsWhatWasAddedToItsOwnRow) {
+  click(panel.add);
+  pick(deck.efxList, 1);
+  choose(deck.type, kImage);
+  list({picture("black.bmp", {".."})});
+  pick(deck.efxList, 0);
+  openList();
+  answer(picture("white.bmp", {"WW"}));
+  click(window.addImage);
+  pick(deck.efxList, 1);
+  ASSERT_TRUE(click(panel.edit));
+  EXPECT_EQ(deck.efx[0].imageCount, 4);
+  EXPECT_EQ(deck.efx[1].imageFiles, Boxes{at("black.bmp")});
+  expectPicture(deck.frame, {".."});
+}
+
+TEST_P(ImageList, EditAfterAShowWasLoadedCommitsToNoRecordOfIt) {
+  click(window.removeImage);
+  const std::string path = folder + "/show.Korvane";
+  platform.answers = {path};
+  click(plugin.matrixForm.save);
+  list({at("red.bmp")});
+  answer(picture("white.bmp", {"WW"}));
+  click(window.addImage);
+  click(panel.add);
+  pick(deck.efxList, 1);
+  ASSERT_TRUE(click(panel.edit));
+  EXPECT_EQ(deck.efx[0].imageFiles, Boxes{at("red.bmp")});
+}
+
 }  // namespace
 }  // namespace korvane

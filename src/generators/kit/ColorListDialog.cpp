@@ -60,7 +60,8 @@ double ColorListDialog::numberOf(int entry) const {
   return numberInCell(ColorList, entry, kNumberColumn);
 }
 
-// A colour that is clicked shows on the deck, and the effect goes on from there.
+// A colour that is clicked shows on the deck, and the effect goes on from there after the time that
+// the record holds for it. A Color Scroll's record has none: the colour stands until OK. Meant.
 void ColorListDialog::ColorList_Click(int entry, int col) {
   if (col == kNumberColumn) {
     ColorList.beginEdit(entry, col);
@@ -71,7 +72,9 @@ void ColorListDialog::ColorList_Click(int entry, int col) {
   renderColor(engine_, deck());
   if (ColorList.count() < 2) return;
   deck().colorIndex = toInt16(entry);
-  setStepInterval();
+  const auto at = static_cast<std::size_t>(entry);
+  const std::vector<double>& times = effect().itemTimes;
+  deck().timer1.setInterval(colorHoldInterval(at < times.size() ? times[at] : 0, effect().speed));
   deck().timer1.enable();
 }
 

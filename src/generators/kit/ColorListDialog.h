@@ -37,8 +37,6 @@ class ColorListDialog : public EffectDialog {
 
   /// The list has changed: copies it to the record and goes on with it.
   virtual void takeList() = 0;
-  /// Sets the step timer's interval for the deck's current colour and the record's speed.
-  virtual void setStepInterval() = 0;
 
   /// Fills the list from the record: its colours with these numbers.
   template <class Number>

@@ -221,7 +221,20 @@ TEST_P(ColorList, AClickOnAColourShowsItAndGoesOnFromThere) {
   EXPECT_EQ(effect.color1, kGreen);
   EXPECT_EQ(deck.colorIndex, 1);
   EXPECT_TRUE(deck.timer1.enabled());
-  EXPECT_EQ(deck.timer1.interval(), isChange ? 2000 : 2050);
+  EXPECT_EQ(deck.timer1.interval(), 2000);  // the record's time, whatever the effect
+}
+
+// A Color Scroll has no times of its own.
+TEST_P(ColorList, AClickedColourOfNoTimeStandsUntilOk) {
+  resize(2, 1);
+  open({kRed, kGreen});
+  effect.itemTimes.assign(3, 0);
+  pickCell(1, 0);
+  EXPECT_EQ(deck.timer1.interval(), 0);
+  advance(60000);
+  expectPicture(deck.frame, {"GG"});
+  click(dialog.OK);
+  EXPECT_EQ(deck.timer1.interval(), isChange ? 0 : 2050);
 }
 
 TEST_P(ColorList, AClickOnTheOnlyColourShowsItAndStartsNothing) {

@@ -70,6 +70,9 @@ MxPaintForm::MxPaintForm(Engine& engine)
   bindShifts();
   bindMouse();
   onLoad = [this] { chooseTool(kPoint); };
+  onActivate = [this] {
+    if (showsPicture()) drawPaint();
+  };
   Cancel.onClick = [this] { Cancel_Click(); };
 }
 
@@ -144,7 +147,7 @@ void MxPaintForm::bindMouse() {
   Bild.onDblClick = Bild.onClick;
   Bild.onResize = [this] {
     Bild.setOverlay({});
-    if (visible()) drawPaint();
+    if (showsPicture()) drawPaint();
   };
 }
 
@@ -164,7 +167,21 @@ void MxPaintForm::fill() {
   engine_.v.paintUndo = picture;
   myName.setText(effect().name);
   Bild.setOverlay({});
-  drawPaint();
+  if (engine_.desktop.active() == this) drawPaint();  // else it is about to be activated
+}
+
+// The window may stand open while the deck has gone on to another effect, or to a picture that
+// missed a change of the grid.
+bool MxPaintForm::showsPicture() {
+  const Grid<korvane::Color>& picture = effect().paintPixels;
+  return visible() && effect().type == kPaint && picture.cols() >= engine_.v.matrixCols &&
+         picture.rows() >= engine_.v.matrixRows;
+}
+
+void MxPaintForm::gridChanged() {
+  if (!visible()) return;
+  Bild.setOverlay({});
+  if (showsPicture()) drawCells();
 }
 
 PaintLayout MxPaintForm::layoutOfCells() const {

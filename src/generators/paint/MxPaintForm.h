@@ -20,6 +20,9 @@ class MxPaintForm : public EffectDialog {
 
   /// Redraws `Bild` from the picture, then renders the deck.
   void drawPaint();
+  /// The grid has another size: redraws `Bild`. The deck keeps its frame, which the change cleared,
+  /// until something plays.
+  void gridChanged();
 
   PictureBox Bild;
   ColorBox PColor;
@@ -64,6 +67,7 @@ class MxPaintForm : public EffectDialog {
   PaintLayout layoutOfCells() const;
   PaintArea area();
   void drawCells();
+  bool showsPicture();
   /// Puts a kept picture back.
   void restore(const Grid<Color>& kept);
 

@@ -225,5 +225,45 @@ TEST_P(PaintBox, AChangeOfTheGridUnderTheOpenDialogIsSurvived) {
   expectPainted({"....", "....", "....", "...."});
 }
 
+TEST_P(PaintBox, ActivatingTheWindowDrawsWhatTheRecordHoldsByNow) {
+  openWithGrid(2, 2);
+  event([&] { engine.desktop.activate(plugin.matrixForm); });
+  deck.effect().paintPixels.at(1, 0) = kGreen;
+  event([&] { engine.desktop.activate(form); });
+  EXPECT_EQ(form.Bild.raster().pixel(mid(1), mid(0)), kGreen);
+  expectPainted({".G", ".."});
+}
+
+TEST_P(PaintBox, AnotherGridIsDrawnAtOnce) {
+  openWithGrid(2, 2);
+  clickCell(0, 1);
+  event([&] { plugin.plugIn.ITharnPlugin_Configure(); });
+  choose(plugin.matrixConf.ncol, 2);
+  choose(plugin.matrixConf.nrow, 2);
+  EXPECT_EQ(form.Bild.raster().pixel(6, 11), kRed);  // cells of 20 / 3, rounded
+  EXPECT_EQ(form.Bild.raster().pixel(6, 21), rgb(0, 0, 0));
+}
+
+// A window left open while the deck plays something else.
+TEST_P(PaintBox, ActivatingTheWindowLeavesADeckThatHasGoneOnAlone) {
+  openWithGrid(2, 2);
+  event([&] { engine.desktop.activate(plugin.matrixForm); });
+  choose(deck.type, kFluid);
+  const Frame before = deck.frame;
+  event([&] { engine.desktop.activate(form); });
+  expectPicture(deck.frame, {"BB", ".."});
+  EXPECT_EQ(takeFailure(), 0);
+}
+
+TEST_P(PaintBox, AChangeOfTheGridLeavesTheFrameThatItCleared) {
+  openWithGrid(2, 2);
+  clickCell(0, 0);
+  event([&] { plugin.plugIn.ITharnPlugin_Configure(); });
+  takeCalls();
+  choose(plugin.matrixConf.ncol, 2);
+  EXPECT_EQ(takeCalls(), std::vector<std::string>{});
+  expectPicture(deck.frame, {"...", "..."});
+}
+
 }  // namespace
 }  // namespace korvane

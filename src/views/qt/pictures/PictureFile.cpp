@@ -11,9 +11,7 @@
 namespace korvane {
 namespace {
 
-constexpr int kMostOnASide = 16384;
-constexpr qint64 kMostPixels = 64'000'000;
-constexpr int kMostMegabytes = 256;  // 64 million pixels of 4 bytes
+constexpr int kMostMegabytes = 80;  // kMostPicturePixels of 4 bytes, and some to spare
 
 void require(bool well, const std::string& path, const std::string& reason) {
   if (!well) throw Failure(kInvalidPicture, path + ": " + reason);
@@ -25,9 +23,15 @@ void requireKind(const QImageReader& reader, const std::string& path) {
 }
 
 void requireSize(const QSize& size, const std::string& path) {
-  const bool fits = size.width() <= kMostOnASide && size.height() <= kMostOnASide &&
-                    qint64{size.width()} * size.height() <= kMostPixels;
-  require(fits, path, "the picture is larger than 16384 on a side or 64 million pixels");
+  require(pictureFits(size.width(), size.height(), kMostPicturePixels), path, kPictureTooLarge);
+}
+
+// The decoder of a jpg leaves out what is not asked for.
+void reduce(QImageReader& reader, const std::string& path) {
+  const QSize size = reader.size();
+  require(pictureFits(size.width(), size.height(), kMostJpegPixels), path, kJpegTooLarge);
+  const int by = pictureReduction(size.width(), size.height());
+  if (by > 1) reader.setScaledSize({size.width() / by, size.height() / by});
 }
 
 // The file's directory of pictures tells the sizes before any is decoded.
@@ -100,7 +104,11 @@ Raster readPicture(const std::string& path) {
   reader.setDecideFormatFromContent(true);
   requireKind(reader, path);
   if (reader.format() == "ico") requireSize(sizeWithinIco(name, goToLargest(reader)), path);
-  requireSize(reader.size(), path);
+  if (reader.format() == "jpeg" || reader.format() == "jpg") {
+    reduce(reader, path);
+  } else {
+    requireSize(reader.size(), path);
+  }
   if (reader.format() == "bmp") requireWholeBmp(name, path);
   QImage image;
   require(reader.read(&image), path, reader.errorString().toStdString());

@@ -7,6 +7,7 @@
 #include <QImage>
 #include <QImageWriter>
 #include <QTemporaryDir>
+#include <cstring>
 
 #include "platform/Failure.h"
 
@@ -139,13 +140,49 @@ TEST_F(PictureFile, RefusesOtherKinds) {
 TEST_F(PictureFile, RefusesWhatIsTooLargeBeforeMemoryIsTaken) {
   write("wide.bmp", bmpHead(16385, 1));
   write("high.bmp", bmpHead(1, 16385));
-  write("much.bmp", bmpHead(16000, 4001));
+  write("much.bmp", bmpHead(4097, 4096));
   for (const char* name : {"wide.bmp", "high.bmp", "much.bmp"}) {
     std::string what;
     EXPECT_EQ(failureOf(path(name), &what), kInvalidPicture) << name;
-    EXPECT_NE(what.find("larger than 16384 on a side or 64 million pixels"), std::string::npos)
+    EXPECT_NE(what.find("larger than 16384 on a side or 4096 by 4096 pixels"), std::string::npos)
         << what;
   }
+}
+
+// 64 million pixels, as the largest cameras take them: neither their memory nor their time is
+// spent.
+TEST_F(PictureFile, DecodesALargeJpgToThePartThatAMatrixCanUse) {
+  QImage image(8000, 8000, QImage::Format_Grayscale8);
+  image.fill(70);
+  for (int y = 0; y < 4000; ++y) std::memset(image.scanLine(y), 200, 4000);
+  ASSERT_TRUE(image.save(folder.filePath("photo.jpg"), nullptr, 90));
+  image = {};
+  const Raster raster = readPicture(path("photo.jpg"));
+  ASSERT_EQ(raster.width(), 4000);
+  ASSERT_EQ(raster.height(), 4000);
+  EXPECT_NEAR(colorPart(raster.pixel(1990, 1990), kRedMask), 200, 3);
+  EXPECT_NEAR(colorPart(raster.pixel(2010, 1990), kRedMask), 70, 3);
+  EXPECT_NEAR(colorPart(raster.pixel(1990, 2010), kRedMask), 70, 3);
+}
+
+TEST_F(PictureFile, KeepsAJpgOfTheLimitWhole) {
+  EXPECT_EQ(pictureReduction(4096, 4096), 1);
+  EXPECT_EQ(pictureReduction(4097, 4096), 2);
+  EXPECT_EQ(pictureReduction(16384, 3906), 2);
+  EXPECT_EQ(pictureReduction(8000, 8000), 2);
+}
+
+TEST_F(PictureFile, SaysOfAJpgWhatIsTooMuch) {
+  QImage image(8, 8, QImage::Format_RGB32);
+  image.fill(Qt::red);
+  ASSERT_TRUE(image.save(folder.filePath("a.jpg")));
+  QByteArray bytes = read("a.jpg");
+  bytes.replace(bytes.indexOf("\xFF\xC0") + 5, 4, QByteArray::fromHex("1F411F40"));  // 8001, 8000
+  write("a.jpg", bytes);
+  std::string what;
+  EXPECT_EQ(failureOf(path("a.jpg"), &what), kInvalidPicture);
+  EXPECT_NE(what.find("larger than 16384 on a side or 64 million pixels"), std::string::npos)
+      << what;
 }
 
 TEST_F(PictureFile, RefusesBrokenFilesAndNamesThem) {

@@ -4,6 +4,7 @@
 #include <wincodec.h>
 #include <wrl/client.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <vector>
 
@@ -17,9 +18,6 @@ namespace {
 
 using Microsoft::WRL::ComPtr;
 
-constexpr UINT kMostOnASide = 16384;
-constexpr std::uint64_t kMostPixels = 64'000'000;
-
 void require(bool well, const std::string& path, const std::string& reason) {
   if (!well) throw Failure(kInvalidPicture, path + ": " + reason);
 }
@@ -29,9 +27,7 @@ void requireDone(HRESULT result, const std::string& path) {
 }
 
 void requireSize(UINT width, UINT height, const std::string& path) {
-  const bool fits = width <= kMostOnASide && height <= kMostOnASide &&
-                    std::uint64_t{width} * height <= kMostPixels;
-  require(fits, path, "the picture is larger than 16384 on a side or 64 million pixels");
+  require(pictureFits(width, height, kMostPicturePixels), path, kPictureTooLarge);
 }
 
 // The decoders are components; a desk's thread has its apartment already.
@@ -48,9 +44,10 @@ class Apartment {
   HRESULT entered_;
 };
 
-/// The rectangle of a frame within the whole picture.
+/// The rectangle of a frame within the whole picture, and where its pixels come from.
 struct Frame {
   ComPtr<IWICBitmapFrameDecode> picture;
+  ComPtr<IWICBitmapSource> pixels;
   UINT width = 0;
   UINT height = 0;
   int left = 0;
@@ -78,7 +75,31 @@ Frame frameOf(IWICBitmapDecoder& decoder, UINT index, const std::string& path) {
   Frame frame;
   requireDone(decoder.GetFrame(index, &frame.picture), path);
   requireDone(frame.picture->GetSize(&frame.width, &frame.height), path);
+  frame.pixels = frame.picture;
+  return frame;
+}
+
+Frame wholeFrame(IWICBitmapDecoder& decoder, UINT index, const std::string& path) {
+  Frame frame = frameOf(decoder, index, path);
   requireSize(frame.width, frame.height, path);
+  return frame;
+}
+
+// The scaler asks the decoder for no more than it needs.
+Frame reducedFrame(IWICBitmapDecoder& decoder, IWICImagingFactory& factory,
+                   const std::string& path) {
+  Frame frame = frameOf(decoder, 0, path);
+  require(pictureFits(frame.width, frame.height, kMostJpegPixels), path, kJpegTooLarge);
+  const auto by = static_cast<UINT>(pictureReduction(frame.width, frame.height));
+  if (by == 1) return frame;
+  ComPtr<IWICBitmapScaler> scaler;
+  requireDone(factory.CreateBitmapScaler(&scaler), path);
+  frame.width /= by;
+  frame.height /= by;
+  requireDone(scaler->Initialize(frame.picture.Get(), frame.width, frame.height,
+                                 WICBitmapInterpolationModeNearestNeighbor),
+              path);
+  frame.pixels = scaler;
   return frame;
 }
 
@@ -87,7 +108,7 @@ Frame largestFrame(IWICBitmapDecoder& decoder, const std::string& path) {
   requireDone(decoder.GetFrameCount(&count), path);
   Frame largest;
   for (UINT i = 0; i < count; ++i) {
-    Frame frame = frameOf(decoder, i, path);
+    Frame frame = wholeFrame(decoder, i, path);
     if (std::uint64_t{frame.width} * frame.height > std::uint64_t{largest.width} * largest.height)
       largest = frame;
   }
@@ -118,23 +139,39 @@ Raster screenOf(IWICBitmapDecoder& decoder, Frame& frame, const std::string& pat
   return {static_cast<int>(width), static_cast<int>(height)};
 }
 
-// Premultiplied colours are colours over black.
+Frame chosenFrame(IWICBitmapDecoder& decoder, const GUID& kind, IWICImagingFactory& factory,
+                  const std::string& path) {
+  if (kind == GUID_ContainerFormatIco) return largestFrame(decoder, path);
+  if (kind == GUID_ContainerFormatJpeg) return reducedFrame(decoder, factory, path);
+  return wholeFrame(decoder, 0, path);
+}
+
+// Premultiplied colours are colours over black. Lines are fetched in bands: a decoder may begin
+// anew for each.
 void copyPixels(Raster& raster, const Frame& frame, IWICImagingFactory& factory,
                 const std::string& path) {
   ComPtr<IWICFormatConverter> plain;
   requireDone(factory.CreateFormatConverter(&plain), path);
-  requireDone(plain->Initialize(frame.picture.Get(), GUID_WICPixelFormat32bppPBGRA,
+  requireDone(plain->Initialize(frame.pixels.Get(), GUID_WICPixelFormat32bppPBGRA,
                                 WICBitmapDitherTypeNone, nullptr, 0, WICBitmapPaletteTypeCustom),
               path);
-  std::vector<std::uint32_t> line(frame.width);
-  for (UINT y = 0; y < frame.height; ++y) {
-    const WICRect row{0, static_cast<INT>(y), static_cast<INT>(frame.width), 1};
-    const UINT bytes = frame.width * 4;
-    requireDone(plain->CopyPixels(&row, bytes, bytes, reinterpret_cast<BYTE*>(line.data())), path);
-    for (UINT x = 0; x < frame.width; ++x) {
-      const auto part = [&](int shift) { return static_cast<int>(line[x] >> shift & 255); };
-      raster.setPixel(frame.left + static_cast<int>(x), frame.top + static_cast<int>(y),
-                      rgb(part(16), part(8), part(0)));
+  constexpr UINT kBand = 512;
+  std::vector<std::uint32_t> band(std::size_t{frame.width} * std::min(kBand, frame.height));
+  for (UINT top = 0; top < frame.height; top += kBand) {
+    const UINT lines = std::min(kBand, frame.height - top);
+    const WICRect part{0, static_cast<INT>(top), static_cast<INT>(frame.width),
+                       static_cast<INT>(lines)};
+    const UINT stride = frame.width * 4;
+    requireDone(
+        plain->CopyPixels(&part, stride, stride * lines, reinterpret_cast<BYTE*>(band.data())),
+        path);
+    for (UINT y = 0; y < lines; ++y) {
+      for (UINT x = 0; x < frame.width; ++x) {
+        const std::uint32_t pixel = band[std::size_t{y} * frame.width + x];
+        const auto component = [&](int shift) { return static_cast<int>(pixel >> shift & 255); };
+        raster.setPixel(frame.left + static_cast<int>(x), frame.top + static_cast<int>(top + y),
+                        rgb(component(16), component(8), component(0)));
+      }
     }
   }
 }
@@ -151,8 +188,7 @@ Raster readPicture(const std::string& path) {
       toWide(path).c_str(), nullptr, GENERIC_READ, WICDecodeMetadataCacheOnDemand, &decoder);
   require(SUCCEEDED(opened), path, "not a bmp, jpg, gif or ico picture");
   const GUID kind = kindOf(*decoder.Get(), path);
-  Frame frame = kind == GUID_ContainerFormatIco ? largestFrame(*decoder.Get(), path)
-                                                : frameOf(*decoder.Get(), 0, path);
+  Frame frame = chosenFrame(*decoder.Get(), kind, *factory.Get(), path);
   Raster raster = kind == GUID_ContainerFormatGif
                       ? screenOf(*decoder.Get(), frame, path)
                       : Raster(static_cast<int>(frame.width), static_cast<int>(frame.height));
