@@ -5,6 +5,7 @@
 #include "Stage.h"
 #include "generators/Dialogs.h"
 #include "generators/image/ImageCode.h"
+#include "generators/paint/MxPaintForm.h"
 #include "platform/Numbers.h"
 
 namespace korvane {
@@ -39,14 +40,15 @@ void paintStroke(benchmark::State& state) {
   const int side = sideOf(state);
   Stage stage(side, kPaint);
   Dialogs dialogs(stage.engine);
+  auto& paint = stage.engine.desktop.get<MxPaintForm>();
   stage.engine.v.A.effect().paintPixels.redim(side, side);
-  dialogs.paint.Bild.resize(600, 600);
-  dialogs.paint.open();
+  paint.Bild.resize(600, 600);
+  paint.open();
   Color color = 0;
   measure(state, stage, [&](Engine&, Deck& deckA) {
     color ^= rgb(255, 255, 255);
     deckA.effect().paintPixels.at(1, 1) = color;
-    dialogs.paint.drawPaint();
+    paint.drawPaint();
   });
 }
 

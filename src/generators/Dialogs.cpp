@@ -1,26 +1,17 @@
 #include "generators/Dialogs.h"
 
+#include "generators/Effects.h"
+
 namespace korvane {
 
-Dialogs::Dialogs(Engine& engine)
-    : mixer(engine),
-      color(engine),
-      gradient(engine),
-      paint(engine),
-      image(engine),
-      imageList(engine),
-      colorChange(engine),
-      colorScroll(engine),
-      fire(engine),
-      water(engine),
-      ticker(engine),
-      byType{&color,       &gradient, &paint, &image, &colorChange,
-             &colorScroll, &fire,     &water, &ticker} {
-  engine.dialogs = this;
-  for (EffectDialog* dialog : byType) {
-    if (dialog != nullptr) engine.desktop.add(*dialog);
+Dialogs::Dialogs(Engine& engine) : mixer(engine) {
+  for (const EffectKind* kind : kinds()) {
+    byType.push_back(KindOfDialog(kind->dialog).make(engine));
+    engine.desktop.add(*byType.back());
   }
-  engine.desktop.add(imageList);
+  for (const auto& dialog : byType) {
+    for (Form* window : dialog->windows()) engine.desktop.add(*window);
+  }
   engine.desktop.add(mixer);
 }
 

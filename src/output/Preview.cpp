@@ -71,6 +71,11 @@ void mixAndDraw(Engine& engine, std::int16_t col, std::int16_t row) {
   drawPointM(engine, col, row);
 }
 
+void publishBetweenSteps(Engine& engine, Deck& deck) {
+  drawMatrix(engine, deck);
+  if (mixIsFree(engine, kSlowFadeFrame)) mixAndDraw(engine);
+}
+
 void publishDeckFrame(Engine& engine, Deck& deck) {
   drawMatrix(engine, deck);
   if (mixIsFree(engine)) mixAndDraw(engine);

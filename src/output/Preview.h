@@ -16,12 +16,6 @@ void drawMatrix(Engine& engine, Deck& deck);
 void drawPoint(Engine& engine, Deck& deck, std::int16_t col, std::int16_t row);
 inline void drawMatrixA(Engine& engine) { drawMatrix(engine, engine.v.A); }
 inline void drawMatrixB(Engine& engine) { drawMatrix(engine, engine.v.B); }
-inline void drawPointA(Engine& engine, std::int16_t col, std::int16_t row) {
-  drawPoint(engine, engine.v.A, col, row);
-}
-inline void drawPointB(Engine& engine, std::int16_t col, std::int16_t row) {
-  drawPoint(engine, engine.v.B, col, row);
-}
 
 /// Repaints the preview of the mix, or one cell of it.
 void drawMatrixM(Engine& engine);
@@ -41,7 +35,11 @@ bool mixIsFree(const Engine& engine, std::int32_t stepAbove);
 void mixAndDraw(Engine& engine);
 void mixAndDraw(Engine& engine, std::int16_t col, std::int16_t row);
 
-/// The end of every renderer: the deck's preview, then, if no fade runs, the mix and its preview.
+/// The end of what still effects, images and transitions paint: the deck's preview, then the mix
+/// and its preview, unless the steps of a running fade are too short for that.
+void publishBetweenSteps(Engine& engine, Deck& deck);
+/// The end of every other renderer: the deck's preview, then, if no fade runs, the mix and its
+/// preview.
 void publishDeckFrame(Engine& engine, Deck& deck);
 
 }  // namespace korvane

@@ -111,8 +111,8 @@ TEST_F(Previews, EachBoxShowsItsFrame) {
 
 TEST_F(Previews, APointIsOneSquare) {
   v.frameM = frameOf({"CC", "CC"});
-  drawPointA(engine, 1, 0);
-  drawPointB(engine, 0, 1);
+  drawPoint(engine, v.A, 1, 0);
+  drawPoint(engine, v.B, 0, 1);
   drawPointM(engine, 1, 1);
   expectPicture(Picture(v.A.picture.raster()).cut(0, 0, 10, 5),
                 {".....GGG..", ".....GGG..", ".....GGG..", "..........", ".........."});
@@ -131,7 +131,7 @@ TEST_F(Previews, DrawingTellsTheViewWhatChanged) {
     };
   }
   drawMatrixB(engine);
-  drawPointA(engine, 1, 0);
+  drawPoint(engine, v.A, 1, 0);
   EXPECT_EQ(changes, (Calls{"PB_B 0 0 9 8", "PB_A 5 0 7 2"}));
 }
 

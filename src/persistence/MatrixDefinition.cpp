@@ -4,7 +4,7 @@
 #include <exception>
 #include <vector>
 
-#include "generators/Dialogs.h"
+#include "generators/Effects.h"
 #include "platform/Numbers.h"
 #include "platform/ReplaceFile.h"
 #include "platform/Text.h"
@@ -28,9 +28,9 @@ const std::string& field(const std::vector<std::string>& fields, std::size_t ind
 }
 
 // In every slot: after removals, rows refer to slots beyond their number.
-void resizePaintPictures(const Variablen& v, Deck& deck) {
+void fitEffects(const Engine& engine, Deck& deck) {
   for (Effect& effect : deck.efx) {
-    if (effect.type == kPaint) effect.paintPixels.resizeKeeping(v.matrixCols, v.matrixRows);
+    if (const EffectKind* kind = kindOf(effect.type)) kind->gridChanged(engine, effect);
   }
 }
 
@@ -85,9 +85,12 @@ void dimensionMatrix(Engine& engine) {
 }
 
 void resizePaintPictures(Engine& engine) {
-  resizePaintPictures(engine.v, engine.v.A);
-  resizePaintPictures(engine.v, engine.v.B);
-  if (engine.dialogs != nullptr) engine.dialogs->paint.gridChanged();
+  fitEffects(engine, engine.v.A);
+  fitEffects(engine, engine.v.B);
+  for (const EffectKind* kind : kinds()) {
+    EffectDialog* dialog = dialogOf(engine, *kind);
+    if (dialog != nullptr) dialog->gridChanged();
+  }
 }
 
 void makeDefaultDefinition(Engine& engine) {

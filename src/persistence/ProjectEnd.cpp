@@ -1,10 +1,10 @@
 #include <variant>
 
+#include "generators/Effects.h"
 #include "persistence/ProjectFile.h"
 #include "persistence/RecordLines.h"
 #include "platform/Failure.h"
 #include "platform/Text.h"
-#include "state/EffectFields.h"
 
 namespace korvane {
 namespace {

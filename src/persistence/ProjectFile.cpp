@@ -3,6 +3,7 @@
 #include <exception>
 #include <filesystem>
 
+#include "generators/Effects.h"
 #include "persistence/MatrixDefinition.h"
 #include "persistence/RecordLines.h"
 #include "platform/Events.h"
@@ -108,7 +109,7 @@ Rows readCounts(Engine& engine, LineReader& in) {
 
 void readRecord(Deck& deck, Effect& effect, LineReader& in, PictureRoom& room) {
   readEffect(in, effect, room);
-  if (effect.type == kColorChange) deck.savedFadeMode = effect.fadeMode;
+  if (const EffectKind* kind = kindOf(effect.type)) kind->loaded(deck, effect);
 }
 
 // A row counts when it stands in its list, so that a file that ends early leaves no count of rows

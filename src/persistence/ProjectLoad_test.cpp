@@ -1,3 +1,4 @@
+#include "output/MatrixCode.h"
 #include "persistence/ProjectFile.h"
 #include "testing/TestProject.h"
 
@@ -296,9 +297,14 @@ TEST_F(ProjectLoad, ManyPicturesWithoutLinesDoNotTakeTheMemory) {
   EXPECT_GT(v.A.efxList.count(), 1500);
 }
 
-TEST_F(ProjectLoad, AMasterPositionThatNoSliderHasIsAnOverflowWhenItMixes) {
+// The slider stands at its end; black on both decks is black at any position.
+TEST_F(ProjectLoad, AMasterPositionThatNoSliderHasFailsOnlyWhereItLeavesTheBytes) {
   move(master.faderM, 100);
-  EXPECT_EQ(load(project({.master = "1.5"})), kOverflow);
+  EXPECT_EQ(load(project({.master = "1.5"})), 0);
+  EXPECT_EQ(v.masterValue, 1.5);
+  v.A.frame.fill({255, 255, 255});
+  EXPECT_FALSE(event([&] { mixFrame(engine, v.masterValue); }));
+  EXPECT_EQ(takeFailure(), kOverflow);
   EXPECT_EQ(load(project({.master = "1e300"})), kOverflow);
 }
 

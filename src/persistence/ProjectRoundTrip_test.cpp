@@ -1,10 +1,10 @@
 #include <cmath>
 #include <random>
 
+#include "generators/Effects.h"
 #include "persistence/MatrixDefinition.h"
 #include "persistence/ProjectFile.h"
 #include "playback/ListRows.h"
-#include "state/EffectFields.h"
 #include "testing/TestProject.h"
 
 namespace korvane {
@@ -29,7 +29,7 @@ class Draw {
     text = fromCodePage1252(bytes);
   }
   void into(Effect& effect, const Variablen& v) {
-    effect.type = static_cast<std::int16_t>(number(0, kEffectTypes - 1));
+    effect.type = static_cast<std::int16_t>(number(0, static_cast<int>(kinds().size()) - 1));
     into(effect.name);
     effect.name += "!";  // an empty one does not come back
     for (const EffectField& field : effectFields(effect.type)) {

@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <vector>
 
+#include "generators/Effects.h"
 #include "platform/Failure.h"
 #include "platform/Text.h"
-#include "state/EffectFields.h"
 
 namespace korvane {
 namespace {

@@ -2,6 +2,7 @@
 
 #include <fstream>
 
+#include "generators/colorchange/MxColorChange.h"
 #include "persistence/ProjectFile.h"
 #include "testing/TestProject.h"
 
@@ -102,7 +103,7 @@ TEST_P(EffectsKept, FewerColoursLeaveThePicturesTheirTimes) {
   loadWith(images);
   choose(deck.type, kColorChange);
   click(panel.edit);
-  MxColorChange& dialog = plugin.dialogs.colorChange;
+  MxColorChange& dialog = plugin.window<MxColorChange>();
   event([&] { dialog.ColorList.add("|", {"1"}, 255); });
   event([&] { dialog.updateColorList(); });
   expectListsInStep(effect());

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/Failure.h"
 #include "platform/Form.h"
 
 namespace korvane {
@@ -18,6 +19,20 @@ class Desktop {
   Form* find(const std::string& name) const;
   /// The window of this name. kObjectNotSet, with the name, if there is none.
   Form& named(const std::string& name) const;
+  /// The window of a type; nullptr if there is none.
+  template <class Window>
+  Window* find() const {
+    for (Form* form : forms_) {
+      if (auto* window = dynamic_cast<Window*>(form)) return window;
+    }
+    return nullptr;
+  }
+  /// The same; kObjectNotSet if there is none.
+  template <class Window>
+  Window& get() const {
+    if (auto* window = find<Window>()) return *window;
+    throw Failure(kObjectNotSet, "a window that was never made");
+  }
 
   /// Shows the window (load, then activate), or brings it to the front.
   void show(Form& form);

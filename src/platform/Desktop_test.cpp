@@ -57,6 +57,18 @@ TEST_F(DesktopTest, FindsWindowsAndControlsByName) {
   EXPECT_EQ(a.find("Button"), nullptr);
 }
 
+TEST_F(DesktopTest, WindowsAreFoundByTheirType) {
+  struct Other : Window {
+    using Window::Window;
+  };
+  EXPECT_EQ(desktop.find<Window>(), &a);
+  EXPECT_EQ(desktop.find<Other>(), nullptr);
+  EXPECT_EQ(failureOf([&] { desktop.get<Other>(); }), kObjectNotSet);
+  Other other("other", events);
+  desktop.add(other);
+  EXPECT_EQ(&desktop.get<Other>(), &other);
+}
+
 TEST_F(DesktopTest, ControlsKnowTheirWindowAndTheirGroup) {
   EXPECT_EQ(a.button.form, &a);
   EXPECT_EQ(a.button.group, &a.group);

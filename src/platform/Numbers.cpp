@@ -1,7 +1,6 @@
 #include "platform/Numbers.h"
 
 #include <cmath>
-#include <cstdlib>
 #include <limits>
 
 #include "platform/Failure.h"
@@ -48,18 +47,5 @@ std::int16_t toInt16(std::int64_t value) {
 std::int16_t add16(std::int16_t a, std::int16_t b) { return toInt16(std::int64_t{a} + b); }
 std::int16_t sub16(std::int16_t a, std::int16_t b) { return toInt16(std::int64_t{a} - b); }
 std::int16_t mul16(std::int16_t a, std::int16_t b) { return toInt16(std::int64_t{a} * b); }
-
-std::int32_t stepInterval(double factor, std::int16_t speed) {
-  const double distance = speed - 100.0;
-  return roundToInt32(factor * distance * distance + 50);
-}
-
-double holdStretch(std::int16_t speed) { return 1 + std::abs(kPlainSpeed - speed) / 25.0; }
-
-std::int32_t colorHoldInterval(double seconds, std::int16_t speed) {
-  const double listed = 1000 * seconds;
-  return roundToInt32(speed < kPlainSpeed ? listed * holdStretch(speed)
-                                          : listed / holdStretch(speed));
-}
 
 }  // namespace korvane

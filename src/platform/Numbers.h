@@ -26,16 +26,4 @@ std::int16_t add16(std::int16_t a, std::int16_t b);
 std::int16_t sub16(std::int16_t a, std::int16_t b);
 std::int16_t mul16(std::int16_t a, std::int16_t b);
 
-/// Step interval in milliseconds of Image and Color Scroll (factor 0.8) and of Fire, Fluid and
-/// Ticker (factor 0.4): factor x (speed - 100)^2 + 50, rounded, ties to even. Speed 0 - 100.
-std::int32_t stepInterval(double factor, std::int16_t speed);
-
-/// How long a colour of so many seconds holds, in milliseconds: three times as long at speed 0, as
-/// listed at 50, a third at 100. Rounded, ties to even.
-std::int32_t colorHoldInterval(double seconds, std::int16_t speed);
-/// The factor between a listed time and the one held: 1 at kPlainSpeed, 3 at speed 0 and 100.
-double holdStretch(std::int16_t speed);
-/// Hold times as listed; also stands for a speed that is not set.
-inline constexpr std::int16_t kPlainSpeed = 50;
-
 }  // namespace korvane

@@ -11,11 +11,6 @@ void timer1_Timer(Engine& engine, Deck& deck);
 /// any other effect the timer just stays off, which is how a beat's lock-out ends.
 void timer2_Timer(Engine& engine, Deck& deck);
 
-inline void timerA1_Timer(Engine& engine) { timer1_Timer(engine, engine.v.A); }
-inline void timerB1_Timer(Engine& engine) { timer1_Timer(engine, engine.v.B); }
-inline void timerA2_Timer(Engine& engine) { timer2_Timer(engine, engine.v.A); }
-inline void timerB2_Timer(Engine& engine) { timer2_Timer(engine, engine.v.B); }
-
 /// Stops both timers of a deck, as every change of its selection, type or contents does first.
 void stopDeck(Deck& deck);
 

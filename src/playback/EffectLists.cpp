@@ -1,16 +1,14 @@
 #include "playback/EffectLists.h"
 
-#include <array>
 #include <cstddef>
 
-#include "generators/Dialogs.h"
+#include "generators/Effects.h"
 #include "generators/color/ColorCode.h"
 #include "output/Preview.h"
 #include "platform/Numbers.h"
 #include "playback/DeckPlayback.h"
 #include "playback/EffectStart.h"
 #include "playback/ListRows.h"
-#include "state/EffectFields.h"
 
 namespace korvane {
 namespace {
@@ -28,25 +26,10 @@ int rowOfSlot(const ListView& list, std::int16_t slot) {
   return -1;
 }
 
-// Dialogs that are committed before another one opens. The Paint dialog is not among them
-// (docs/kept.md, paint-stays-open).
-constexpr std::array<EffectType, 8> kCommittedFirst = {
-    kColor, kGradient, kImage, kColorChange, kColorScroll, kFire, kFluid, kTicker};
-
-// Cell by cell, so that a picture that missed a change of the grid fails where it has no cells.
-void copyPicture(const Grid<Color>& from, Variablen& v) {
-  Grid<Color>& to = v.efxClipboard.paintPixels;
-  to.redim(v.matrixCols, v.matrixRows);
-  for (int col = 0; col < v.matrixCols; ++col) {
-    for (int row = 0; row < v.matrixRows; ++row) to.at(col, row) = from.at(col, row);
-  }
-}
-
-void commitOpenDialogs(Dialogs& dialogs) {
-  dialogs.imageList.commit();
-  for (const EffectType type : kCommittedFirst) {
-    EffectDialog* dialog = dialogs.byType[type];
-    if (dialog != nullptr && dialog->visible()) dialog->OK_Click();
+void commitOpenDialogs(const Engine& engine) {
+  for (const EffectKind* kind : kinds()) {
+    EffectDialog* dialog = dialogOf(engine, *kind);
+    if (dialog != nullptr && kind->onEdit == OnEdit::CommittedFirst) dialog->commit();
   }
 }
 
@@ -98,11 +81,7 @@ void copyMem_Click(Engine& engine, Deck& deck) {
   Variablen& v = engine.v;
   v.efxClipboard.name = effect.name;
   v.efxClipboard.type = effect.type;
-  if (effect.type == kPaint) {
-    copyPicture(effect.paintPixels, v);
-  } else {
-    copyEffectFields(effect, v.efxClipboard);
-  }
+  copyEffectFields(effect, v.efxClipboard, &v);
   // Copying on the right deck marks the source as edited, on the left it doesn't
   // (docs/kept.md, deck-copy).
   if (deck.isB()) editedFlag(deck) = true;
@@ -144,18 +123,13 @@ void edit_Click(Engine& engine, Deck& deck) {
   // Only the right deck keeps a copy for Cancel; the left one's backup stays as it was
   // (docs/kept.md, deck-cancel).
   if (deck.isB()) deck.efxBackup = deck.effect();
-  commitOpenDialogs(*engine.dialogs);
+  commitOpenDialogs(engine);
   engine.v.editDeck = deck.isB() ? 1 : 0;
   Effect& effect = deck.effect();
   const std::int16_t type = toInt16(deck.type.index());
   effect.type = type;
-  // Only the left deck makes room for all times of a Color Change. Meant.
-  if (type == kColorChange && !deck.isB()) {
-    effect.itemTimes.resize(static_cast<std::size_t>(effect.colorCount) + 1);
-    fitLists(effect);
-  }
-  if (type < 0) return;
-  EffectDialog* dialog = engine.dialogs->byType[static_cast<std::size_t>(type)];
+  const EffectKind* kind = kindOf(type);
+  EffectDialog* dialog = kind == nullptr ? nullptr : dialogOf(engine, *kind);
   if (dialog != nullptr) dialog->open();
 }
 
@@ -164,7 +138,7 @@ void efxList_Click(Engine& engine, Deck& deck) {
   deck.sel = slotOfCurrent(deck.efxList);
   const std::int16_t type = deck.effect().type;
   // An entry that the list has not is left to the message of the start.
-  if (type >= 0 && type < kEffectTypes) deck.type.setIndex(type);
+  if (kindOf(type) != nullptr) deck.type.setIndex(type);
   startEffect(engine, deck, type, StartCause::RowSelected);
 }
 

@@ -28,25 +28,4 @@ void edit_Click(Engine& engine, Deck& deck);
 /// A row was selected: starts its effect.
 void efxList_Click(Engine& engine, Deck& deck);
 
-inline void addA_Click(Engine& engine) { add_Click(engine, engine.v.A); }
-inline void addB_Click(Engine& engine) { add_Click(engine, engine.v.B); }
-inline void removeA_Click(Engine& engine) { remove_Click(engine, engine.v.A); }
-inline void removeB_Click(Engine& engine) { remove_Click(engine, engine.v.B); }
-inline void upA_Click(Engine& engine) { up_Click(engine, engine.v.A); }
-inline void upB_Click(Engine& engine) { up_Click(engine, engine.v.B); }
-inline void downA_Click(Engine& engine) { down_Click(engine, engine.v.A); }
-inline void downB_Click(Engine& engine) { down_Click(engine, engine.v.B); }
-inline void clearA_Click(Engine& engine) { clear_Click(engine, engine.v.A); }
-inline void clearB_Click(Engine& engine) { clear_Click(engine, engine.v.B); }
-inline void copyMemA_Click(Engine& engine) { copyMem_Click(engine, engine.v.A); }
-inline void copyMemB_Click(Engine& engine) { copyMem_Click(engine, engine.v.B); }
-inline void pasteMemA_Click(Engine& engine) { pasteMem_Click(engine, engine.v.A); }
-inline void pasteMemB_Click(Engine& engine) { pasteMem_Click(engine, engine.v.B); }
-inline void typeA_Click(Engine& engine) { type_Click(engine, engine.v.A); }
-inline void typeB_Click(Engine& engine) { type_Click(engine, engine.v.B); }
-inline void editA_Click(Engine& engine) { edit_Click(engine, engine.v.A); }
-inline void editB_Click(Engine& engine) { edit_Click(engine, engine.v.B); }
-inline void efxAList_Click(Engine& engine) { efxList_Click(engine, engine.v.A); }
-inline void efxBList_Click(Engine& engine) { efxList_Click(engine, engine.v.B); }
-
 }  // namespace korvane

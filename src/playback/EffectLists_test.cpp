@@ -1,5 +1,7 @@
 #include "playback/EffectLists.h"
 
+#include "generators/color/MxColorForm.h"
+#include "generators/paint/MxPaintForm.h"
 #include "testing/TestPlugin.h"
 
 namespace korvane {
@@ -234,18 +236,6 @@ TEST_P(EffectLists, APictureCopiedBeforeTheGridChangedIsPastedInTheGridsSize) {
   EXPECT_EQ(deck.efx[0].paintPixels.at(4, 3), corner);
 }
 
-TEST_P(EffectLists, APictureThatMissedAChangeOfTheGridIsCopiedInTheGridsSize) {
-  choose(deck.type, kPaint);
-  const Color corner = deck.effect().paintPixels.at(11, 11);
-  v.matrixCols = 14;
-  v.matrixRows = 13;
-  EXPECT_TRUE(click(panel.copyMem));
-  EXPECT_EQ(v.efxClipboard.paintPixels.cols(), 14);
-  EXPECT_EQ(v.efxClipboard.paintPixels.rows(), 13);
-  EXPECT_EQ(v.efxClipboard.paintPixels.at(11, 11), corner);
-  EXPECT_EQ(deck.effect().paintPixels.cols(), 12);
-}
-
 TEST_P(EffectLists, OnlyTheRightDeckMarksTheSourceOfACopyAsEdited) {
   click(panel.copyMem);
   EXPECT_EQ(static_cast<bool>(deck.efxEdited[0]), deck.isB());
@@ -259,18 +249,18 @@ TEST_P(EffectLists, OnlyTheRightDeckKeepsABackupForCancel) {
 
 TEST_P(EffectLists, EditingCommitsOpenDialogsAndOpensTheOneOfTheType) {
   click(panel.edit);
-  EXPECT_TRUE(plugin.dialogs.color.visible());
-  type(plugin.dialogs.color.myName, "typed");
+  EXPECT_TRUE(plugin.window<MxColorForm>().visible());
+  type(plugin.window<MxColorForm>().myName, "typed");
   click(panel.edit);
   EXPECT_EQ(deck.efx[0].name, "typed");
   EXPECT_TRUE(deck.efxEdited[0]);
-  EXPECT_TRUE(plugin.dialogs.color.visible());
+  EXPECT_TRUE(plugin.window<MxColorForm>().visible());
   EXPECT_EQ(v.editDeck, deck.isB() ? 1 : 0);
 }
 
 TEST_P(EffectLists, TheBackupForCancelIsTakenBeforeOpenDialogsAreCommitted) {
   click(panel.edit);
-  type(plugin.dialogs.color.myName, "typed");
+  type(plugin.window<MxColorForm>().myName, "typed");
   click(panel.edit);
   EXPECT_EQ(deck.effect().name, "typed");
   EXPECT_EQ(deck.efxBackup.name, deck.isB() ? "new effect" : "");
@@ -279,18 +269,18 @@ TEST_P(EffectLists, TheBackupForCancelIsTakenBeforeOpenDialogsAreCommitted) {
 TEST_P(EffectLists, AnOpenPaintDialogIsNotCommitted) {
   choose(deck.type, kPaint);
   click(panel.edit);
-  type(plugin.dialogs.paint.myName, "typed");
+  type(plugin.window<MxPaintForm>().myName, "typed");
   choose(deck.type, kColor);
   deck.efxEdited[0] = false;
   click(panel.edit);
-  EXPECT_TRUE(plugin.dialogs.paint.visible());
+  EXPECT_TRUE(plugin.window<MxPaintForm>().visible());
   EXPECT_EQ(deck.effect().name, "new effect");
   EXPECT_FALSE(deck.efxEdited[0]);
 }
 
 TEST_P(EffectLists, ADoubleClickEdits) {
   event([&] { deck.efxList.doubleClick(0); });
-  EXPECT_TRUE(plugin.dialogs.color.visible());
+  EXPECT_TRUE(plugin.window<MxColorForm>().visible());
 }
 
 TEST_P(EffectLists, SelectingStopsBothTimersAndReadsTheSlotOfTheRow) {

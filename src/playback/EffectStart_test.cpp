@@ -1,5 +1,6 @@
 #include "playback/EffectStart.h"
 
+#include "generators/Effects.h"
 #include "generators/colorscroll/ColorScrollCode.h"
 #include "playback/EffectLists.h"
 #include "testing/CellEffects.h"
@@ -198,8 +199,7 @@ TEST_P(EffectStart, TheStepIntervalRunsFrom50MillisecondsToFourSeconds) {
                              Speed{99, 50}, Speed{100, 50}}) {
       effect().speed = row.speed;
       selectRow();
-      EXPECT_EQ(deck.timer1.interval(), row.interval)
-          << kEffectTypeNames.at(static_cast<std::size_t>(type)) << " at " << row.speed;
+      EXPECT_EQ(deck.timer1.interval(), row.interval) << kindOf(type)->name << " at " << row.speed;
     }
   }
 }
@@ -238,7 +238,7 @@ TEST_P(EffectStart, AChangeOfTypeSetsItsDefaults) {
     effect().amount = 17;
     choose(deck.type, row.type);
     const Effect& e = effect();
-    const char* name = kEffectTypeNames.at(static_cast<std::size_t>(row.type));
+    const char* name = kindOf(row.type)->name;
     EXPECT_EQ(e.color1, row.color1) << name;
     EXPECT_EQ(e.color2, row.color2) << name;
     EXPECT_EQ(e.direction, row.direction) << name;

@@ -1,3 +1,4 @@
+#include "generators/Effects.h"
 #include "playback/EffectStart.h"
 #include "testing/TestPlugin.h"
 
@@ -42,7 +43,7 @@ TEST_P(EffectTypes, ATypeSetsItsDefaultsAndNoOtherField) {
     effect.amount = 2;
     effect.tickerText = "old";
     choose(deck.type, row.type);
-    const std::string name = kEffectTypeNames[static_cast<std::size_t>(row.type)];
+    const char* name = kindOf(row.type)->name;
     EXPECT_EQ(effect.type, row.type) << name;
     EXPECT_EQ(effect.color1, row.color1) << name;
     EXPECT_EQ(effect.color2, row.color2) << name;

@@ -144,14 +144,6 @@ TEST_F(FadeTime, UsesTheLocalesSeparators) {
   EXPECT_EQ(v.fadeTime, 2.5);
 }
 
-TEST_F(FadeTime, AFadeOfNoTimeNeverTicks) {
-  type(master.fadeTimeText, "0");
-  click(master.AutoFadeB);
-  EXPECT_EQ(master.timerM.interval(), 0);
-  advance(1000);
-  EXPECT_TRUE(v.fadeRunning);
-}
-
 TEST_F(FadeLists, TheNameGoesToTheRecordAndTheRow) {
   type(master.fadeName, "slow");
   EXPECT_EQ(v.efxX[0].name, "slow");

@@ -17,6 +17,12 @@ namespace korvane {
 struct Plugin {
   explicit Plugin(Platform& platform) : engine(platform) {}
 
+  /// A window by its type; kObjectNotSet if there is none.
+  template <class Window>
+  Window& window() {
+    return engine.desktop.get<Window>();
+  }
+
   Engine engine;
   Dialogs dialogs{engine};
   MatrixConf matrixConf{engine};

@@ -9,6 +9,7 @@
 
 namespace korvane {
 
+/// The numbers of the kinds that the system began with, as project files hold them.
 enum EffectType : std::int16_t {
   kColor,
   kGradient,
@@ -18,14 +19,8 @@ enum EffectType : std::int16_t {
   kColorScroll,
   kFire,
   kFluid,
-  kTicker,
-  kEffectTypes  ///< their number
+  kTicker
 };
-
-/// The names of the effect types, in the order of their numbers.
-inline constexpr std::array<const char*, kEffectTypes> kEffectTypeNames = {
-    "Color",        "Gradient", "Paint", "Image", "Color Change",
-    "Color Scroll", "Fire",     "Fluid", "Ticker"};
 
 /// One record for all nine types; each type uses its own fields and leaves the others alone.
 struct Effect {

@@ -33,17 +33,31 @@ struct EffectField {
       value;
 };
 
-/// What a type keeps of its record beyond `type` and `name`, in the order of its file block; empty
-/// for a type that does not exist.
-const std::vector<EffectField>& effectFields(std::int16_t type);
+// The fields that records have, for the lists of what a kind of effect keeps.
+namespace kept {
+inline const EffectField color1{"color1", &Effect::color1};
+inline const EffectField color2{"color2", &Effect::color2};
+inline const EffectField direction{"direction", &Effect::direction};
+inline const EffectField paintPixels{"paintPixels", &Effect::paintPixels};
+inline const EffectField imageStretch{"imageStretch", &Effect::imageStretch};
+inline const EffectField imageTile{"imageTile", &Effect::imageTile};
+inline const EffectField speed{"speed", &Effect::speed};
+inline const EffectField amount{"amount", &Effect::amount};
+inline const EffectField fadeMode{"fadeMode", &Effect::fadeMode};
+inline const EffectField beatControl{"beatControl", &Effect::beatControl};
+inline const EffectField scrollFadeMode{"scrollFadeMode", &Effect::scrollFadeMode};
+inline const EffectField tickerText{"tickerText", &Effect::tickerText};
+inline const EffectField tickerFont{"tickerFont", &Effect::tickerFont};
+inline const EffectField tickerBackward{"tickerBackward", &Effect::tickerBackward};
+inline const EffectField tickerMirror{"tickerMirror", &Effect::tickerMirror};
+inline const EffectField tickerLetter{"tickerLetter", &Effect::tickerLetter};
 
-/// Gives the arrays of every list their slots, whatever the type of the effect: two lists share an
-/// array, two a count, and a record may become of another type. To be called wherever a count or an
-/// array was set. Never shortens an array.
-void fitLists(Effect& effect);
-
-/// Copies the fields of the type `from.type` from one record to another; those of other types stay.
-void copyEffectFields(const Effect& from, Effect& to);
+inline const ItemColumn imageNames{"imageNames", &Effect::imageNames};
+inline const ItemColumn imageFiles{"imageFiles", &Effect::imageFiles};
+inline const ItemColumn itemTimes{"itemTimes", &Effect::itemTimes};
+inline const ItemColumn itemWidths{"itemWidths", &Effect::itemWidths};
+inline const ItemColumn colors{"colors", &Effect::colors};
+}  // namespace kept
 
 /// One field of a fade's record.
 struct FadeField {

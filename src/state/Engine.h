@@ -11,8 +11,6 @@
 
 namespace korvane {
 
-struct Dialogs;  // generators/Dialogs.h
-
 /// The one object that every routine gets by reference: the shared state with the timers, the
 /// windows, the host and the services of the platform. Several can live in one process.
 struct Engine {
@@ -34,7 +32,6 @@ struct Engine {
   Random random;
   PictureBox sim;              ///< the surface of the simulation window
   Form* mainWindow = nullptr;  ///< `MatrixForm`
-  Dialogs* dialogs = nullptr;  ///< the effects' dialogs
 };
 
 }  // namespace korvane

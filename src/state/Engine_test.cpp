@@ -18,12 +18,7 @@ TEST(Boolean, IsSixteenBitsWithMinusOneForTrue) {
   EXPECT_FALSE(Boolean(false));
 }
 
-TEST(EffectTypes, HaveTheirNumbersAndNames) {
-  EXPECT_STREQ(kEffectTypeNames[kColor], "Color");
-  EXPECT_STREQ(kEffectTypeNames[3], "Image");
-  EXPECT_STREQ(kEffectTypeNames[4], "Color Change");
-  EXPECT_STREQ(kEffectTypeNames[8], "Ticker");
-  EXPECT_EQ(kEffectTypes, 9);
+TEST(FadeTypes, HaveTheirNumbersAndNames) {
   EXPECT_STREQ(kFadeTypeNames[kCrossFade], "CrossFade");
   EXPECT_STREQ(kFadeTypeNames[4], "Flow Down");
   EXPECT_STREQ(kFadeTypeNames[5], "Fill up");
@@ -60,23 +55,18 @@ TEST_F(EngineTest, TheDecksFieldsHaveBothNames) {
   expectTwins(v.efxADeleted, v.A.efxDeleted, v.efxBDeleted, v.B.efxDeleted);
   expectTwins(v.efxAEdited, v.A.efxEdited, v.efxBEdited, v.B.efxEdited);
   expectTwins(v.selA, v.A.sel, v.selB, v.B.sel);
-  expectTwins(v.efxBackupA, v.A.efxBackup, v.efxBackupB, v.B.efxBackup);
   expectTwins(v.colorIndexA, v.A.colorIndex, v.colorIndexB, v.B.colorIndex);
   expectTwins(v.savedFadeModeA, v.A.savedFadeMode, v.savedFadeModeB, v.B.savedFadeMode);
   expectTwins(v.imageIndexA, v.A.imageIndex, v.imageIndexB, v.B.imageIndex);
   expectTwins(v.imagePosXA, v.A.imagePosX, v.imagePosXB, v.B.imagePosX);
   expectTwins(v.imagePosYA, v.A.imagePosY, v.imagePosYB, v.B.imagePosY);
   expectTwins(v.scrollLengthA, v.A.scrollLength, v.scrollLengthB, v.B.scrollLength);
-  expectTwins(v.scrollStripA, v.A.scrollStrip, v.scrollStripB, v.B.scrollStrip);
-  expectTwins(v.tickerStripA, v.A.tickerStrip, v.tickerStripB, v.B.tickerStrip);
   expectTwins(v.tickerMaxWidthA, v.A.tickerMaxWidth, v.tickerMaxWidthB, v.B.tickerMaxWidth);
   expectTwins(v.transitionRunningA, v.A.transitionRunning, v.transitionRunningB,
               v.B.transitionRunning);
   expectTwins(v.stepsA, v.A.steps, v.stepsB, v.B.steps);
   expectTwins(v.stepA, v.A.step, v.stepB, v.B.step);
   expectTwins(v.fadeFactorA, v.A.fadeFactor, v.fadeFactorB, v.B.fadeFactor);
-  expectTwins(v.cellOrderA, v.A.cellOrder, v.cellOrderB, v.B.cellOrder);
-  expectTwins(v.cellPendingA, v.A.cellPending, v.cellPendingB, v.B.cellPending);
   expectTwins(v.beatOnA, v.A.beatOn, v.beatOnB, v.B.beatOn);
 }
 

@@ -15,7 +15,7 @@
 namespace korvane {
 
 /// The shared state: read and written directly by every part, on the window thread alone. What
-/// belongs to a deck lives in A or B and has its own name with the suffix here.
+/// belongs to a deck lives in A or B; what the rest reads by its name with the suffix has it here.
 struct Variablen {
   explicit Variablen(TimerQueue& timers) : A(Side::A, timers), B(Side::B, timers) {}
 
@@ -57,7 +57,6 @@ struct Variablen {
   std::int16_t &selA = A.sel, &selB = B.sel;
   std::int16_t selX = 0;
   std::int16_t editDeck = 0;  ///< 0: the open effect dialog edits deck A, else deck B
-  Effect &efxBackupA = A.efxBackup, &efxBackupB = B.efxBackup;
   Effect efxClipboard;
 
   // Master and fades.
@@ -77,15 +76,11 @@ struct Variablen {
   std::int16_t &imagePosXA = A.imagePosX, &imagePosXB = B.imagePosX;
   std::int16_t &imagePosYA = A.imagePosY, &imagePosYB = B.imagePosY;
   std::int16_t &scrollLengthA = A.scrollLength, &scrollLengthB = B.scrollLength;
-  std::vector<Rgb>&scrollStripA = A.scrollStrip, &scrollStripB = B.scrollStrip;
-  Grid<Color>&tickerStripA = A.tickerStrip, &tickerStripB = B.tickerStrip;
   std::int32_t &tickerMaxWidthA = A.tickerMaxWidth, &tickerMaxWidthB = B.tickerMaxWidth;
   Boolean &transitionRunningA = A.transitionRunning, &transitionRunningB = B.transitionRunning;
   std::int16_t &stepsA = A.steps, &stepsB = B.steps;
   std::int16_t &stepA = A.step, &stepB = B.step;
   double &fadeFactorA = A.fadeFactor, &fadeFactorB = B.fadeFactor;
-  std::vector<std::int32_t>&cellOrderA = A.cellOrder, &cellOrderB = B.cellOrder;
-  Grid<Boolean>&cellPendingA = A.cellPending, &cellPendingB = B.cellPending;
   Boolean &beatOnA = A.beatOn, &beatOnB = B.beatOn;
 
   // Beat, output and windows.

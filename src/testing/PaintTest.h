@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "generators/Dialogs.h"
 #include "generators/paint/MxPaintForm.h"
 #include "testing/Drawing.h"
 #include "testing/TestPlugin.h"
@@ -56,6 +55,6 @@ class PaintTest : public TestDecks {
     expectPicture(deck.frame, drawing, {}, file, line);
   }
 
-  MxPaintForm& form = plugin.dialogs.paint;
+  MxPaintForm& form = plugin.window<MxPaintForm>();
 };
 }  // namespace korvane

@@ -1,7 +1,7 @@
 #include "windows/MatrixForm.h"
 
-#include <array>
-
+#include "generators/Effects.h"
+#include "generators/kit/MxColorMixer.h"
 #include "output/MatrixCode.h"
 #include "output/Preview.h"
 #include "persistence/MatrixDefinition.h"
@@ -155,7 +155,7 @@ void MatrixForm::resetTimers() {
 
 void MatrixForm::fillLists() {
   for (Deck* deck : {&engine_.v.A, &engine_.v.B}) {
-    deck->type.setItems({kEffectTypeNames.begin(), kEffectTypeNames.end()});
+    deck->type.setItems(kindNames());
     deck->efxList.clear();
   }
   engine_.master.fadeType.setItems({kFadeTypeNames.begin(), kFadeTypeNames.end()});
@@ -265,9 +265,11 @@ void MatrixForm::Closeall_Click() {
   v.outputActive = false;
   mxsim_active.setValue(0);
   v.simActive = false;
-  constexpr std::array kHidden = {"MxColorForm",   "MxGradientForm", "MxImageForm", "MxColorChange",
-                                  "MxColorScroll", "MxFire",         "MxColorMixer"};
-  for (const char* name : kHidden) engine_.desktop.hide(engine_.desktop.named(name));
+  for (const EffectKind* kind : kinds()) {
+    EffectDialog* dialog = dialogOf(engine_, *kind);
+    if (dialog != nullptr && kind->atCloseall == AtCloseall::Hidden) engine_.desktop.hide(*dialog);
+  }
+  engine_.desktop.hide(engine_.desktop.get<MxColorMixer>());
   engine_.desktop.hide(*this);
 }
 

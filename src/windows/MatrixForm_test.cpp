@@ -1,5 +1,6 @@
 #include "windows/MatrixForm.h"
 
+#include "generators/color/MxColorForm.h"
 #include "testing/TestPlugin.h"
 
 namespace korvane {
@@ -88,7 +89,7 @@ TEST_F(MainWindow, HidingADialogActivatesTheMainWindowBelow) {
   click(form.panelA.edit);
   event([&] { form.active.setValue(1); });
   takeCalls();
-  click(plugin.dialogs.color.OK);
+  click(plugin.window<MxColorForm>().OK);
   EXPECT_EQ(passes(), 1);
 }
 
@@ -102,7 +103,7 @@ TEST_F(MainWindow, CloseallStopsDecksAndOutputAndKeepsTheData) {
   click(form.panelB.edit);
   click(form.Closeall);
   EXPECT_FALSE(form.visible());
-  EXPECT_FALSE(plugin.dialogs.color.visible());
+  EXPECT_FALSE(plugin.window<MxColorForm>().visible());
   EXPECT_FALSE(v.A.timer1.enabled());
   EXPECT_FALSE(master.timerM.enabled());
   EXPECT_TRUE(master.timerM2.enabled());

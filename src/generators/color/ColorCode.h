@@ -15,10 +15,6 @@ void paintGradient(Engine& engine, Deck& deck);
 /// The same, published.
 void renderColor(Engine& engine, Deck& deck);
 void renderGradient(Engine& engine, Deck& deck);
-inline void renderColorA(Engine& engine) { renderColor(engine, engine.v.A); }
-inline void renderColorB(Engine& engine) { renderColor(engine, engine.v.B); }
-inline void renderGradientA(Engine& engine) { renderGradient(engine, engine.v.A); }
-inline void renderGradientB(Engine& engine) { renderGradient(engine, engine.v.B); }
 
 /// Sets every cell of a deck's frame, without publishing it.
 void fillFrame(Engine& engine, Deck& deck, const Rgb& color);

@@ -2,6 +2,8 @@
 
 #include <cmath>
 
+#include "generators/color/MxColorForm.h"
+#include "generators/color/MxGradientForm.h"
 #include "testing/TestPlugin.h"
 
 namespace korvane {
@@ -175,7 +177,7 @@ TEST_P(ColorEffect, RenderersMixOnlyWhileNoFadeRuns) {
 
 TEST_P(ColorEffect, APickedColourShowsAtOnceBeforeOK) {
   click(panel.edit);
-  event([&] { plugin.dialogs.color.Color.click(); });
+  event([&] { plugin.window<MxColorForm>().Color.click(); });
   EXPECT_EQ(engine.desktop.modal(), &plugin.dialogs.mixer);
   move(plugin.dialogs.mixer.Sgreen, 100);
   click(plugin.dialogs.mixer.Bok);
@@ -186,9 +188,9 @@ TEST_P(ColorEffect, APickedColourShowsAtOnceBeforeOK) {
 
 TEST_P(ColorEffect, OKTakesTheNameToTheRowAndTheRecord) {
   click(panel.edit);
-  type(plugin.dialogs.color.myName, "warm");
-  event([&] { plugin.dialogs.color.myName.keyPress(13); });
-  EXPECT_FALSE(plugin.dialogs.color.visible());
+  type(plugin.window<MxColorForm>().myName, "warm");
+  event([&] { plugin.window<MxColorForm>().myName.keyPress(13); });
+  EXPECT_FALSE(plugin.window<MxColorForm>().visible());
   EXPECT_EQ(texts(deck.efxList), std::vector<std::string>{"warm"});
   EXPECT_EQ(deck.effect().name, "warm");
   EXPECT_TRUE(deck.efxEdited[0]);
@@ -196,8 +198,8 @@ TEST_P(ColorEffect, OKTakesTheNameToTheRowAndTheRecord) {
 
 TEST_P(ColorEffect, AnEmptyNameIsStoredAsItIs) {
   click(panel.edit);
-  type(plugin.dialogs.color.myName, "");
-  click(plugin.dialogs.color.OK);
+  type(plugin.window<MxColorForm>().myName, "");
+  click(plugin.window<MxColorForm>().OK);
   EXPECT_EQ(texts(deck.efxList), std::vector<std::string>{""});
   EXPECT_EQ(deck.effect().name, "");
 }
@@ -205,27 +207,27 @@ TEST_P(ColorEffect, AnEmptyNameIsStoredAsItIs) {
 // The left deck's backup is never filled: Cancel there empties the name and turns the effect black.
 TEST_P(ColorEffect, CancelPutsTheRightDeckBackAndTurnsTheLeftOneBlack) {
   click(panel.edit);
-  event([&] { plugin.dialogs.color.Color.click(); });
+  event([&] { plugin.window<MxColorForm>().Color.click(); });
   move(plugin.dialogs.mixer.Sgreen, 100);
   click(plugin.dialogs.mixer.Bok);
-  click(plugin.dialogs.color.Cancel);
+  click(plugin.window<MxColorForm>().Cancel);
   EXPECT_EQ(deck.frame.at(3, 3), deck.isB() ? (Rgb{0, 0, 255}) : (Rgb{0, 0, 0}));
-  EXPECT_EQ(plugin.dialogs.color.myName.text(), deck.isB() ? "new effect" : "");
+  EXPECT_EQ(plugin.window<MxColorForm>().myName.text(), deck.isB() ? "new effect" : "");
   EXPECT_EQ(texts(deck.efxList), std::vector<std::string>{"new effect"});
   EXPECT_FALSE(deck.efxEdited[0]);
-  EXPECT_FALSE(plugin.dialogs.color.visible());
+  EXPECT_FALSE(plugin.window<MxColorForm>().visible());
 }
 
 class ColorDialogs : public TestPlugin {};
 
 TEST_F(ColorDialogs, HaveTheirTexts) {
-  const MxColorForm& color = plugin.dialogs.color;
+  const MxColorForm& color = plugin.window<MxColorForm>();
   EXPECT_EQ(color.caption(), "Color");
   EXPECT_EQ(color.myName.text(), "Blue");
   EXPECT_EQ(color.myName.look().label, "Name : ");
   EXPECT_EQ(color.Color.look().label, "Color : ");
   EXPECT_EQ(color.Cancel.look().caption, "Cancel");
-  const MxGradientForm& gradient = plugin.dialogs.gradient;
+  const MxGradientForm& gradient = plugin.window<MxGradientForm>();
   EXPECT_EQ(gradient.caption(), "Gradient");
   EXPECT_EQ(gradient.myName.text(), "Blue-Red");
   EXPECT_EQ(gradient.Color1.look().label, "Color1 : ");
@@ -237,7 +239,7 @@ TEST_F(ColorDialogs, HaveTheirTexts) {
 TEST_P(ColorEffect, GradientButtonsAct) {
   choose(deck.type, kGradient);
   click(panel.edit);
-  MxGradientForm& dialog = plugin.dialogs.gradient;
+  MxGradientForm& dialog = plugin.window<MxGradientForm>();
   EXPECT_TRUE(dialog.richtung.button(7).pressed());
   click(dialog.richtung.button(5));
   EXPECT_EQ(deck.effect().direction, 5);
@@ -252,17 +254,17 @@ TEST_P(ColorEffect, RingsCanNotBeChosenOnAMatrixShorterThanThree) {
   resize(12, 2);
   choose(deck.type, kGradient);
   click(panel.edit);
-  click(plugin.dialogs.gradient.richtung.button(9));
+  click(plugin.window<MxGradientForm>().richtung.button(9));
   EXPECT_EQ(deck.effect().direction, 7);
-  click(plugin.dialogs.gradient.richtung.button(8));
+  click(plugin.window<MxGradientForm>().richtung.button(8));
   EXPECT_EQ(deck.effect().direction, 8);
 }
 
 TEST_P(ColorEffect, GradientCancelRestoresColoursAndDirectionOnTheRightDeck) {
   choose(deck.type, kGradient);
   click(panel.edit);
-  click(plugin.dialogs.gradient.richtung.button(5));
-  click(plugin.dialogs.gradient.Cancel);
+  click(plugin.window<MxGradientForm>().richtung.button(5));
+  click(plugin.window<MxGradientForm>().Cancel);
   EXPECT_EQ(deck.effect().direction, deck.isB() ? 7 : 0);
   EXPECT_EQ(takeBoxes().size(), deck.isB() ? 0U : 1U);
 }

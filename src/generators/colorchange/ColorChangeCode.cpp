@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "generators/color/ColorCode.h"
+#include "generators/kit/StepCurves.h"
 #include "output/Preview.h"
 #include "platform/Failure.h"
 #include "platform/Numbers.h"
@@ -62,11 +63,6 @@ void shuffleColumns(Engine& engine, Deck& deck) {
   deck.cellPending.fill(true);
 }
 
-void publishWholeFrame(Engine& engine, Deck& deck) {
-  drawMatrix(engine, deck);
-  if (mixIsFree(engine, kSlowFadeFrame)) mixAndDraw(engine);
-}
-
 void fadeTick(Engine& engine, Deck& deck) {
   deck.fadeFactor = static_cast<double>(deck.step) / deck.steps;
   const Rgb before = colorParts(deck.effect().color2);
@@ -77,7 +73,7 @@ void fadeTick(Engine& engine, Deck& deck) {
         floorToInt16(before[i] * (1 - deck.fadeFactor) + after[i] * deck.fadeFactor));
   }
   fillFrame(engine, deck, blended);
-  publishWholeFrame(engine, deck);
+  publishBetweenSteps(engine, deck);
   ++deck.step;
 }
 
@@ -120,14 +116,14 @@ void wipeRow(Engine& engine, Deck& deck, int row) {
   const Rgb color = colorParts(deck.effect().color1);
   for (int col = 0; col < engine.v.matrixCols; ++col) deck.frame.at(col, row) = color;
   ++deck.step;
-  publishWholeFrame(engine, deck);
+  publishBetweenSteps(engine, deck);
 }
 
 void wipeColumn(Engine& engine, Deck& deck, int col) {
   const Rgb color = colorParts(deck.effect().color1);
   for (int row = 0; row < engine.v.matrixRows; ++row) deck.frame.at(col, row) = color;
   ++deck.step;
-  publishWholeFrame(engine, deck);
+  publishBetweenSteps(engine, deck);
 }
 
 void scrollUpTick(Engine& engine, Deck& deck) {
@@ -216,6 +212,16 @@ void colorChangeStep(Engine& engine, Deck& deck) {
   if (effect.fadeMode != 0) return startTransition(engine, deck);
   renderColor(engine, deck);
   deck.timer1.enable();
+}
+
+void colorChangeBeat(Engine& engine, Deck& deck) {
+  Effect& effect = deck.effect();
+  if (effect.colorCount <= 1) return;
+  effect.color2 = currentColor(deck);
+  deck.colorIndex = deck.colorIndex < effect.colorCount - 1 ? add16(deck.colorIndex, 1) : 0;
+  deck.timer2.enable();
+  effect.color1 = currentColor(deck);
+  renderColor(engine, deck);
 }
 
 // The mode is asked first: a beat's lock-out ends here too, and must not look like the end of a

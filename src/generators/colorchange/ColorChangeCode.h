@@ -14,19 +14,16 @@ inline constexpr std::array<const char*, 9> kColorFadeNames = {
 
 /// Starts the effect at `colorIndexA`. Without a colour it says so and stops the deck's timers.
 void startColorChange(Engine& engine, Deck& deck);
-inline void startColorChangeA(Engine& engine) { startColorChange(engine, engine.v.A); }
-inline void startColorChangeB(Engine& engine) { startColorChange(engine, engine.v.B); }
 
 /// A tick of the step timer: the next colour, at once or by a transition. The tick has turned the
 /// timer off; it stays off during a transition.
 void colorChangeStep(Engine& engine, Deck& deck);
-inline void colorChangeStepA(Engine& engine) { colorChangeStep(engine, engine.v.A); }
-inline void colorChangeStepB(Engine& engine) { colorChangeStep(engine, engine.v.B); }
+
+/// A beat: the next colour, at once.
+void colorChangeBeat(Engine& engine, Deck& deck);
 
 /// A tick of the sequence timer: one step of the running transition, or its end. The tick has
 /// turned the timer off; a `fadeMode` without a transition leaves it so.
 void colorChangeTransition(Engine& engine, Deck& deck);
-inline void colorChangeTransitionA(Engine& engine) { colorChangeTransition(engine, engine.v.A); }
-inline void colorChangeTransitionB(Engine& engine) { colorChangeTransition(engine, engine.v.B); }
 
 }  // namespace korvane

@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "generators/kit/StepCurves.h"
 #include "platform/Failure.h"
-#include "platform/Numbers.h"
 #include "testing/ColorEffects.h"
 
 namespace korvane {

@@ -4,6 +4,7 @@
 
 #include "generators/color/ColorCode.h"
 #include "generators/colorchange/ColorChangeCode.h"
+#include "generators/kit/StepCurves.h"
 #include "platform/Numbers.h"
 
 namespace korvane {
@@ -32,6 +33,11 @@ MxColorChange::MxColorChange(Engine& engine)
 // The beat comes before the fade mode: a box still checked from the effect before would force the
 // mode to "None".
 void MxColorChange::fill() {
+  // Only the left deck makes room for all times. Meant.
+  if (!deck().isB()) {
+    effect().itemTimes.resize(colorCount() + 1);
+    fitLists(effect());
+  }
   myName.setText(effect().name);
   fillList(effect().itemTimes);
   slSpeed.setValue(effect().speed);

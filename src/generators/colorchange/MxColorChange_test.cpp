@@ -24,7 +24,7 @@ class ColorChangeDialog : public ColorEffectsOnDecks<kColorChange> {
     event([&] { dialog.cbFadeMode.setIndex(mode); });
   }
 
-  MxColorChange& dialog = plugin.dialogs.colorChange;
+  MxColorChange& dialog = plugin.window<MxColorChange>();
 };
 
 KORVANE_BOTH_DECKS(ColorChangeDialog);

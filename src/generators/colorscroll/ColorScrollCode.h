@@ -7,12 +7,8 @@ namespace korvane {
 /// Expands the colour list into the strip; leaves the frame alone. kOverflow if the widths add up
 /// to more than 32767.
 void buildScrollStrip(Engine& engine, Deck& deck);
-inline void buildScrollStripA(Engine& engine) { buildScrollStrip(engine, engine.v.A); }
-inline void buildScrollStripB(Engine& engine) { buildScrollStrip(engine, engine.v.B); }
 
 /// Moves the picture by one line and lets the next strip colour in.
 void tickColorScroll(Engine& engine, Deck& deck);
-inline void tickColorScrollA(Engine& engine) { tickColorScroll(engine, engine.v.A); }
-inline void tickColorScrollB(Engine& engine) { tickColorScroll(engine, engine.v.B); }
 
 }  // namespace korvane

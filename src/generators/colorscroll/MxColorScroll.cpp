@@ -1,7 +1,8 @@
 #include "generators/colorscroll/MxColorScroll.h"
 
-#include "generators/Dialogs.h"
+#include "generators/colorchange/MxColorChange.h"
 #include "generators/colorscroll/ColorScrollCode.h"
+#include "generators/kit/StepCurves.h"
 #include "platform/Numbers.h"
 
 namespace korvane {
@@ -9,7 +10,6 @@ namespace {
 
 constexpr int kLastDirection = 12;
 constexpr std::int16_t kDefaultSpeed = 50;
-constexpr double kIntervalFactor = 0.8;
 
 }  // namespace
 
@@ -29,7 +29,7 @@ MxColorScroll::MxColorScroll(Engine& engine)
                     fields({slSpeed, row({directionLabel, row(richtung.controls()), space()}),
                             fadeMode, beatControl}),
                     row({space(), OK})}));
-  bindSlider(slSpeed, &Effect::speed, [this] { setStepInterval(); });
+  bindSlider(slSpeed, &Effect::speed, [this] { setStepInterval(deck(), kSlowCurve); });
   richtung.onClick = [this](int index) { richtung_Click(index); };
   fadeMode.onClick = [this] { fadeMode_Click(); };
   beatControl.onClick = [this] { beatControl_Click(); };
@@ -42,13 +42,9 @@ void MxColorScroll::fill() {
   myName.setText(effect().name);
   fillList(effect().itemWidths);
   if (effect().speed == 0) effect().speed = kDefaultSpeed;
-  engine_.dialogs->colorChange.slSpeed.setValue(effect().speed);
+  engine_.desktop.get<MxColorChange>().slSpeed.setValue(effect().speed);
   fadeMode.setValue(effect().scrollFadeMode);
   beatControl.setValue(effect().beatControl);
-}
-
-void MxColorScroll::setStepInterval() {
-  deck().timer1.setInterval(stepInterval(kIntervalFactor, effect().speed));
 }
 
 void MxColorScroll::updateColorList2() {
@@ -59,8 +55,7 @@ void MxColorScroll::updateColorList2() {
   std::int16_t& index = deck().colorIndex;
   if (index == -1 || index > deck().steps || index > deck().scrollLength) index = 0;
   if (effect().colorCount < 2 || beatControl.checked()) return;
-  setStepInterval();
-  deck().timer1.enable();
+  runStepTimer(deck(), kSlowCurve);
 }
 
 void MxColorScroll::richtung_Click(int index) {

@@ -23,7 +23,6 @@ class MxColorScroll : public ColorListDialog {
   void takeList() override { updateColorList2(); }
 
  private:
-  void setStepInterval();
   void richtung_Click(int index);
   void fadeMode_Click();
 };

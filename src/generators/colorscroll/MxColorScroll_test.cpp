@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "generators/colorchange/MxColorChange.h"
 #include "generators/colorscroll/ColorScrollCode.h"
 #include "platform/Failure.h"
 #include "testing/ColorEffects.h"
@@ -30,8 +31,8 @@ class ColorScrollDialog : public ColorEffectsOnDecks<kColorScroll> {
     return indices;
   }
 
-  MxColorScroll& dialog = plugin.dialogs.colorScroll;
-  Slider& otherSpeed = plugin.dialogs.colorChange.slSpeed;
+  MxColorScroll& dialog = plugin.window<MxColorScroll>();
+  Slider& otherSpeed = plugin.window<MxColorChange>().slSpeed;
 };
 
 KORVANE_BOTH_DECKS(ColorScrollDialog);

@@ -13,12 +13,8 @@ std::uint8_t flameComponent(double value);
 /// One step of the Fire effect: repaints one cell in three. On deck B kOverflow for a grid with
 /// more cells than its 16-bit count.
 void fireTick(Engine& engine, Deck& deck);
-inline void fireTickA(Engine& engine) { fireTick(engine, engine.v.A); }
-inline void fireTickB(Engine& engine) { fireTick(engine, engine.v.B); }
 
 /// One step of the Fluid effect: the picture moves one cell and a fresh line enters behind it.
 void fluidTick(Engine& engine, Deck& deck);
-inline void fluidTickA(Engine& engine) { fluidTick(engine, engine.v.A); }
-inline void fluidTickB(Engine& engine) { fluidTick(engine, engine.v.B); }
 
 }  // namespace korvane

@@ -1,7 +1,7 @@
 #include "generators/fireandwater/MxFire.h"
 
 #include "generators/fireandwater/FireAndWaterCode.h"
-#include "generators/kit/CellWise.h"
+#include "generators/kit/StepCurves.h"
 
 namespace korvane {
 
@@ -19,7 +19,7 @@ MxFire::MxFire(Engine& engine)
   bindColor(Color1, &Effect::color1, burn);
   bindColor(Color2, &Effect::color2, burn);
   bindSlider(slIntensity, &Effect::amount);
-  bindSlider(slSpeed, &Effect::speed, [this] { setStepInterval(deck()); });
+  bindSlider(slSpeed, &Effect::speed, [this] { setStepInterval(deck(), kFastCurve); });
 }
 
 void MxFire::fill() {

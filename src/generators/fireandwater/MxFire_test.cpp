@@ -19,7 +19,7 @@ class FireDialog : public CellEffects {
     click(plugin.dialogs.mixer.Bok);
   }
 
-  MxFire& dialog = plugin.dialogs.fire;
+  MxFire& dialog = plugin.window<MxFire>();
 };
 KORVANE_BOTH_DECKS(FireDialog);
 

@@ -2,6 +2,7 @@
 
 #include "generators/fireandwater/FireAndWaterCode.h"
 #include "generators/kit/CellWise.h"
+#include "generators/kit/StepCurves.h"
 
 namespace korvane {
 
@@ -25,7 +26,7 @@ MxWater::MxWater(Engine& engine)
   bindColor(Color1, &Effect::color1, {});
   bindColor(Color2, &Effect::color2, {});
   bindSlider(slIntensity, &Effect::amount);
-  bindSlider(slSpeed, &Effect::speed, [this] { setStepInterval(deck()); });
+  bindSlider(slSpeed, &Effect::speed, [this] { setStepInterval(deck(), kFastCurve); });
   richtung.onClick = [this](int index) { richtung_Click(index); };
 }
 

@@ -19,7 +19,7 @@ class WaterDialog : public CellEffects {
       EXPECT_EQ(dialog.richtung.button(index).pressed(), index == direction) << index;
   }
 
-  MxWater& dialog = plugin.dialogs.water;
+  MxWater& dialog = plugin.window<MxWater>();
 };
 KORVANE_BOTH_DECKS(WaterDialog);
 

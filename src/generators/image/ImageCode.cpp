@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <utility>
 
+#include "generators/kit/StepCurves.h"
 #include "output/Preview.h"
 #include "platform/Numbers.h"
 #include "platform/TextFile.h"
@@ -11,7 +12,6 @@
 namespace korvane {
 namespace {
 
-constexpr double kSlowCurve = 0.8;
 constexpr int kStillDirection = 9;
 
 // The sizes between which an image travels, in pixels, and the offset that `amount` makes of the
@@ -176,8 +176,7 @@ void showWindow(Variablen& v, Deck& deck) {
                           deck.imagePosX, deck.imagePosY);
   deck.mini.touched();
   if (effect.direction <= 0 || effect.direction == kStillDirection || effect.speed <= 0) return;
-  deck.timer1.setInterval(stepInterval(kSlowCurve, effect.speed));
-  deck.timer1.enable();
+  runStepTimer(deck, kSlowCurve);
 }
 
 }  // namespace
@@ -228,8 +227,7 @@ void sampleMini(Engine& engine, Deck& deck) {
     for (int row = 0; row < engine.v.matrixRows; ++row)
       deck.frame.at(col, row) = colorParts(mini.pixel(col, row));
   }
-  drawMatrix(engine, deck);
-  if (mixIsFree(engine, kSlowFadeFrame)) mixAndDraw(engine);
+  publishBetweenSteps(engine, deck);
 }
 
 void moveImage(Engine& engine, Deck& deck) {

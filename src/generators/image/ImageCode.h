@@ -19,30 +19,20 @@ bool loadImage(Engine& engine, Deck& deck, const std::string& path);
 /// Puts the window onto the image at the start of its travel; a direction that doesn't exist leaves
 /// it where it is. kOverflow if the image is wider than 16 bits tell.
 void placeImage(Engine& engine, Deck& deck);
-inline void placeImageA(Engine& engine) { placeImage(engine, engine.v.A); }
-inline void placeImageB(Engine& engine) { placeImage(engine, engine.v.B); }
 
 /// Makes the deck's mini picture of the image, arms the travel, and samples it. An empty list shows
 /// a message and turns the deck black.
 void prepareImage(Engine& engine, Deck& deck);
-inline void prepareImageA(Engine& engine) { prepareImage(engine, engine.v.A); }
-inline void prepareImageB(Engine& engine) { prepareImage(engine, engine.v.B); }
 
 /// Reads the mini picture into the deck's frame and publishes it.
 void sampleMini(Engine& engine, Deck& deck);
-inline void sampleMiniA(Engine& engine) { sampleMini(engine, engine.v.A); }
-inline void sampleMiniB(Engine& engine) { sampleMini(engine, engine.v.B); }
 
 /// A tick of the step timer: moves the window by one pixel, copies it and samples it.
 void moveImage(Engine& engine, Deck& deck);
-inline void moveImageA(Engine& engine) { moveImage(engine, engine.v.A); }
-inline void moveImageB(Engine& engine) { moveImage(engine, engine.v.B); }
 
 /// A tick of the sequence timer, which the tick has turned off: the next image of the list. A file
 /// that has gone shows a message and ends the sequence.
 void nextImage(Engine& engine, Deck& deck);
-inline void nextImageA(Engine& engine) { nextImage(engine, engine.v.A); }
-inline void nextImageB(Engine& engine) { nextImage(engine, engine.v.B); }
 
 /// Sets the sequence timer to the time of an image, in seconds in the record, and turns it on.
 void holdImage(Deck& deck, int index);

@@ -289,7 +289,7 @@ TEST_P(ImageShow, AMiniPictureSmallerThanTheMatrixLeavesTheRestBlack) {
   expectPicture(deck.frame, {"RG.", "..."});
 }
 
-TEST_P(ImageCode, ARelativePathMeansAPictureOfTheShowOrElseOneOfTheSystem) {
+TEST_P(ImageShow, ARelativePathMeansAPictureOfTheShowOrElseOneOfTheSystem) {
   std::filesystem::create_directory(folder + "/slides");
   writeFile(folder + "/slides/a.bmp", "BM");
   EXPECT_EQ(std::filesystem::path(pictureFile("slides/a.bmp", folder)),

@@ -1,15 +1,14 @@
 #include "generators/image/MxImageForm.h"
 
-#include "generators/Dialogs.h"
+#include "generators/Effects.h"
 #include "generators/image/ImageCode.h"
+#include "generators/kit/StepCurves.h"
 #include "platform/Numbers.h"
-#include "state/EffectFields.h"
 
 namespace korvane {
 namespace {
 
 constexpr int kLastDirection = 8;
-constexpr double kSlowCurve = 0.8;
 
 }  // namespace
 
@@ -25,14 +24,15 @@ MxImageForm::MxImageForm(Engine& engine)
               {.caption = "Slow - Fast", .toolTip = "how fast it travels", .label = "Speed :"}),
       slOffset("slOffset",
                {.toolTip = "where it starts, in per cent of the spare width", .label = "Offset :"}),
-      Cancel("Cancel", {.caption = "Cancel", .toolTip = "put the effect back as it was"}) {
+      Cancel("Cancel", {.caption = "Cancel", .toolTip = "put the effect back as it was"}),
+      imageList(engine) {
   add({&myName, &BImage, &PStretch, &PTile});
   add(richtung.controls());
   add({&Slider1, &slOffset, &OK, &Cancel});
   setLayout(
       column({fields({myName}), row({BImage, space(), PStretch, PTile}), row(richtung.controls()),
               fields({Slider1, slOffset}), space(), row({space(), OK, Cancel})}));
-  BImage.onClick = [this] { engine_.dialogs->imageList.open(); };
+  BImage.onClick = [this] { imageList.open(); };
   PStretch.onClick = [this] { PStretch_Click(); };
   PTile.onClick = [this] { PTile_Click(); };
   richtung.onClick = [this](int index) { richtung_Click(index); };
@@ -78,7 +78,7 @@ void MxImageForm::richtung_Click(int index) {
 
 void MxImageForm::Slider1_Change() {
   effect().speed = toInt16(Slider1.value());
-  deck().timer1.setInterval(stepInterval(kSlowCurve, effect().speed));
+  setStepInterval(deck(), kSlowCurve);
 }
 
 void MxImageForm::slOffset_Change() {
@@ -92,6 +92,11 @@ void MxImageForm::OK_Click() {
   effect().amount = toInt16(slOffset.value());
   if (effect().imageCount > 1) holdImage(deck(), 0);
   restart();
+}
+
+void MxImageForm::commit() {
+  imageList.commit();
+  EffectDialog::commit();
 }
 
 // As in the Color dialog, the backup of deck A is never filled: Cancel there empties the list of

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "generators/image/MxImageList.h"
 #include "generators/kit/DirectionButtons.h"
 #include "generators/kit/EffectDialog.h"
 
@@ -10,12 +11,16 @@ class MxImageForm : public EffectDialog {
  public:
   explicit MxImageForm(Engine& engine);
   void OK_Click() override;
+  /// The list of pictures is committed with it.
+  void commit() override;
+  std::vector<Form*> windows() override { return {&imageList}; }
 
   Button BImage;
   CheckBox PStretch, PTile;
   DirectionButtons richtung;
   Slider Slider1, slOffset;
   Button Cancel;
+  MxImageList imageList;
 
  protected:
   void fill() override;

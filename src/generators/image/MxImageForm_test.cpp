@@ -1,6 +1,6 @@
 #include "generators/image/MxImageForm.h"
 
-#include "generators/Dialogs.h"
+#include "generators/image/MxImageList.h"
 #include "testing/ImageTest.h"
 
 namespace korvane {
@@ -23,7 +23,7 @@ class ImageDialog : public ImageTest {
   }
   bool direct(int index) { return click(form.richtung.button(index)); }
 
-  MxImageForm& form = plugin.dialogs.image;
+  MxImageForm& form = plugin.window<MxImageForm>();
   std::string wide_;
 };
 KORVANE_BOTH_DECKS(ImageDialog);
@@ -199,15 +199,15 @@ TEST_P(ImageDialog, CancelOnTheLeftEndsARunningShowQuietly) {
 TEST_P(ImageDialog, ItsListClosesWhenAnEffectIsOpened) {
   edit();
   ASSERT_TRUE(click(form.BImage));
-  EXPECT_TRUE(plugin.dialogs.imageList.visible());
-  EXPECT_FALSE(plugin.dialogs.imageList.modal());
+  EXPECT_TRUE(plugin.window<MxImageList>().visible());
+  EXPECT_FALSE(plugin.window<MxImageList>().modal());
   edit();
-  EXPECT_FALSE(plugin.dialogs.imageList.visible());
+  EXPECT_FALSE(plugin.window<MxImageList>().visible());
 }
 
 TEST_P(ImageDialog, EveryControlSaysWhatItIsFor) {
   for (const Form* window :
-       {static_cast<const Form*>(&form), static_cast<const Form*>(&plugin.dialogs.imageList)}) {
+       {static_cast<const Form*>(&form), static_cast<const Form*>(&plugin.window<MxImageList>())}) {
     for (const Control* control : window->controls())
       EXPECT_NE(control->look().toolTip, "") << control->name();
   }

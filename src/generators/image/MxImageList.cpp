@@ -4,11 +4,11 @@
 #include <utility>
 #include <vector>
 
+#include "generators/Effects.h"
 #include "generators/image/ImageCode.h"
 #include "generators/kit/NumberCell.h"
 #include "platform/Numbers.h"
 #include "platform/Text.h"
-#include "state/EffectFields.h"
 
 namespace korvane {
 namespace {

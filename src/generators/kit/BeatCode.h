@@ -6,8 +6,6 @@ namespace korvane {
 
 /// One beat of the host: one step of a beat-driven effect.
 void beatStep(Engine& engine, Deck& deck);
-inline void beatStepA(Engine& engine) { beatStep(engine, engine.v.A); }
-inline void beatStepB(Engine& engine) { beatStep(engine, engine.v.B); }
 
 /// Makes the deck's effect follow the beat: both timers stop, and the sequence timer gets the
 /// interval within which beats are dropped. Or makes it step by time again; to start the step timer

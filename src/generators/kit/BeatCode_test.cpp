@@ -1,6 +1,8 @@
 #include "generators/kit/BeatCode.h"
 
+#include "generators/Effects.h"
 #include "generators/colorchange/ColorChangeCode.h"
+#include "generators/colorchange/MxColorChange.h"
 #include "generators/colorscroll/ColorScrollCode.h"
 #include "generators/ticker/TickerCode.h"
 #include "testing/CellEffects.h"
@@ -118,7 +120,7 @@ TEST_P(Beats, AreIgnoredByAnEffectOfAnotherType) {
   for (std::int16_t type : {kColor, kGradient, kPaint, kImage, kFire, kFluid}) {
     effect().type = type;
     beat();
-    EXPECT_FALSE(deck.timer2.enabled()) << kEffectTypeNames.at(static_cast<std::size_t>(type));
+    EXPECT_FALSE(deck.timer2.enabled()) << kindOf(type)->name;
     EXPECT_TRUE(deck.beatOn) << "the deck goes on listening";
     EXPECT_EQ(takeFailure(), 0);
   }
@@ -189,7 +191,7 @@ TEST_P(Beats, WakeATransitionThatBeatControlStopped) {
   deck.timer1.enable();
   choose(deck.type, kColorChange);
   click(panel.edit);
-  MxColorChange& dialog = plugin.dialogs.colorChange;
+  MxColorChange& dialog = plugin.window<MxColorChange>();
   choose(dialog.cbFadeMode, 6);  // "ScrollDown"
   advance(1000 + 2 * 250);
   expectPicture(deck.frame, kHalfDone);

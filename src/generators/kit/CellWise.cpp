@@ -13,10 +13,6 @@ void pull(Engine& engine, Deck& deck, int col, int row, int fromCol, int fromRow
 
 }  // namespace
 
-void setStepInterval(Deck& deck) {
-  deck.timer1.setInterval(stepInterval(0.4, deck.effect().speed));
-}
-
 void setCell(Engine& engine, Deck& deck, int col, int row, const Rgb& color, Noted noted) {
   deck.frame.at(col, row) = color;
   Rgb& before = deck.frameWork.at(col, row);

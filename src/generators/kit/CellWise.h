@@ -11,9 +11,6 @@ namespace korvane {
 /// The directions in which Fluid and Ticker move.
 enum StraightDirection : std::int16_t { kUp = 1, kLeft = 3, kDown = 5, kRight = 7 };
 
-/// Sets the interval of the step timer by the effect's speed: 50 ms at 100, 4050 ms at 0.
-void setStepInterval(Deck& deck);
-
 /// Which components of a published cell are noted in `frameWork`.
 enum class Noted { All, RedAlone };
 

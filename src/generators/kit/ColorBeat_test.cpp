@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "generators/colorchange/MxColorChange.h"
 #include "testing/ColorEffects.h"
 
 namespace korvane {
@@ -15,7 +16,7 @@ class ColorChangeOnBeat : public ColorEffectsOnDecks<kColorChange> {
     start();
     ASSERT_TRUE(edit());
   }
-  void switchBeat() { toggle(plugin.dialogs.colorChange.beatControl); }
+  void switchBeat() { toggle(plugin.window<MxColorChange>().beatControl); }
 };
 
 KORVANE_BOTH_DECKS(ColorChangeOnBeat);

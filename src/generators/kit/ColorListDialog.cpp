@@ -1,8 +1,9 @@
 #include "generators/kit/ColorListDialog.h"
 
-#include "generators/Dialogs.h"
 #include "generators/color/ColorCode.h"
 #include "generators/kit/BeatCode.h"
+#include "generators/kit/MxColorMixer.h"
+#include "generators/kit/StepCurves.h"
 #include "platform/Numbers.h"
 
 namespace korvane {
@@ -61,7 +62,8 @@ double ColorListDialog::numberOf(int entry) const {
 }
 
 // A colour that is clicked shows on the deck, and the effect goes on from there after the time that
-// the record holds for it. A Color Scroll's record has none: the colour stands until OK. Meant.
+// the record holds for it. A Color Scroll's record has none: the colour stands until OK
+// (docs/kept.md, scroll-click).
 void ColorListDialog::ColorList_Click(int entry, int col) {
   if (col == kNumberColumn) {
     ColorList.beginEdit(entry, col);
@@ -81,7 +83,7 @@ void ColorListDialog::ColorList_Click(int entry, int col) {
 // `pickedColorBefore` is not set: a mixer left with Cancel adds the colour of its previous use
 // (docs/kept.md, mixer-cancel).
 void ColorListDialog::addColor_Click() {
-  engine_.dialogs->mixer.open(0, [this](Color picked) {
+  engine_.desktop.get<MxColorMixer>().open(0, [this](Color picked) {
     ColorList.add(kColorBar, {numbers_.firstText}, picked);
     takeList();
   });

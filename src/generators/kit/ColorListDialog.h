@@ -4,10 +4,10 @@
 #include <string>
 #include <vector>
 
+#include "generators/Effects.h"
 #include "generators/kit/EffectDialog.h"
 #include "generators/kit/NumberCell.h"
 #include "platform/ListView.h"
-#include "state/EffectFields.h"
 
 namespace korvane {
 

@@ -4,6 +4,8 @@
 
 #include <tuple>
 
+#include "generators/colorchange/MxColorChange.h"
+#include "generators/colorscroll/MxColorScroll.h"
 #include "platform/Failure.h"
 #include "testing/ColorEffects.h"
 
@@ -58,8 +60,8 @@ class ColorList : public ColorEffects,
 
   Deck& other = isB() ? v.A : v.B;
   const bool isChange = std::get<0>(GetParam()) == kColorChange;
-  ColorListDialog& dialog = isChange ? static_cast<ColorListDialog&>(plugin.dialogs.colorChange)
-                                     : plugin.dialogs.colorScroll;
+  ColorListDialog& dialog = isChange ? static_cast<ColorListDialog&>(plugin.window<MxColorChange>())
+                                     : plugin.window<MxColorScroll>();
 };
 
 INSTANTIATE_TEST_SUITE_P(Dialog, ColorList,

@@ -45,6 +45,10 @@ void EffectDialog::OK_Click() {
   engine_.desktop.hide(*this);
 }
 
+void EffectDialog::commit() {
+  if (visible()) OK_Click();
+}
+
 void EffectDialog::bindColor(ColorBox& box, Color Effect::*field, std::function<void()> then) {
   box.onClick = [this, &box, field, then = std::move(then)] {
     pickColor(engine_, box.backColor(), [this, &box, field, then](Color picked) {

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <functional>
 #include <string>
+#include <vector>
 
 #include "platform/Controls.h"
 #include "platform/Form.h"
@@ -17,6 +19,12 @@ class EffectDialog : public Form {
   void open();
   /// Marks the slot as edited, writes the name to the list's current row and to the record, hides.
   virtual void OK_Click();
+  /// Another effect is about to be edited: takes what an open dialog holds.
+  virtual void commit();
+  /// The matrix has another size.
+  virtual void gridChanged() {}
+  /// The windows that open from this one alone.
+  virtual std::vector<Form*> windows() { return {}; }
 
   TextBox myName;
   Button OK;

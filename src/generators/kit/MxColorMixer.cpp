@@ -1,6 +1,5 @@
 #include "generators/kit/MxColorMixer.h"
 
-#include "generators/Dialogs.h"
 #include "platform/Numbers.h"
 
 namespace korvane {
@@ -93,7 +92,7 @@ void MxColorMixer::open(Color start, std::function<void(Color)> picked) {
 
 void pickColor(Engine& engine, Color before, std::function<void(Color)> picked) {
   engine.v.pickedColorBefore = before;
-  engine.dialogs->mixer.open(before, std::move(picked));
+  engine.desktop.get<MxColorMixer>().open(before, std::move(picked));
 }
 
 }  // namespace korvane

@@ -22,7 +22,7 @@ class MxPaintForm : public EffectDialog {
   void drawPaint();
   /// The grid has another size: redraws `Bild`. The deck keeps its frame, which the change cleared,
   /// until something plays.
-  void gridChanged();
+  void gridChanged() override;
 
   PictureBox Bild;
   ColorBox PColor;

@@ -10,7 +10,5 @@ void paintPicture(Engine& engine, Deck& deck);
 
 /// The same, published.
 void renderPaint(Engine& engine, Deck& deck);
-inline void renderPaintA(Engine& engine) { renderPaint(engine, engine.v.A); }
-inline void renderPaintB(Engine& engine) { renderPaint(engine, engine.v.B); }
 
 }  // namespace korvane

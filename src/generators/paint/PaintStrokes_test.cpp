@@ -8,7 +8,6 @@
 #include <random>
 #include <sstream>
 
-#include "generators/Dialogs.h"
 #include "generators/paint/MxPaintForm.h"
 #include "testing/TestPlugin.h"
 
@@ -182,7 +181,7 @@ class PaintStrokes : public TestDecks {
     }
   }
 
-  MxPaintForm& form = plugin.dialogs.paint;
+  MxPaintForm& form = plugin.window<MxPaintForm>();
 };
 KORVANE_BOTH_DECKS(PaintStrokes);
 

@@ -5,6 +5,7 @@
 
 #include "generators/kit/BeatCode.h"
 #include "generators/kit/CellWise.h"
+#include "generators/kit/StepCurves.h"
 #include "generators/ticker/TickerCode.h"
 
 namespace korvane {
@@ -53,7 +54,7 @@ void MxTickerForm::bindEvents() {
   myTicker.onChange = [this] { myTicker_Change(); };
   bindColor(Color1, &Effect::color1, [this] { build(); });
   bindColor(Color2, &Effect::color2, [this] { build(); });
-  bindSlider(slSpeed, &Effect::speed, [this] { setStepInterval(deck()); });
+  bindSlider(slSpeed, &Effect::speed, [this] { setStepInterval(deck(), kFastCurve); });
   slOffset.onChange = [this] { slOffset_Change(); };
   richtung.onClick = [this](int index) { richtung_Click(index); };
   Beat.onClick = [this] { Beat_Click(); };

@@ -39,7 +39,7 @@ class TickerDialog : public CellEffects {
     click(panel.edit);
   }
 
-  MxTickerForm& dialog = plugin.dialogs.ticker;
+  MxTickerForm& dialog = plugin.window<MxTickerForm>();
 };
 KORVANE_BOTH_DECKS(TickerDialog);
 

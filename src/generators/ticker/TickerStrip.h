@@ -19,19 +19,5 @@ void buildTickerStrip(Deck& deck);
 /// and one more.
 void tickerDrawGlyph(Deck& deck, std::int32_t x0, std::int32_t y0, std::int16_t glyph);
 void tickerDrawGlyphMirrored(Deck& deck, std::int32_t x0, std::int32_t y0, std::int16_t glyph);
-inline void tickerDrawGlyphA(Engine& engine, std::int32_t x0, std::int32_t y0, std::int16_t glyph) {
-  tickerDrawGlyph(engine.v.A, x0, y0, glyph);
-}
-inline void tickerDrawGlyphB(Engine& engine, std::int32_t x0, std::int32_t y0, std::int16_t glyph) {
-  tickerDrawGlyph(engine.v.B, x0, y0, glyph);
-}
-inline void tickerDrawGlyphMirroredA(Engine& engine, std::int32_t x0, std::int32_t y0,
-                                     std::int16_t glyph) {
-  tickerDrawGlyphMirrored(engine.v.A, x0, y0, glyph);
-}
-inline void tickerDrawGlyphMirroredB(Engine& engine, std::int32_t x0, std::int32_t y0,
-                                     std::int16_t glyph) {
-  tickerDrawGlyphMirrored(engine.v.B, x0, y0, glyph);
-}
 
 }  // namespace korvane

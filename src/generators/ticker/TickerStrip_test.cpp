@@ -259,11 +259,9 @@ TEST_P(TickerStrip, AnImpossibleFontEndsTheBuild) {
 
 TEST_P(TickerStrip, ThePaintersOfBothDecksPaintOnTheirOwnStrip) {
   ASSERT_TRUE(build("i", 3));
-  const auto plain = deck.isB() ? tickerDrawGlyphB : tickerDrawGlyphA;
-  const auto flipped = deck.isB() ? tickerDrawGlyphMirroredB : tickerDrawGlyphMirroredA;
-  plain(engine, 1, 0, 51);  // an l
+  tickerDrawGlyph(deck, 1, 0, 51);  // an l
   expectPicture(deck.tickerStrip, {"WWB", "BWB", "WWB", "WWB", "WWB"});
-  flipped(engine, 0, 0, 51);
+  tickerDrawGlyphMirrored(deck, 0, 0, 51);
   expectPicture(deck.tickerStrip, {"BWB", "BWB", "BWB", "BWB", "BWB"});
 }
 

@@ -2,6 +2,9 @@
 
 #include <vector>
 
+#include "generators/image/MxImageForm.h"
+#include "generators/image/MxImageList.h"
+
 namespace korvane {
 namespace {
 
@@ -112,17 +115,16 @@ void DemoShow::setEffect(Effect& effect, const Row& row) {
 }
 
 Form* DemoShow::openDialog(int row) {
-  EffectDialog* dialog =
-      plugin_.dialogs.byType.at(leftRows().at(static_cast<std::size_t>(row)).type);
-  if (dialog == nullptr) return nullptr;
+  const std::int16_t type = leftRows().at(static_cast<std::size_t>(row)).type;
+  Form* dialog = plugin_.dialogs.byType.at(static_cast<std::size_t>(type)).get();
   gate_([&] { plugin_.engine.v.A.efxList.click(row, 0); });
   gate_([&] { plugin_.matrixForm.panelA.edit.click(); });
   return dialog;
 }
 
 Form& DemoShow::openImageList() {
-  MxImageList& list = plugin_.dialogs.imageList;
-  gate_([this] { plugin_.dialogs.image.BImage.click(); });
+  MxImageList& list = plugin_.window<MxImageList>();
+  gate_([this] { plugin_.window<MxImageForm>().BImage.click(); });
   gate_([&list] { list.myImageList.click(1, 0); });
   return list;
 }

@@ -8,6 +8,7 @@
 #include <set>
 #include <vector>
 
+#include "generators/image/MxImageForm.h"
 #include "tools/demo/DemoShow.h"
 #include "views/win32/View.h"
 #include "views/win32/machine/WinPlatform.h"
@@ -89,7 +90,7 @@ class Photographer {
     Form* dialog = show_.openDialog(row);
     if (dialog == nullptr) return;
     save(*dialog, dialog->name());
-    if (dialog == &plugin_.dialogs.image) takeImageList();
+    if (dialog == &plugin_.window<MxImageForm>()) takeImageList();
     run([&] { plugin_.engine.desktop.close(*dialog); });
   }
 

@@ -6,7 +6,10 @@
 #include <QDir>
 #include <QThread>
 #include <cstdio>
+#include <utility>
 
+#include "generators/Effects.h"
+#include "generators/image/MxImageForm.h"
 #include "hosts/desk/DeskWindow.h"
 #include "tools/demo/DemoShow.h"
 #include "views/qt/machine/QtPlatform.h"
@@ -42,7 +45,7 @@ class Photographer {
     save(view_.window(plugin_.matrixForm), "main-window");
     taken_ << qt::text(plugin_.matrixForm.name());
     save(desk_, "desk");
-    for (int row = 0; row < kEffectTypes; ++row) takeDialog(row);
+    for (int row = 0; std::cmp_less(row, kinds().size()); ++row) takeDialog(row);
     show_.mixOrange();
     takeFullScreen();
     for (Form* form : plugin_.engine.desktop.forms()) takeForm(*form);
@@ -54,7 +57,7 @@ class Photographer {
     Form* dialog = show_.openDialog(row);
     if (dialog == nullptr) return;
     save(view_.window(*dialog), dialog->name());
-    if (dialog == &plugin_.dialogs.image) takeImageList();
+    if (dialog == &plugin_.window<MxImageForm>()) takeImageList();
     gate_.run([&] { plugin_.engine.desktop.close(*dialog); });
   }
 

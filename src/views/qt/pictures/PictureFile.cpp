@@ -11,7 +11,7 @@
 namespace korvane {
 namespace {
 
-constexpr int kMostMegabytes = 80;  // kMostPicturePixels of 4 bytes, and some to spare
+constexpr int kMostMegabytes = 160;  // kMostPicturePixels of 8 bytes, and some to spare
 
 void require(bool well, const std::string& path, const std::string& reason) {
   if (!well) throw Failure(kInvalidPicture, path + ": " + reason);
@@ -69,6 +69,16 @@ QSize sizeWithinIco(const QString& name, int index) {
   return {qFromLittleEndian<qint32>(at + 4), qFromLittleEndian<qint32>(at + 8) / 2};
 }
 
+// The screen on which the frames of a gif file are laid; the reader may tell no size before it has
+// taken the memory for that.
+QSize screenOfGif(const QString& name) {
+  QFile file(name);
+  const QByteArray head = file.open(QIODevice::ReadOnly) ? file.read(10) : QByteArray();
+  if (head.size() < 10) return {};
+  return {qFromLittleEndian<quint16>(head.constData() + 6),
+          qFromLittleEndian<quint16>(head.constData() + 8)};
+}
+
 // The reader takes a bmp file whose pixels end too early for a whole one.
 void requireWholeBmp(const QString& name, const std::string& path) {
   constexpr int kHead = 54;
@@ -104,6 +114,7 @@ Raster readPicture(const std::string& path) {
   reader.setDecideFormatFromContent(true);
   requireKind(reader, path);
   if (reader.format() == "ico") requireSize(sizeWithinIco(name, goToLargest(reader)), path);
+  if (reader.format() == "gif") requireSize(screenOfGif(name), path);
   if (reader.format() == "jpeg" || reader.format() == "jpg") {
     reduce(reader, path);
   } else {

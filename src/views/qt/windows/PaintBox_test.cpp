@@ -2,7 +2,7 @@
 
 #include <QTest>
 
-#include "generators/Dialogs.h"
+#include "generators/paint/MxPaintForm.h"
 #include "testing/Drawing.h"
 #include "testing/TestPlugin.h"
 #include "views/qt/machine/LoopGate.h"
@@ -50,7 +50,7 @@ class PaintWindow : public TestDecks {
   }
   QImage seen() { return on(form.Bild).grab().toImage().convertToFormat(QImage::Format_RGB32); }
 
-  MxPaintForm& form = plugin.dialogs.paint;
+  MxPaintForm& form = plugin.window<MxPaintForm>();
   LoopGate gate{platform, engine.timers};
   DesktopView view{engine.desktop, gate, plugin.matrixForm};
 };

@@ -11,6 +11,8 @@
 #include <QTest>
 #include <QTreeView>
 
+#include "generators/color/MxColorForm.h"
+#include "generators/colorchange/MxColorChange.h"
 #include "testing/ShownChoices.h"
 #include "views/qt/machine/LoopGate.h"
 #include "views/qt/testing/Settle.h"
@@ -73,7 +75,7 @@ TEST_F(Windows, AnAutomaticFadeRunsByTheClock) {
 
 TEST_F(Windows, TheModalMixerReturnsAColour) {
   press(plugin.matrixForm.panelA.edit);
-  MxColorForm& dialog = plugin.dialogs.color;
+  MxColorForm& dialog = plugin.window<MxColorForm>();
   ASSERT_TRUE(dialog.visible());
   press(dialog.Color);
   MxColorMixer& mixer = plugin.dialogs.mixer;
@@ -88,7 +90,7 @@ TEST_F(Windows, TheModalMixerReturnsAColour) {
 
 TEST_F(Windows, TheMixersFrameClosesItAsCancelDoes) {
   press(plugin.matrixForm.panelA.edit);
-  press(plugin.dialogs.color.Color);
+  press(plugin.window<MxColorForm>().Color);
   QTest::keyClick(&inside<QSlider>(plugin.dialogs.mixer.Sgreen), Qt::Key_End);
   view.window(plugin.dialogs.mixer).close();
   EXPECT_FALSE(plugin.dialogs.mixer.visible());
@@ -172,7 +174,7 @@ TEST_F(Windows, NoTextOfAButtonIsCutOff) {
 }
 
 TEST_F(Windows, SlidersBelowEachOtherBeginAtTheSamePlace) {
-  MxColorChange& dialog = plugin.dialogs.colorChange;
+  MxColorChange& dialog = plugin.window<MxColorChange>();
   gate.run([&] { engine.desktop.show(dialog); });
   const auto& speed = inside<QSlider>(dialog.slSpeed);
   const auto& fade = inside<QSlider>(dialog.slFade);
