@@ -11,7 +11,13 @@ void LampFeed::endOfPass(const Variablen& v) {
   if (v.frameM.cols() != v.channelMap.codes().cols() ||
       v.frameM.rows() != v.channelMap.codes().rows())
     return;
-  outputs.show(patch_.take(v.frameM));
+  taken_ = patch_.take(v.frameM);
+  outputs.show(stage_.pass(taken_, levels_));
+}
+
+void LampFeed::setLevels(const WallLevels& levels) {
+  levels_ = levels;
+  outputs.show(stage_.pass(taken_, levels_));
 }
 
 std::vector<std::string> LampFeed::news() {

@@ -5,7 +5,7 @@
 
 #include "desk/network/ErrorNews.h"
 #include "desk/output/Outputs.h"
-#include "desk/wall/WallPicture.h"
+#include "desk/wall/WallLevels.h"
 #include "state/Variablen.h"
 
 namespace korvane {
@@ -30,6 +30,10 @@ class LampFeed {
   /// Takes the picture of a pass that was announced, and hands it on.
   void endOfPass(const Variablen& v);
 
+  const WallLevels& levels() const { return levels_; }
+  /// Grand master, blackout and freeze, on what stands on the wall at once.
+  void setLevels(const WallLevels& levels);
+
   /// What is to be told of the outputs now: each problem once, and once that it works again.
   std::vector<std::string> news();
 
@@ -38,6 +42,9 @@ class LampFeed {
  private:
   bool announced_ = false;
   Patch patch_;
+  WallPicture taken_;
+  WallLevels levels_;
+  LevelStage stage_;
   std::vector<ErrorNews> news_;
 };
 

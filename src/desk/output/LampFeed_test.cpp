@@ -130,6 +130,29 @@ TEST_F(LampFeeds, AnotherMapIsFollowedAndNegativeCodesNameNoLamp) {
   EXPECT_TRUE(wall.shows(wanted()));
 }
 
+TEST_F(LampFeeds, LevelsActAtOnceOnWhatLeaves) {
+  feed.outputs.add(parseOutput("sacn:1-15@127.0.0.1:" + std::to_string(wall.port) + ",rate=1000"))
+      .switchOn();
+  paint(1);
+  feed.announce();
+  feed.endOfPass(v);
+  const WallPicture lit = wanted();
+  EXPECT_TRUE(wall.shows(lit));
+  feed.setLevels({.master = 100, .blackout = true, .freeze = false});
+  EXPECT_TRUE(wall.shows({})) << "dark";
+  feed.setLevels({});
+  EXPECT_TRUE(wall.shows(lit));
+  feed.setLevels({.master = 100, .blackout = false, .freeze = true});
+  paint(2);
+  feed.announce();
+  feed.endOfPass(v);
+  EXPECT_EQ(feed.outputs.at(0).newest().universes[0], lit.universe(1)) << "held";
+  feed.setLevels({.master = 100, .blackout = true, .freeze = true});
+  EXPECT_EQ(feed.outputs.at(0).newest().universes[0], Slots{}) << "dark, though held";
+  feed.setLevels({});
+  EXPECT_TRUE(wall.shows(wanted()));
+}
+
 TEST_F(LampFeeds, NewsOfEachOutputAreToldOnce) {
   feed.outputs.add(parseOutput("sacn:4711%nosuchif")).switchOn();
   std::vector<std::string> told;

@@ -24,6 +24,7 @@ std::vector<std::string> placesOf(const OutputConfig& config) {
 
 Output::Output(OutputConfig config, const SenderIdentity& identity, Network& network)
     : config_(std::move(config)), identity_(identity), network_(network) {
+  stage_.setLook(config_.look);
   newest_ = pictureFor(config_, {});
 }
 
@@ -31,9 +32,9 @@ void Output::configure(const OutputConfig& config) {
   if (config == config_) return;
   const bool wasOn = on();
   switchOff();
-  if (config.routes != config_.routes || config.kind != config_.kind)
-    newest_ = pictureFor(config, {});
   config_ = config;
+  stage_.setLook(config_.look);
+  newest_ = pictureFor(config_, stage_.pass(wall_));
   if (wasOn) switchOn();
 }
 
@@ -65,8 +66,9 @@ void Output::switchOff() {
   claims_.clear();
 }
 
-void Output::show(const WallPicture& wall) {
-  OutputPicture picture = pictureFor(config_, wall);
+void Output::show(const LevelledPicture& wall) {
+  wall_ = wall;
+  OutputPicture picture = pictureFor(config_, stage_.pass(wall));
   if (picture == newest_) return;
   newest_ = picture;
   if (!on()) return;

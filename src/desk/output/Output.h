@@ -8,6 +8,7 @@
 
 #include "desk/network/Claim.h"
 #include "desk/output/Sender.h"
+#include "desk/wall/OutputLook.h"
 
 namespace korvane {
 
@@ -32,8 +33,11 @@ class Output {
   /// Begins to end without waiting, so that several outputs end at once; switchOff waits.
   void beginEnd();
 
-  /// The newest picture; an output that is off keeps it for when it is switched on.
-  void show(const WallPicture& wall);
+  /// The newest picture, which the output's curve and white balance make its bytes of; an output
+  /// that is off keeps it for when it is switched on.
+  void show(const LevelledPicture& wall);
+  /// The bytes that are sent, or would be: what a monitor shows.
+  const OutputPicture& newest() const { return newest_; }
 
   OutputFigures figures() const;
   /// For people: the name or what describe says, and the problem if there is one; "off".
@@ -46,6 +50,8 @@ class Output {
   OutputConfig config_;
   const SenderIdentity identity_;
   Network& network_;
+  OutputStage stage_;
+  LevelledPicture wall_;
   OutputPicture newest_;
   std::vector<Claim> claims_;  ///< of the places that are sent to, while on
   std::thread thread_;

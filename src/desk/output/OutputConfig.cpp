@@ -10,6 +10,7 @@
 #include "desk/network/TargetText.h"
 #include "desk/network/Udp.h"
 #include "desk/wall/WallPicture.h"
+#include "platform/Text.h"
 
 namespace korvane {
 namespace {
@@ -94,6 +95,24 @@ bool readSwitch(Text name, Text value) {
   failTarget(std::string(name) + " must be on or off, not " + quotedTarget(value));
 }
 
+double readGamma(Text value) {
+  const std::optional<double> gamma = parseEitherDecimal(value);
+  if (gamma && *gamma >= OutputLook::kLeastGamma && *gamma <= OutputLook::kMostGamma) return *gamma;
+  failTarget("gamma must be a number, 1 to 4, not " + quotedTarget(value));
+}
+
+/// "100/90/80": the shares of red, green and blue.
+std::array<int, 3> readBalance(Text value) {
+  const std::vector<std::string> parts = split(value, '/');
+  if (parts.size() != 3)
+    failTarget("balance must be three shares in percent, as in 100/90/80, not " +
+               quotedTarget(value));
+  std::array<int, 3> balance{};
+  for (std::size_t i = 0; i < balance.size(); ++i)
+    balance[i] = readTargetNumber(parts[i], "share of a colour", 0, 100);
+  return balance;
+}
+
 AtEnd readEnd(Text value) {
   const auto* found = std::ranges::find(kEnds, value, &std::pair<Text, AtEnd>::first);
   if (found != kEnds.end()) return found->second;
@@ -116,6 +135,12 @@ void readSetting(Text setting, OutputConfig& config) {
     config.rate = readTargetNumber(*value, "rate", 1, 1000);
   } else if (setting == "end") {
     config.atEnd = readEnd(*value);
+  } else if (setting == "gamma") {
+    config.look.gamma = readGamma(*value);
+  } else if (setting == "smooth") {
+    config.look.smooth = readSwitch(setting, *value);
+  } else if (setting == "balance") {
+    config.look.balance = readBalance(*value);
   } else if (sacn && setting == "priority") {
     config.priority = readTargetNumber(*value, "priority", 0, 200);
   } else if (sacn && setting == "source") {
@@ -127,7 +152,7 @@ void readSetting(Text setting, OutputConfig& config) {
     config.artSync = readSwitch(setting, *value);
   } else {
     failTarget(std::string(rowOf(config.kind).name) + " has no setting " + quotedTarget(setting) +
-               ", expected rate, end" +
+               ", expected rate, end, gamma, smooth, balance" +
                (sacn     ? ", priority, source, sync"
                 : artnet ? ", sync"
                          : "") +
@@ -247,6 +272,13 @@ std::string outputText(const OutputConfig& config) {
   if (config.artSync) text += ",sync=on";
   for (const auto& [word, end] : kEnds) {
     if (end == config.atEnd && end != usual.atEnd) text += ",end=" + std::string(word);
+  }
+  if (config.look.gamma != usual.look.gamma)
+    text += ",gamma=" + formatGeneral(config.look.gamma, {});
+  if (config.look.smooth) text += ",smooth=on";
+  if (config.look.balance != usual.look.balance) {
+    const auto& [red, green, blue] = config.look.balance;
+    text += ",balance=" + number(red) + "/" + number(green) + "/" + number(blue);
   }
   if (!config.name.empty()) text += ",name=" + config.name;
   return text;

@@ -6,6 +6,8 @@
 #include <string_view>
 #include <vector>
 
+#include "desk/wall/OutputLook.h"
+
 namespace korvane {
 
 enum class OutputKind { Sacn, Artnet, Ddp, Ola };
@@ -36,6 +38,7 @@ struct OutputConfig {
   std::string interface;      ///< Such as "eth0"; empty: the routing table decides.
   int rate = 44;              ///< Most pictures a second, 1 - 1000.
   AtEnd atEnd = AtEnd::Black;
+  OutputLook look{};               ///< Curve and white balance.
   int priority = 100;              ///< sACN, 0 - 200.
   std::string source = "Korvane";  ///< sACN's name for people, up to 63 bytes.
   int synchronisation = 0;         ///< sACN's universe for it, 1 - 63999; 0: none.

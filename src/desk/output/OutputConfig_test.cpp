@@ -35,6 +35,7 @@ TEST(OutputConfig, TextsThatAreUnderstoodAndWrittenAsTheyWere) {
        "Art-Net universe 32767 (net 127, sub-net 15, universe 15) to 10.0.0.5:6454"},
       {"artnet:0-14@nodes", "Art-Net universes 0-14 to the nodes that answer"},
       {"artnet:0-14,sync=on,end=release", "Art-Net universes 0-14 to 255.255.255.255:6454"},
+      {"ddp@10.0.0.1,gamma=2.2,smooth=on,balance=100/90/80", "DDP to 10.0.0.1:4048"},
       {"ddp@192.168.1.50", "DDP to 192.168.1.50:4048"},
       {"ddp@192.168.1.50:4049,rate=20", "DDP to 192.168.1.50:4049"},
       {"ola:1-15", "OLA universes 1-15 to this machine's olad"},
@@ -92,8 +93,13 @@ TEST(OutputConfig, ErrorsSayWhatIsWrong) {
       {"sacn:1,rate=0", "rate 0 is out of range, expected 1 to 1000"},
       {"sacn:1,priority=201", "priority 201 is out of range, expected 0 to 200"},
       {"sacn:1,end=dark", "end must be black, hold or release, not 'dark'"},
+      {"sacn:1,gamma=5", "gamma must be a number, 1 to 4, not '5'"},
+      {"sacn:1,balance=100/90",
+       "balance must be three shares in percent, as in 100/90/80, not '100/90'"},
+      {"sacn:1,balance=100/90/101", "share of a colour 101 is out of range, expected 0 to 100"},
       {"artnet:1,sync=maybe", "sync must be on or off, not 'maybe'"},
-      {"ddp@10.0.0.1,priority=1", "DDP has no setting 'priority', expected rate, end or name"},
+      {"ddp@10.0.0.1,priority=1",
+       "DDP has no setting 'priority', expected rate, end, gamma, smooth, balance or name"},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.text);

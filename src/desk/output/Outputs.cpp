@@ -45,7 +45,7 @@ void Outputs::switchAllOff() {
   for (const auto& output : outputs_) output->switchOff();
 }
 
-void Outputs::show(const WallPicture& wall) {
+void Outputs::show(const LevelledPicture& wall) {
   shown_ = wall;
   for (const auto& output : outputs_) output->show(wall);
 }

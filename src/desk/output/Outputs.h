@@ -30,7 +30,8 @@ class Outputs {
   void switchAllOff();
 
   /// The newest picture of the wall, for all.
-  void show(const WallPicture& wall);
+  void show(const LevelledPicture& wall);
+  void show(const WallPicture& wall) { show(LevelledPicture{wall}); }
 
   /// What each output is and how it fares, joined by "; ". "off" without any.
   std::string status() const;
@@ -41,7 +42,7 @@ class Outputs {
   Claim program_;  ///< which of the copies of the program this is
   std::unique_ptr<SequenceStore> sequences_;
   SenderIdentity identity_;
-  WallPicture shown_;
+  LevelledPicture shown_;
   std::vector<std::unique_ptr<Output>> outputs_;
 };
 

@@ -2,6 +2,9 @@
 
 #include <getopt.h>
 
+#include <cmath>
+#include <optional>
+
 #include "platform/Text.h"
 
 namespace korvane {
@@ -14,20 +17,26 @@ SHOW.korvaneconf beside it.
 
   --output TARGET    send the lamps their values, as in sacn:1-15, artnet:0@192.168.1.20 or
                      ddp@192.168.1.50; may be given several times (docs/outputs.md)
+  --master PERCENT   grand master, 0 to 100 (default: 100)
+  --blackout         begin dark
   --seconds N        end after N seconds (default: play on)
   --help             print this text
 
-Keys: a, b fade to the left or right deck; space is a beat; q or Ctrl-C ends. In the background, and
-without a terminal, it plays on and tells only what matters.
+Keys: a, b fade to the left or right deck; space is a beat; + and - move the grand master by 5 %,
+o switches blackout, f freeze; q or Ctrl-C ends. The picture is that of the mixer; what the levels
+make of it is seen on the lamps. In the background, and without a terminal, it plays on and tells
+only what matters.
 
 Exit status: 0 played, 1 the show can't be opened, 2 wrong usage; with 1 and 2 nothing was sent.
 )";
 
 namespace {
 
-constexpr char kOutput = 'o', kSeconds = 's', kHelp = 'h';
+constexpr char kOutput = 'o', kMaster = 'm', kBlackout = 'b', kSeconds = 's', kHelp = 'h';
 
 constexpr option kOptions[] = {{"output", required_argument, nullptr, kOutput},
+                               {"master", required_argument, nullptr, kMaster},
+                               {"blackout", no_argument, nullptr, kBlackout},
                                {"seconds", required_argument, nullptr, kSeconds},
                                {"help", no_argument, nullptr, kHelp},
                                {nullptr, 0, nullptr, 0}};
@@ -38,6 +47,12 @@ OutputConfig output(const char* word) {
   } catch (const std::invalid_argument& error) {
     throw PlayUsageError(error.what());
   }
+}
+
+int percent(const std::string& word) {
+  const std::optional<double> value = parseEitherDecimal(word);
+  if (value && *value >= 0 && *value <= 100) return static_cast<int>(std::lround(*value));
+  throw PlayUsageError("--master must be a number, 0 to 100, not '" + word + "'");
 }
 
 double seconds(const std::string& word) {
@@ -55,6 +70,12 @@ PlayOptions parsePlayOptions(int count, char** words) {
     switch (which) {
       case kOutput:
         options.outputs.push_back(output(optarg));
+        break;
+      case kMaster:
+        options.levels.master = percent(optarg);
+        break;
+      case kBlackout:
+        options.levels.blackout = true;
         break;
       case kSeconds:
         options.seconds = seconds(optarg);

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "desk/output/OutputConfig.h"
+#include "desk/wall/WallLevels.h"
 
 namespace korvane {
 
@@ -12,6 +13,7 @@ namespace korvane {
 struct PlayOptions {
   std::string show;  ///< project file; empty plays the two plain decks of a new show
   std::vector<OutputConfig> outputs;
+  WallLevels levels;   ///< grand master, blackout, freeze at the start
   double seconds = 0;  ///< length of the play, 0 plays until it is ended
   bool help = false;
 };

@@ -14,6 +14,7 @@
 namespace korvane {
 namespace {
 
+constexpr int kMasterStep = 5;        // per cent a key
 constexpr int kPictureInterval = 40;  // ms between two pictures in the terminal
 
 std::string cut(const std::string& text, int columns) {
@@ -67,6 +68,7 @@ bool Player::open() {
   });
   if (!opened) return false;
   if (!event([this] { plugin_.matrixForm.active.setValue(1); })) return false;
+  feed_.setLevels(options_.levels);
   // The first packet holds the first picture.
   for (const OutputConfig& output : options_.outputs) feed_.outputs.add(output).switchOn();
   return true;
@@ -79,7 +81,18 @@ bool Player::press(char key) {
   if (key == 'a') event([&] { master.AutoFadeA.click(); });
   if (key == 'b') event([&] { master.AutoFadeB.click(); });
   if (key == ' ') event([&] { plugin_.plugIn.ITharnPlugin_MessageHandle(kMessageBeat, 0, 0); });
+  pressLevel(key);
   return key != 'q';
+}
+
+/// The keys of the levels between the picture and the outputs.
+void Player::pressLevel(char key) {
+  WallLevels levels = feed_.levels();
+  if (key == '+') levels.master = std::min(levels.master + kMasterStep, 100);
+  if (key == '-') levels.master = std::max(levels.master - kMasterStep, 0);
+  if (key == 'o') levels.blackout = !levels.blackout;
+  if (key == 'f') levels.freeze = !levels.freeze;
+  if (levels != feed_.levels()) feed_.setLevels(levels);
 }
 
 void Player::tellNetwork() {
@@ -89,7 +102,10 @@ void Player::tellNetwork() {
 std::string Player::statusLine() const {
   if (!messages_.newest().empty()) return messages_.newest();
   const Variablen& v = plugin_.engine.v;
-  return "q ends; a, b fade; space beats. " +
+  const WallLevels& levels = feed_.levels();
+  return "q ends; a, b fade; space beats; o, f, +, -. " +
+         std::string(levels.blackout ? "BLACKOUT. " : "") + (levels.freeze ? "FREEZE. " : "") +
+         (levels.master < 100 ? "Master " + std::to_string(levels.master) + " %. " : "") +
          (options_.show.empty() ? "A new show" : showPath().stem().string()) + ", " +
          std::to_string(v.matrixCols) + " x " + std::to_string(v.matrixRows) + " lamps, output " +
          feed_.outputs.status();

@@ -64,6 +64,7 @@ class Player {
   bool open();
   void openShow();
   bool press(char key);
+  void pressLevel(char key);
   void tellNetwork();
   void draw();
   std::string statusLine() const;
