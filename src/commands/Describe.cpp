@@ -35,6 +35,7 @@ Json own(const PictureBox& box) {
       {"width", box.width()}, {"height", box.height()}, {"backColor", hexColor(box.backColor())}};
 }
 Json own(const ColorBox& box) { return {{"backColor", hexColor(box.backColor())}}; }
+Json own(const MenuItem& item) { return {{"key", item.key()}, {"lit", item.lit()}}; }
 Json own(const Label&) { return Json::object(); }
 Json own(const Group&) { return Json::object(); }
 

@@ -22,6 +22,7 @@ constexpr int kTwips = 15;
 Gesture click(Console&, const Target& target, const Arguments&) {
   if (auto* button = as<Button>(target)) return {{[=] { button->click(); }}};
   if (auto* button = as<PictureButton>(target)) return {{[=] { button->click(); }}};
+  if (auto* item = as<MenuItem>(target)) return {{[=] { item->click(); }}};
   if (auto* box = as<ColorBox>(target)) return {{[=] { box->click(); }}};
   if (auto* label = as<Label>(target)) return {{[=] { label->click(); }}};
   if (auto* box = as<CheckBox>(target)) return {{[=] { box->click(); }}};
@@ -130,9 +131,7 @@ Gesture key(Console&, const Target& target, const Arguments& arguments) {
     auto& box = require<TextBox>(target, "key");
     return {{[&box, code] { box.keyPress(code); }}};
   }
-  return {{[form = target.form, code] {
-    if (form->onKeyPress) form->onKeyPress(code);
-  }}};
+  return {{[form = target.form, code] { form->key(code); }}};
 }
 
 Gesture size(Console&, const Target& target, const Arguments& arguments) {

@@ -220,8 +220,13 @@ void writeProject(const Engine& engine, const NumberFormat& format, const std::s
   for (const ListView* list : {&v.A.efxList, &v.B.efxList, &engine.master.efxXList}) {
     writeSelection(out, *list);
   }
-  writeEffects(engine, v.A, out);
-  writeEffects(engine, v.B, out);
+  writeComposition(engine, format, file);
+}
+
+void writeComposition(const Engine& engine, const NumberFormat& format, TextWriter& file) {
+  LineWriter out(file, format);
+  writeEffects(engine, engine.v.A, out);
+  writeEffects(engine, engine.v.B, out);
   writeFades(engine, out);
 }
 

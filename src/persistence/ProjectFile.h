@@ -29,6 +29,10 @@ void openProject(Engine& engine, const std::string& path);
 void writeProject(const Engine& engine, const NumberFormat& format, const std::string& title,
                   TextWriter& file);
 
+/// What the file holds of the composition: all but its head, which tells the title, where the fader
+/// and the selections stand, and the counts.
+void writeComposition(const Engine& engine, const NumberFormat& format, TextWriter& file);
+
 /// Whether a file is a project whose lines end before they should: what a failed save left.
 bool projectEndsEarly(const std::string& path);
 

@@ -28,6 +28,8 @@ const char* kindName(Kind kind) {
       return "Label";
     case Kind::Group:
       return "Group";
+    case Kind::MenuItem:
+      return "MenuItem";
   }
   return "";
 }

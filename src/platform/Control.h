@@ -21,7 +21,8 @@ enum class Kind {
   PictureBox,
   ColorBox,
   Label,
-  Group
+  Group,
+  MenuItem
 };
 
 /// The name of a kind, as in "ListView".

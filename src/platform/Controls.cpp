@@ -106,6 +106,12 @@ void Slider::setValue(int value) {
   run(onChange);
 }
 
+void MenuItem::setLit(bool lit) {
+  if (lit == lit_) return;
+  lit_ = lit;
+  shown();
+}
+
 void ColorBox::setBackColor(Color color) {
   backColor_ = color;
   shown();

@@ -199,7 +199,33 @@ class Label : public Control {
   std::function<void()> onClick;
 };
 
-/// A frame with a title around other controls.
+/// A command with a caption, a tool tip and a key: shown in the menu bar of its window and, where
+/// the layout says so, as a button. It is lit while what it switches is on.
+class MenuItem : public Control {
+ public:
+  /// `key` is its key on the keyboard, as in "F4" or "Ctrl+Shift+S"; empty for none.
+  MenuItem(std::string name, Look look, std::string key = {})
+      : Control(Kind::MenuItem, std::move(name), std::move(look)), key_(std::move(key)) {}
+
+  void click() { run(onClick); }
+  const std::string& key() const { return key_; }
+  bool lit() const { return lit_; }
+  void setLit(bool lit);
+
+  std::function<void()> onClick;
+
+ private:
+  std::string key_;
+  bool lit_ = false;
+};
+
+/// One menu of a window's menu bar; nullptr stands for a line between items.
+struct Menu {
+  std::string caption;
+  std::vector<MenuItem*> items;
+};
+
+/// A frame with a title around other controls; without a title it has no frame.
 class Group : public Control {
  public:
   explicit Group(std::string name, Look look = {})

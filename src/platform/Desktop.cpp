@@ -23,7 +23,7 @@ void Desktop::show(Form& form) {
   form.load();
   const bool wasVisible = form.visible_;
   form.visible_ = true;
-  if (!wasVisible && onShow) onShow(form);
+  if (!wasVisible) shown(form);
   activate(form);
 }
 
@@ -40,7 +40,7 @@ void Desktop::hide(Form& form) {
   form.visible_ = false;
   form.modal_ = false;
   std::erase(stack_, &form);
-  if (onHide) onHide(form);
+  hidden(form);
   const std::function<void()> closed = std::exchange(form.afterModal_, nullptr);
   try {
     if (wasActive && active() != nullptr) activated(*active());
@@ -51,12 +51,23 @@ void Desktop::hide(Form& form) {
   if (closed) closed();
 }
 
+void Desktop::shown(Form& form) const {
+  if (form.pane_ != nullptr) return form.pane_->setVisible(true);
+  if (onShow) onShow(form);
+}
+
+void Desktop::hidden(Form& form) const {
+  if (form.pane_ != nullptr) return form.pane_->setVisible(false);
+  if (onHide) onHide(form);
+}
+
 void Desktop::activated(Form& form) const {
-  if (onActivate) onActivate(form);
+  if (onActivate) onActivate(form.within() != nullptr ? *form.within() : form);
   if (form.onActivate) form.onActivate();
 }
 
 void Desktop::close(Form& form) {
+  if (form.mayClose && !form.mayClose()) return;
   if (form.onClose) form.onClose();
   hide(form);
 }

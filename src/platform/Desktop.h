@@ -48,11 +48,14 @@ class Desktop {
   /// The window that is open modally on top of all, nullptr for none.
   Form* modal() const;
 
-  /// For the view.
+  /// For the view. A window within another one is never shown or hidden by itself; its activation
+  /// is that of the window around it.
   std::function<void(Form&)> onShow, onHide, onActivate;
 
  private:
   void activated(Form& form) const;
+  void shown(Form& form) const;
+  void hidden(Form& form) const;
 
   std::vector<Form*> forms_;
   std::vector<Form*> stack_;  // the visible ones, the active one last

@@ -1,10 +1,8 @@
 #include "platform/Form.h"
 
-#include "platform/Controls.h"
 #include "platform/Keys.h"
 
 namespace korvane {
-
 void Form::setCaption(std::string caption) {
   caption_ = std::move(caption);
   shown();
@@ -24,7 +22,8 @@ Control* Form::find(const std::string& name) const {
 }
 
 bool Form::takesKey(int key) const {
-  return onKeyPress && (key == kEnterKey || key == kEscapeKey || key == kSpaceKey);
+  if (onKeyPress) return key == kEnterKey || key == kEscapeKey || key == kSpaceKey;
+  return (key == kEnterKey && onEnter) || (key == kEscapeKey && onEscape);
 }
 
 void Form::load() {
@@ -48,6 +47,24 @@ void Form::add(const std::vector<Control*>& controls) {
 void Form::setLayout(Layout layout) {
   layout_ = std::move(layout);
   enterGroups(layout_, nullptr);
+}
+
+void Form::key(int key) {
+  if (onKeyPress) return onKeyPress(key);
+  if (visible_ && takesKey(key)) key == kEnterKey ? onEnter() : onEscape();
+}
+
+void Form::hold(Form& inner, Group& pane) {
+  held_ = &inner;
+  inner.within_ = this;
+  inner.pane_ = &pane;
+  pane.setVisible(inner.visible_);
+}
+
+std::vector<Control*> Form::shownControls() const {
+  std::vector<Control*> all = controls_;
+  if (held_ != nullptr) all.insert(all.end(), held_->controls_.begin(), held_->controls_.end());
+  return all;
 }
 
 void Form::enterGroups(const Layout& layout, Group* around) {

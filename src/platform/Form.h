@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "platform/Control.h"
+#include "platform/Controls.h"
 #include "platform/Layout.h"
 #include "platform/PictureBox.h"
 
@@ -32,6 +33,14 @@ class Form {
   /// The control of this name, nullptr if there is none.
   Control* find(const std::string& name) const;
   const Layout& layout() const { return layout_; }
+  const std::vector<Menu>& menus() const { return menus_; }
+
+  /// The window that this one stands within, nullptr for a window of its own.
+  Form* within() const { return within_; }
+  /// The window that stands within this one and is visible, else this one.
+  Form& front() { return held_ != nullptr && held_->visible_ ? *held_ : *this; }
+  /// All that the window shows: its controls, then those of a window that stands within it.
+  std::vector<Control*> shownControls() const;
 
   bool visible() const { return visible_; }
   bool modal() const { return modal_; }
@@ -47,12 +56,17 @@ class Form {
 
   /// True for the keys that the window listens to: Enter, Escape and space, if it does at all.
   bool takesKey(int key) const;
+  /// A key that no control wanted.
+  void key(int key);
 
   std::function<void()> onLoad;
   std::function<void()> onActivate;     ///< the window becomes the active one
   std::function<void()> onClose;        ///< its frame's close button, before it is hidden
+  std::function<bool()> mayClose;       ///< its frame's close button: false keeps it open
   std::function<void()> onClick;        ///< a click on its background
   std::function<void(int)> onKeyPress;  ///< 13 Enter, 27 Escape, 32 space
+  std::function<void()> onEnter;        ///< Enter, where nothing else wants it
+  std::function<void()> onEscape;       ///< Escape, where nothing else wants it
   std::function<void()> onShown;        ///< for the view: caption, size or frame changed
   void shown() const {
     if (onShown) onShown();
@@ -63,6 +77,10 @@ class Form {
   void add(const std::vector<Control*>& controls);
   /// Declares the layout and tells the controls inside a group of that group.
   void setLayout(Layout layout);
+  void setMenus(std::vector<Menu> menus) { menus_ = std::move(menus); }
+  /// Lets another window, which has its layout, stand within this one: in the layout, `pane` is
+  /// boxed around the other's. The pane is there while that window is visible.
+  void hold(Form& inner, Group& pane);
 
  private:
   friend class Desktop;
@@ -77,6 +95,10 @@ class Form {
   bool visible_ = false;
   bool modal_ = false;
   bool loaded_ = false;
+  std::vector<Menu> menus_;
+  Form* within_ = nullptr;
+  Form* held_ = nullptr;
+  Group* pane_ = nullptr;  // that the window stands in
   std::function<void()> afterModal_;
 };
 

@@ -41,6 +41,8 @@ decltype(auto) asItsKind(AnyControl& control, What&& what) {
       return as(std::type_identity<Label>());
     case Kind::Group:
       return as(std::type_identity<Group>());
+    case Kind::MenuItem:
+      return as(std::type_identity<MenuItem>());
   }
   std::abort();
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <initializer_list>
 #include <vector>
 
@@ -32,6 +33,13 @@ struct Layout {
   Layout(Control& item, int share = 0) : kind(Kind::Item), control(&item), stretch(share) {}
   Layout(Kind what, std::vector<Layout> parts, int share)
       : kind(what), children(std::move(parts)), stretch(share) {}
+
+  /// True if the control stands somewhere in it.
+  bool holds(const Control& wanted) const {
+    if (control == &wanted) return true;
+    return std::any_of(children.begin(), children.end(),
+                       [&](const Layout& child) { return child.holds(wanted); });
+  }
 };
 
 inline Layout row(std::vector<Layout> children, int stretch = 0) {

@@ -85,6 +85,8 @@ void ListView::unselectAll() {
 }
 
 void ListView::click(int row, int col) {
+  at(row);
+  run(beforeClick, row);
   select(row);
   run(onClick, row, col);
 }

@@ -79,6 +79,8 @@ class ListView : public Control {
   /// Exchanges the contents of two rows; current row and mark stay at their places.
   void exchange(int row, int other);
 
+  /// A person is about to choose a row; the list is as it was.
+  std::function<void(int row)> beforeClick;
   std::function<void(int row, int col)> onClick;
   std::function<void(int row)> onDoubleClick;
   /// The text with which the editor closes, made of what was typed.

@@ -19,6 +19,7 @@ struct FileQuestion {
   std::string filter{};  ///< "text|pattern", as in "Matrix Project (*.Korvane)|*.Korvane"
   std::string initialDirectory{};
   std::string defaultExtension{};  ///< without the point; empty for none
+  std::string suggestedName{};     ///< a file's name, to begin with; empty for none
 };
 
 /// A save that did not write what it was to write.

@@ -1,57 +1,95 @@
 #include "hosts/desk/Options.h"
 
-#include <QCommandLineParser>
-#include <QDir>
-#include <QStandardPaths>
-#include <cstdio>
-#include <cstdlib>
-#include <stdexcept>
+#include <getopt.h>
 
 namespace korvane {
+
+const char* const kUsage =
+    R"(usage: korvane [options] [SHOW]
+
+The stand-alone desk for the matrix effects of Korvane. SHOW is a show to begin with.
+
+  --show FILE        open a show, as SHOW does
+  --project STEM     path of the first project without an ending (default: untitled, in the documents)
+  --output TARGET    send the channels, as in sacn:1, artnet:0@192.168.1.20 or sacn:1%eth0
+  --dmx              check DMX: the lamps follow the show at once
+  --screenshot FILE  write a picture of a window to the file and end
+  --window NAME      the window on it, as in Desk, MatrixConf or DeskChannels (default: Desk)
+  --version          print the version
+  --help             print this text
+
+Without a display, korvane-play plays a show in the terminal.
+)";
+
 namespace {
 
-constexpr int kUsageError = 2;
+constexpr char kShow = 's', kProject = 'p', kOutput = 'o', kDmx = 'd', kScreenshot = 'f',
+               kWindow = 'w', kHelp = 'h', kVersion = 'v';
 
-QString defaultProject() {
-  const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
-  return QDir(QDir(documents).exists() ? documents : QDir::currentPath()).filePath("untitled");
+constexpr option kOptions[] = {{"show", required_argument, nullptr, kShow},
+                               {"project", required_argument, nullptr, kProject},
+                               {"output", required_argument, nullptr, kOutput},
+                               {"dmx", no_argument, nullptr, kDmx},
+                               {"screenshot", required_argument, nullptr, kScreenshot},
+                               {"window", required_argument, nullptr, kWindow},
+                               {"help", no_argument, nullptr, kHelp},
+                               {"version", no_argument, nullptr, kVersion},
+                               {nullptr, 0, nullptr, 0}};
+
+OutputTarget targetOf(const std::string& text) {
+  try {
+    return parseOutputTarget(text);
+  } catch (const std::invalid_argument& error) {
+    throw UsageError(error.what());
+  }
 }
 
-OutputTarget readTarget(const QString& text) {
-  try {
-    return parseOutputTarget(text.toStdString());
-  } catch (const std::invalid_argument& error) {
-    std::fprintf(stderr, "korvane: %s\n", error.what());
-    std::exit(kUsageError);
+void take(Options& options, int which, const std::string& word) {
+  switch (which) {
+    case kShow:
+      options.show = word;
+      break;
+    case kProject:
+      options.project = word;
+      break;
+    case kOutput:
+      options.output = targetOf(word);
+      break;
+    case kDmx:
+      options.dmx = true;
+      break;
+    case kScreenshot:
+      options.screenshot = word;
+      break;
+    case kWindow:
+      options.window = word;
+      break;
+    case kHelp:
+      options.help = true;
+      break;
+    case kVersion:
+      options.version = true;
+      break;
+    case ':':
+      throw UsageError(word + " needs a value");
+    default:
+      throw UsageError("there is no option " + word);
   }
 }
 
 }  // namespace
 
-Options readOptions(const QStringList& arguments) {
-  QCommandLineParser parser;
-  parser.setApplicationDescription("A desk for the matrix effects of Korvane.");
-  parser.addHelpOption();
-  parser.addVersionOption();
-  parser.addOptions({
-      {"project", "Path of the project without an ending; its last part is the project's name.",
-       "STEM", defaultProject()},
-      {"show", "Opens a show, in the project named after its file.", "FILE"},
-      {"output", "Sends the channels, as in sacn:1, artnet:0@192.168.1.20 or sacn:1%eth0.",
-       "TARGET"},
-      {"dmx", "Checks DMX in the tool window: the lamps follow the show at once."},
-      {"screenshot", "Writes a picture of a window to the file and ends.", "FILE"},
-      {"window", "The window on the screenshot, as in MatrixForm, MatrixConf or Desk.", "NAME",
-       "MatrixForm"},
-  });
-  parser.process(arguments);
+Options parseOptions(int count, char** words) {
   Options options;
-  options.project = parser.value("project").toStdString();
-  options.show = parser.value("show");
-  options.dmx = parser.isSet("dmx");
-  if (parser.isSet("output")) options.output = readTarget(parser.value("output"));
-  options.screenshot = parser.value("screenshot");
-  options.window = parser.value("window");
+  options.window = "Desk";
+  opterr = 0;
+  optind = 1;
+  for (int which = 0; (which = getopt_long_only(count, words, ":", kOptions, nullptr)) != -1;) {
+    const bool wrong = which == ':' || which == '?';
+    take(options, which, wrong ? words[optind - 1] : optarg == nullptr ? "" : optarg);
+  }
+  if (optind < count && options.show.empty()) options.show = words[optind++];
+  if (optind < count) throw UsageError(std::string("there is one show too many: ") + words[optind]);
   return options;
 }
 

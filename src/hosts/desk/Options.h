@@ -1,7 +1,7 @@
 #pragma once
 
-#include <QStringList>
 #include <optional>
+#include <stdexcept>
 #include <string>
 
 #include "desk/network/OutputTarget.h"
@@ -10,15 +10,25 @@ namespace korvane {
 
 /// What the command line asks of the desk.
 struct Options {
-  std::string project;  ///< path of the project without its ending
-  QString show;         ///< path of a show to open, in the project of its name; empty for none
+  std::string project;  ///< path of the project without its ending; empty: untitled
+  std::string show;     ///< path of a show to open, in the project of its name; empty for none
   std::optional<OutputTarget> output;
-  bool dmx = false;    ///< DMX is checked from the start
-  QString screenshot;  ///< path of a picture to write; empty: run for a person
-  QString window;      ///< name of the form on it; empty: the main window
+  bool dmx = false;        ///< DMX is checked from the start
+  std::string screenshot;  ///< path of a picture to write; empty: run for a person
+  std::string window;      ///< name of the form on it
+  bool help = false;
+  bool version = false;
 };
 
-/// Reads the command line; ends the program for --help and for an error, which it tells.
-Options readOptions(const QStringList& arguments);
+/// Wrong usage; the text says what is wrong.
+struct UsageError : std::runtime_error {
+  using std::runtime_error::runtime_error;
+};
+
+/// Reads the command line. Needs no display.
+Options parseOptions(int count, char** words);
+
+/// The text of `--help`.
+extern const char* const kUsage;
 
 }  // namespace korvane

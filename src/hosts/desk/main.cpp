@@ -1,76 +1,180 @@
+// korvane: the stand-alone desk for a person.
+
 #include <QApplication>
+#include <QDir>
+#include <QStandardPaths>
 #include <QTimer>
 #include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <iostream>
 
-#include "hosts/desk/DeskWindow.h"
+#include "desk/whole/Desk.h"
 #include "hosts/desk/Options.h"
 #include "hosts/desk/QuitOnSignal.h"
+#include "views/qt/machine/LoopGate.h"
 #include "views/qt/machine/QtPlatform.h"
+#include "views/qt/windows/DesktopView.h"
 #include "views/qt/windows/Theme.h"
 
+namespace korvane {
 namespace {
 
-using namespace korvane;
+enum ExitStatus { kWell, kFailed, kWrongUsage };
 
 constexpr int kSettleMilliseconds = 300;
 
-// The window of this name, shown if it was not; nullptr for an unknown name.
-QWidget* windowNamed(const QString& name, DeskWindow& desk) {
-  if (name == desk.objectName()) return &desk;
-  DeskSession& session = desk.session();
-  Desktop& desktop = session.plugin.engine.desktop;
-  Form* form = desktop.find(name.toStdString());
-  if (form == nullptr) return nullptr;
-  session.gate.run([&] { desktop.show(*form); });
-  return &session.view.window(*form);
+void complain(const std::string& text) { std::cerr << "korvane: " << text << std::endl; }
+
+DeskPlaces placesOf(const Options& options) {
+  const auto folder = [](QStandardPaths::StandardLocation location) {
+    return QStandardPaths::writableLocation(location);
+  };
+  const QString documents = folder(QStandardPaths::DocumentsLocation);
+  const QString home = QDir(documents).exists() ? documents : QDir::homePath();
+  DeskPlaces places;
+  places.project =
+      options.project.empty() ? QDir(home).filePath("untitled").toStdString() : options.project;
+  places.examples =
+      examplesIn(examplesBeside(QCoreApplication::applicationDirPath().toStdString()));
+  places.recentShows =
+      QDir(folder(QStandardPaths::AppConfigLocation)).filePath("recent-shows").toStdString();
+  return places;
+}
+
+/// The desk on a screen.
+class Program {
+ public:
+  explicit Program(const Options& options);
+
+  /// What the command line asks for, once events are handled.
+  void begin();
+  /// Ends the sending, unless the desk was closed and has done so.
+  void end() {
+    if (!desk_.closed()) desk_.finish(desk_.setup.whenOff() != OutputSetup::WhenOff::Hold);
+  }
+
+ private:
+  bool openShow();
+  void takePicture();
+
+  const Options& options_;
+  qt::QtPlatform platform_;
+  NetworkOutput output_{"korvane"};
+  Desk desk_;
+  qt::LoopGate gate_{platform_, desk_.engine().timers};
+  qt::DesktopView view_{desk_.engine().desktop, gate_, desk_.form};
+  QTimer settled_;
+};
+
+Program::Program(const Options& options)
+    : options_(options), desk_(platform_, output_, placesOf(options)) {
+  gate_.afterEvent = [this] { desk_.refresh(); };
+  gate_.afterTicks = [this] { desk_.settle(); };
+  desk_.onQuit = [] { QApplication::exit(kWell); };
+  gate_.run([this] { desk_.show(); });
+}
+
+/// False if there is one to open and that can't be done.
+bool Program::openShow() {
+  if (options_.show.empty()) return true;
+  std::error_code error;
+  const std::filesystem::path path = std::filesystem::absolute(options_.show, error);
+  gate_.run([&] { desk_.openShow(error ? options_.show : path.lexically_normal().string()); });
+  return desk_.session.plugin.matrixForm.visible();
+}
+
+// Nothing is sent of a show that isn't the one that was asked for.
+void Program::begin() {
+  if (openShow()) {
+    if (options_.output) gate_.run([this] { desk_.setup.use(*options_.output); });
+    if (options_.dmx) gate_.run([this] { desk_.form.dmx.click(); });
+  }
+  if (options_.screenshot.empty()) return;
+  settled_.setSingleShot(true);
+  settled_.callOnTimeout([this] { takePicture(); });
+  settled_.start(kSettleMilliseconds);
 }
 
 // Ends the program with a picture of the window in a file.
-void takePicture(QWidget* window, const Options& options) {
-  if (window == nullptr) {
-    std::fprintf(stderr, "korvane: no window '%s'\n", qUtf8Printable(options.window));
-    return QCoreApplication::exit(1);
+void Program::takePicture() {
+  Form* form = desk_.engine().desktop.find(options_.window);
+  if (form == nullptr) {
+    complain("no window '" + options_.window + "'");
+    return QCoreApplication::exit(kFailed);
   }
-  const bool saved = window->grab().save(options.screenshot);
-  if (!saved)
-    std::fprintf(stderr, "korvane: cannot write %s\n", qUtf8Printable(options.screenshot));
-  QCoreApplication::exit(saved ? 0 : 1);
+  gate_.run([&] { desk_.engine().desktop.show(*form); });
+  settled_.callOnTimeout([this, form] {
+    const QString file = QString::fromStdString(options_.screenshot);
+    const bool saved = view_.window(*form).grab().save(file);
+    if (!saved) complain("cannot write " + options_.screenshot);
+    QCoreApplication::exit(saved ? kWell : kFailed);
+  });
+  settled_.start(kSettleMilliseconds);
 }
 
-// What the command line asks for, once events are handled.
-void begin(DeskWindow& desk, const Options& options) {
-  if (!options.show.isEmpty()) desk.openShow(options.show);
-  desk.openTool();
-  if (options.dmx) {
-    DeskSession& session = desk.session();
-    session.gate.run([&session] { session.plugin.matrixForm.active.setValue(1); });
+constexpr const char* kNoDisplay =
+    "there is no display to show the desk on. Start it within a graphical session, or play a show "
+    "in this terminal with korvane-play SHOW.";
+
+// The toolkit gives up without a display; what it says to that is no help to anybody.
+void tellOfDisplay(QtMsgType type, const QMessageLogContext&, const QString& text) {
+  if (type == QtFatalMsg) {
+    complain(kNoDisplay);
+    std::_Exit(kFailed);
   }
-  if (options.screenshot.isEmpty()) return;
-  QWidget* window = windowNamed(options.window, desk);
-  auto* settled = new QTimer(&desk);
-  settled->callOnTimeout([&options, window] { takePicture(window, options); });
-  settled->start(kSettleMilliseconds);
+  if (!text.contains("platform plugin") && !text.contains("could not connect to display"))
+    std::fprintf(stderr, "%s\n", qUtf8Printable(text));
+}
+
+bool displayNamed() {
+  return qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY") ||
+         qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
+}
+
+// A path from the command line is of no use without the folder that it starts from.
+bool lostFolder(const Options& options) {
+  std::error_code error;
+  std::filesystem::current_path(error);
+  const auto relative = [](const std::string& path) {
+    return !path.empty() && std::filesystem::path(path).is_relative();
+  };
+  return error && (relative(options.show) || relative(options.project));
+}
+
+int run(int count, char** words) {
+  const Options options = parseOptions(count, words);
+  if (options.help) return std::cout << kUsage, kWell;
+  if (options.version) return std::cout << "korvane " KORVANE_VERSION "\n", kWell;
+  if (lostFolder(options)) {
+    complain("the working folder is gone. Go to a folder that exists, or name the show in full.");
+    return kFailed;
+  }
+  if (!displayNamed()) return complain(kNoDisplay), kFailed;
+  QuitOnSignal quitOnSignal;
+  qInstallMessageHandler(tellOfDisplay);
+  QApplication application(count, words);
+  qInstallMessageHandler(nullptr);
+  quitOnSignal.listen();
+  QApplication::setApplicationName("korvane");
+  QApplication::setQuitOnLastWindowClosed(false);
+  qt::applyTheme(application);
+  Program program(options);
+  QMetaObject::invokeMethod(
+      &application, [&] { program.begin(); }, Qt::QueuedConnection);
+  const int status = QApplication::exec();
+  program.end();
+  return status;
 }
 
 }  // namespace
+}  // namespace korvane
 
-int main(int argc, char** argv) {
-  QuitOnSignal quitOnSignal;
-  QApplication application(argc, argv);
-  quitOnSignal.listen();
-  QApplication::setApplicationName("korvane");
-  QApplication::setApplicationVersion(KORVANE_VERSION);
-  QApplication::setQuitOnLastWindowClosed(false);
-  qt::applyTheme(application);
-  const Options options = readOptions(QApplication::arguments());
-
-  qt::QtPlatform platform;
-  NetworkOutput output("korvane");
-  DeskWindow desk(platform, output, options.project, examplesIn(examplesFolder()));
-  desk.onClosed = [] { QApplication::exit(); };
-  if (options.output) desk.outputPanel().use(*options.output);
-  desk.show();
-  QMetaObject::invokeMethod(
-      &desk, [&] { begin(desk, options); }, Qt::QueuedConnection);
-  return QApplication::exec();
+int main(int count, char** words) {
+  try {
+    return korvane::run(count, words);
+  } catch (const korvane::UsageError& error) {
+    korvane::complain(std::string(error.what()) + "; --help tells the usage");
+    return korvane::kWrongUsage;
+  }
 }

@@ -8,11 +8,13 @@
 #include <cstdio>
 #include <utility>
 
+#include "desk/whole/Desk.h"
 #include "generators/Effects.h"
 #include "generators/image/MxImageForm.h"
-#include "hosts/desk/DeskWindow.h"
 #include "tools/demo/DemoShow.h"
+#include "views/qt/machine/LoopGate.h"
 #include "views/qt/machine/QtPlatform.h"
+#include "views/qt/windows/DesktopView.h"
 #include "views/qt/windows/Theme.h"
 
 namespace {
@@ -37,14 +39,17 @@ class Photographer {
   }
 
   int run() {
-    desk_.show();
-    desk_.openTool();
-    if (!size_.isEmpty()) view_.window(plugin_.matrixForm).resize(size_);
+    gate_.afterEvent = [this] { desk_.refresh(); };
+    gate_.afterTicks = [this] { desk_.settle(); };
+    gate_.run([this] { desk_.show(); });
+    if (!size_.isEmpty()) view_.window(desk_.form).resize(size_);
+    save(view_.window(desk_.form), "desk-empty");
+    gate_.run([this] { desk_.session.openTool(); });
     show_.make();
     settle(kShowMilliseconds);
-    save(view_.window(plugin_.matrixForm), "main-window");
-    taken_ << qt::text(plugin_.matrixForm.name());
-    save(desk_, "desk");
+    save(view_.window(desk_.form), "main-window");
+    taken_ << qt::text(plugin_.matrixForm.name()) << qt::text(desk_.form.name())
+           << qt::text(desk_.question.name());
     for (int row = 0; std::cmp_less(row, kinds().size()); ++row) takeDialog(row);
     show_.mixOrange();
     takeFullScreen();
@@ -108,10 +113,13 @@ class Photographer {
   bool failed_ = false;
   SilentPlatform platform_;
   NetworkOutput output_{"korvane-screenshots"};
-  DeskWindow desk_{platform_, output_, "show", examplesIn(examplesFolder())};
-  Plugin& plugin_ = desk_.session().plugin;
-  EventGate& gate_ = desk_.session().gate;
-  qt::DesktopView& view_ = desk_.session().view;
+  Desk desk_{
+      platform_,
+      output_,
+      {"show", examplesIn(examplesBeside(QApplication::applicationDirPath().toStdString()))}};
+  Plugin& plugin_ = desk_.session.plugin;
+  qt::LoopGate gate_{platform_, plugin_.engine.timers};
+  qt::DesktopView view_{plugin_.engine.desktop, gate_, desk_.form};
   DemoShow show_{plugin_, [this](const std::function<void()>& step) { gate_.run(step); }};
 };
 

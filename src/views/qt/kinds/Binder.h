@@ -30,6 +30,8 @@ QWidget* makeWidget(PictureBox& box, const Seat& seat);
 QWidget* makeWidget(ColorBox& box, const Seat& seat);
 QWidget* makeWidget(Label& label, const Seat& seat);
 QWidget* makeWidget(Group& group, const Seat& seat);
+/// A button whose one action stands in the menus.
+QWidget* makeWidget(MenuItem& item, const Seat& seat);
 
 /// Shows the control on its widget now and whenever it changes: tool tip, enabled and visible for
 /// every kind, then `show` for what is the kind's own. `show` must raise no event of the widget.

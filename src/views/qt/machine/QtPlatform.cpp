@@ -44,6 +44,8 @@ void setUp(QFileDialog& dialog, const FileQuestion& question) {
   if (!question.filter.empty()) dialog.setNameFilters(toNameFilter(question.filter).split(";;"));
   if (!question.initialDirectory.empty())
     dialog.setDirectory(QString::fromStdString(question.initialDirectory));
+  if (!question.suggestedName.empty())
+    dialog.selectFile(QString::fromStdString(question.suggestedName));
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <QCloseEvent>
 #include <QKeyEvent>
+#include <QMenu>
 #include <QScreen>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -50,6 +51,23 @@ void FormWindow::makeControls() {
   layout->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
   layout->addLayout(builder.build());
   widgets_ = builder.widgets();
+  if (!form_.menus().empty()) surround->setMenuBar(makeMenus());
+}
+
+QMenuBar* FormWindow::makeMenus() {
+  auto* bar = new QMenuBar(this);
+  for (const Menu& menu : form_.menus()) {
+    QMenu* shown = bar->addMenu(text(menu.caption));
+    shown->setToolTipsVisible(true);
+    for (const MenuItem* item : menu.items) {
+      if (item == nullptr) {
+        shown->addSeparator();
+      } else {
+        shown->addAction(widget(*item)->actions().front());
+      }
+    }
+  }
+  return bar;
 }
 
 QWidget* FormWindow::widget(const Control& control) const {
@@ -68,6 +86,7 @@ void FormWindow::open() {
 // windows that were shown in a row fighting for it.
 void FormWindow::activate() {
   if (isActiveWindow()) return;
+  if (isMinimized()) open();
   raise();
   activateWindow();
 }
@@ -96,8 +115,8 @@ void FormWindow::followSize() {
 }
 
 bool FormWindow::event(QEvent* event) {
-  if (event->type() == QEvent::WindowActivate && desktop_.active() != &form_) {
-    seat_.gate.run([this] { desktop_.activate(form_); });
+  if (event->type() == QEvent::WindowActivate && desktop_.active() != &form_.front()) {
+    seat_.gate.run([this] { desktop_.activate(form_.front()); });
   }
   return QWidget::event(event);
 }
@@ -110,7 +129,7 @@ void FormWindow::closeEvent(QCloseEvent* event) {
 void FormWindow::keyPressEvent(QKeyEvent* event) {
   const int key = keyCode(event->key());
   if (!form_.takesKey(key)) return QWidget::keyPressEvent(event);
-  seat_.gate.run([this, key] { form_.onKeyPress(key); });
+  seat_.gate.run([this, key] { form_.key(key); });
 }
 
 void FormWindow::mousePressEvent(QMouseEvent*) {

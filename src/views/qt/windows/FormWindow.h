@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QMenuBar>
 #include <QWidget>
 #include <map>
 
@@ -31,6 +32,7 @@ class FormWindow : public QWidget {
  private:
   void makeSurface();
   void makeControls();
+  QMenuBar* makeMenus();
   void refresh();
   void followSize();
 

@@ -27,28 +27,39 @@ class LeadingLabel : public QLabel {
   }
 };
 
-// A control that comes and goes has its place kept, so that nothing around it moves; a group gives
-// its place up.
+// A control that comes and goes has its place kept, so that nothing around it moves; a group or a
+// menu item gives its place up.
 void keepPlace(QWidget& widget, Kind kind) {
   QSizePolicy policy = widget.sizePolicy();
-  policy.setRetainSizeWhenHidden(kind != Kind::Group);
+  policy.setRetainSizeWhenHidden(kind != Kind::Group && kind != Kind::MenuItem);
   widget.setSizePolicy(policy);
 }
 
 }  // namespace
 
 LayoutBuilder::LayoutBuilder(const Form& form, const Seat& seat) : form_(form), seat_(seat) {
-  for (Control* control : form.controls()) {
+  for (Control* control : form.shownControls()) {
     QWidget* widget = bind(*control, seat_);
     keepPlace(*widget, control->kind());
     widgets_[control] = widget;
   }
   setTabOrder();
+  keepMenuItemsAway();
+}
+
+// An item that stands in the menus alone has no button.
+void LayoutBuilder::keepMenuItemsAway() {
+  auto* away = new QWidget(seat_.parent);
+  away->hide();
+  for (const auto& [control, widget] : widgets_) {
+    if (control->kind() == Kind::MenuItem && !form_.layout().holds(*control))
+      widget->setParent(away);
+  }
 }
 
 void LayoutBuilder::setTabOrder() {
   QWidget* before = nullptr;
-  for (const Control* control : form_.controls()) {
+  for (const Control* control : form_.shownControls()) {
     QWidget* widget = widgets_.at(control);
     if (before != nullptr) QWidget::setTabOrder(before, widget);
     before = widget;

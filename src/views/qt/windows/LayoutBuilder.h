@@ -33,6 +33,7 @@ class LayoutBuilder {
   void alignCaptions(const Layout& part);
   QWidget* labelOf(const Control& control);
   void setTabOrder();
+  void keepMenuItemsAway();
 
   const Form& form_;
   Seat seat_;

@@ -22,6 +22,17 @@ QGroupBox::title {
   subcontrol-origin: margin; left: 12px; padding: 0 6px; color: {quiet}; background: {window};
 }
 
+QGroupBox[title=""] { border: none; margin: 0; padding: 0; }
+
+QMenuBar { background: {face}; color: {text}; }
+QMenuBar::item { padding: 6px 11px; background: transparent; }
+QMenuBar::item:selected { background: {accent}; color: {onAccent}; }
+QMenu { background: {face}; color: {text}; border: 1px solid {line}; padding: 4px 0; }
+QMenu::item { padding: 6px 28px 6px 26px; }
+QMenu::item:selected { background: {accent}; color: {onAccent}; }
+QMenu::item:disabled { color: {disabled}; }
+QMenu::separator { height: 1px; background: {line}; margin: 4px 0; }
+
 QPushButton, QToolButton, QComboBox {
   background: {face}; color: {text}; border: 1px solid {line}; border-radius: 5px;
 }
@@ -32,6 +43,7 @@ QPushButton:focus, QToolButton:focus, QComboBox:focus { border: 2px solid {accen
 QPushButton:focus { padding: 6px 13px; }
 QPushButton:disabled, QToolButton:disabled, QComboBox:disabled { color: {disabled}; }
 QPushButton:checked { background: {accent}; border-color: {accent}; color: {onAccent}; }
+QPushButton#menuItem:checked { background: {live}; border-color: {live}; color: {window}; }
 QToolButton:checked { background: {accent}; border-color: {accent}; }
 QToolButton:checked:focus { border: 2px solid {text}; }
 

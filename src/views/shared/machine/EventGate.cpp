@@ -10,7 +10,7 @@ namespace korvane {
 // does not pass here: the alarm is set each time an interval begins to count.
 EventGate::EventGate(Platform& platform, TimerQueue& timers, std::unique_ptr<Alarm> alarm)
     : platform_(platform), timers_(timers), clock_(timers), alarm_(std::move(alarm)) {
-  alarm_->onRing = [this] { runDue(); };
+  alarm_->onRing = [this] { ring(); };
   timers_.onCount = [this] { rearm(); };
   rearm();
 }
@@ -19,7 +19,14 @@ EventGate::~EventGate() { timers_.onCount = nullptr; }
 
 bool EventGate::run(const std::function<void()>& event) {
   runDue();
-  return runEvent(platform_, event);
+  const bool well = runEvent(platform_, event);
+  if (afterEvent) afterEvent();
+  return well;
+}
+
+void EventGate::ring() {
+  runDue();
+  if (afterTicks) afterTicks();
 }
 
 // A message box inside a tick has a loop of its own, so the alarm is set before the tick as well:

@@ -40,7 +40,11 @@ class EventGate {
     return [this](const std::function<void()>& event) { run(event); };
   }
 
+  std::function<void()> afterEvent;  ///< for the desk: follows each event
+  std::function<void()> afterTicks;  ///< for the desk: follows each pass over the timers
+
  private:
+  void ring();
   void runDue();
   void rearm();
 

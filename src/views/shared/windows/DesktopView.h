@@ -34,7 +34,9 @@ class DesktopViewOf {
   DesktopViewOf(const DesktopViewOf&) = delete;
   DesktopViewOf& operator=(const DesktopViewOf&) = delete;
 
-  Window& window(Form& form) {
+  /// The window of a form, or of the one that it stands within.
+  Window& window(Form& inner) {
+    Form& form = inner.within() != nullptr ? *inner.within() : inner;
     std::unique_ptr<Window>& window = windows_[&form];
     if (!window) window = std::make_unique<Window>(form, desktop_, gate_, ownerOf(form));
     return *window;

@@ -22,5 +22,6 @@ std::unique_ptr<Widget> makeWidget(PictureBox& box, const Seat& seat);
 std::unique_ptr<Widget> makeWidget(ColorBox& box, const Seat& seat);
 std::unique_ptr<Widget> makeWidget(Label& label, const Seat& seat);
 std::unique_ptr<Widget> makeWidget(Group& group, const Seat& seat);
+std::unique_ptr<Widget> makeWidget(MenuItem& item, const Seat& seat);
 
 }  // namespace korvane::win32

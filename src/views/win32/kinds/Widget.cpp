@@ -173,6 +173,7 @@ LRESULT CALLBACK Widget::procedure(HWND window, UINT message, WPARAM w, LPARAM l
   try {
     if (const auto answer = self.key(message, w)) return *answer;
     if (const auto answer = self.message(message, w, l)) return *answer;
+    if (message == WM_KEYDOWN && SendMessageW(formOf(window), kMenuKey, w, 0) != 0) return 0;
   } catch (...) {  // nothing is left to tell it with, and it must not reach the message loop
   }
   return DefSubclassProc(window, message, w, l);

@@ -20,6 +20,9 @@ namespace korvane::win32 {
 /// control, or to the one before it if the first argument is 1.
 inline constexpr UINT kWishChanged = WM_APP + 1;
 inline constexpr UINT kMoveFocus = WM_APP + 2;
+/// The same: a key that a menu item may have was pressed, and the control did not want it; 1 if an
+/// item took it.
+inline constexpr UINT kMenuKey = WM_APP + 5;
 
 /// Where a control's window is made: the window around it, the tool tips of the form, the sizes,
 /// and the way in for what a person does.

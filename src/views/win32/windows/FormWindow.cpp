@@ -102,8 +102,12 @@ void FormWindow::makeControls() {
     box_ = std::make_unique<ControlBox>(widgetFor(*form_.surface));
     return;
   }
-  for (Control* control : form_.controls()) widgetFor(*control);
+  for (Control* control : form_.shownControls()) {
+    const bool item = control->kind() == Kind::MenuItem;  // may stand in the menus alone
+    if (!item || form_.layout().holds(*control)) widgetFor(*control);
+  }
   box_ = LayoutBuilder(widgets_, {window_, tips_, *scale_, gate_}).make(form_.layout());
+  menus_.emplace(form_, window_, gate_);
 }
 
 // A group comes before what is inside it.
@@ -130,8 +134,8 @@ SIZE FormWindow::naturalSize() const {
 
 SIZE FormWindow::frame() const {
   RECT whole{};
-  AdjustWindowRectEx(&whole, static_cast<DWORD>(GetWindowLongW(window_, GWL_STYLE)), FALSE,
-                     WS_EX_CONTROLPARENT);
+  AdjustWindowRectEx(&whole, static_cast<DWORD>(GetWindowLongW(window_, GWL_STYLE)),
+                     GetMenu(window_) != nullptr, WS_EX_CONTROLPARENT);
   return {whole.right - whole.left, whole.bottom - whole.top};
 }
 
@@ -225,9 +229,9 @@ void FormWindow::setDpi(int dpi, const RECT& place) {
 // Tab goes round the controls in the order in which they were declared.
 void FormWindow::moveFocus(bool back) {
   std::vector<HWND> stops;
-  for (const Control* control : form_.controls()) {
-    const Widget& widget = *widgets_.at(control);
-    if (widget.takesFocus()) stops.push_back(widget.window());
+  for (const Control* control : form_.shownControls()) {
+    const Widget* one = widget(*control);
+    if (one != nullptr && one->takesFocus()) stops.push_back(one->window());
   }
   if (form_.surface != nullptr || stops.empty()) return;
   if (back) std::reverse(stops.begin(), stops.end());
@@ -240,8 +244,8 @@ void FormWindow::moveFocus(bool back) {
 void FormWindow::activated(bool active) {
   if (!active) {
     focus_ = GetFocus();
-  } else if (!quiet_ && form_.visible() && desktop_.active() != &form_) {
-    gate_.run([this] { desktop_.activate(form_); });
+  } else if (!quiet_ && form_.visible() && desktop_.active() != &form_.front()) {
+    gate_.run([this] { desktop_.activate(form_.front()); });
   }
 }
 
@@ -261,9 +265,11 @@ std::optional<LRESULT> FormWindow::personMessage(UINT message, WPARAM w) {
       }
       return 0;
     case WM_KEYDOWN:
-      if (!form_.takesKey(static_cast<int>(w))) return std::nullopt;
-      gate_.run([this, w] { form_.onKeyPress(static_cast<int>(w)); });
-      return 0;
+      if (form_.takesKey(static_cast<int>(w))) {
+        gate_.run([this, w] { form_.key(static_cast<int>(w)); });
+        return 0;
+      }
+      return menus_ && menus_->press(w) ? std::optional<LRESULT>(0) : std::nullopt;
     case WM_LBUTTONDOWN:
       if (form_.onClick) gate_.run([this] { form_.onClick(); });
       return 0;
@@ -294,6 +300,14 @@ std::optional<LRESULT> FormWindow::message(UINT message, WPARAM w, LPARAM l) {
       resizeTo(known == sizes_.end() ? SIZE{naturalSize().cx, area.bottom} : known->second);
       return 0;
     }
+    case WM_INITMENUPOPUP:
+      if (menus_) menus_->refresh(reinterpret_cast<HMENU>(w));
+      return 0;
+    case WM_COMMAND:
+      if (l == 0 && HIWORD(w) == 0 && menus_ && menus_->run(LOWORD(w))) return 0;
+      break;
+    case kMenuKey:
+      return menus_ && menus_->press(w) ? 1 : 0;
     case kDpiChanged:
       setDpi(HIWORD(w), *reinterpret_cast<const RECT*>(l));
       return 0;

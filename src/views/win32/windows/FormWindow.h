@@ -8,6 +8,7 @@
 #include "views/win32/kinds/PictureWindow.h"
 #include "views/win32/machine/Module.h"
 #include "views/win32/windows/LayoutBuilder.h"
+#include "views/win32/windows/MenuBar.h"
 
 namespace korvane::win32 {
 
@@ -64,6 +65,7 @@ class FormWindow {
   std::unique_ptr<Scale> scale_;
   Widgets widgets_;
   std::unique_ptr<Box> box_;
+  std::optional<MenuBar> menus_;
   HWND focus_ = nullptr;  // what had the keyboard when another window took it
   bool waiting_ = false;  // to be arranged anew
   bool quiet_ = false;    // it is shown by the program

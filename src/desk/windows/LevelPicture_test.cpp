@@ -1,4 +1,4 @@
-#include "hosts/desk/LevelPicture.h"
+#include "desk/windows/LevelPicture.h"
 
 #include <gtest/gtest.h>
 

@@ -1,0 +1,278 @@
+#include "desk/show/DeskSession.h"
+
+#include <algorithm>
+#include <array>
+#include <exception>
+#include <utility>
+
+#include "desk/show/ShowCheck.h"
+#include "desk/show/ShowPath.h"
+#include "persistence/MatrixDefinition.h"
+#include "persistence/ProjectFile.h"
+#include "platform/Events.h"
+#include "platform/ReplaceFile.h"
+
+namespace korvane {
+namespace {
+
+std::string compositionText(Plugin& plugin) {
+  std::string text;
+  TextWriter writer(&text);
+  writeComposition(plugin.engine, {}, writer);
+  return text;
+}
+
+std::string definitionText(Plugin& plugin) {
+  std::string text;
+  TextWriter writer(&text);
+  writeDefinition(plugin.engine, plugin.matrixConf.MName.text(), writer);
+  return text;
+}
+
+// Nothing for what can't be written.
+std::optional<std::string> textOf(std::string (*text)(Plugin&), Plugin& plugin) {
+  try {
+    return text(plugin);
+  } catch (const std::exception&) {
+    return std::nullopt;
+  }
+}
+
+std::array<ListView*, 3> listsOf(Engine& engine) {
+  return {&engine.v.A.efxList, &engine.v.B.efxList, &engine.master.efxXList};
+}
+
+}  // namespace
+
+DeskSession::DeskSession(Platform& machine, const std::string& stem)
+    : platform(machine),
+      host(stem),
+      plugin(platform),
+      composition_{compositionText, {}},
+      definition_{definitionText, {}} {
+  runEvent(platform, [this, &stem] {
+    plugin.plugIn.ITharnModule_ModuleInfo();
+    plugin.plugIn.ITharnPlugin_Init("Korvane", stem, host);
+  });
+  bindTool();
+}
+
+DeskSession::~DeskSession() {
+  runEvent(platform, [this] { plugin.plugIn.ITharnPlugin_Term(); });
+}
+
+// A dialog writes its name to the current row, so it is committed before another row is that. What
+// the tool's own buttons do stays as it is.
+void DeskSession::bindTool() {
+  MatrixForm& tool = plugin.matrixForm;
+  tool.onKept = [this] {
+    keep(composition_);
+    if (platform.answered) adopt(*platform.answered);
+  };
+  plugin.matrixConf.onKept = [this] { keep(definition_); };
+  for (Deck* deck : {&plugin.engine.v.A, &plugin.engine.v.B}) {
+    deck->efxList.beforeClick = [this, deck](int row) {
+      if (row != deck->efxList.current()) commitDialog(*deck);
+    };
+  }
+  tool.save.onClick = [this, own = tool.save.onClick] { saveByTool(own); };
+  platform.suggestName = [this](const FileQuestion& question) {
+    if (question.purpose != FileQuestion::Purpose::Save) return std::string();
+    if (question.filter.find(kGridEnding) != std::string::npos)
+      return host.ProjectName() + kGridEnding;
+    const bool show = question.filter.find(kShowEnding) != std::string::npos;
+    return show ? host.ProjectName() + kShowEnding : std::string();
+  };
+}
+
+// Lists without a selected row would make a file that can't be read.
+void DeskSession::selectRows() {
+  for (ListView* list : listsOf(plugin.engine)) {
+    if (list->selected() < 0 && list->count() > 0) list->select(std::max(0, list->current()));
+  }
+}
+
+// The tool saves without a word when it can't; on the desk that is said.
+void DeskSession::saveByTool(const std::function<void()>& press) {
+  selectRows();
+  platform.answered.reset();
+  bool kept = false;
+  const auto before = std::exchange(plugin.matrixForm.onKept, [&] { kept = true; });
+  press();
+  plugin.matrixForm.onKept = before;
+  if (kept) return before();
+  if (platform.answered) platform.messageBox(*platform.answered + " could not be saved.");
+}
+
+void DeskSession::openTool() {
+  const bool first = !plugin.matrixForm.loaded();
+  plugin.engine.desktop.show(plugin.matrixForm);
+  if (!first) return;
+  selectFirstRows();
+  keep(composition_);
+  keep(definition_);
+}
+
+// The lists of a new project begin without a selected row.
+void DeskSession::selectFirstRows() {
+  for (ListView* list : listsOf(plugin.engine)) runEvent(platform, [list] { list->click(0, 0); });
+}
+
+void DeskSession::selectRowsAgain() {
+  for (Deck* deck : {&plugin.engine.v.A, &plugin.engine.v.B}) {
+    const int row = deck->efxList.current();
+    if (row >= 0) runEvent(platform, [&] { deck->efxList.click(row, 0); });
+  }
+}
+
+void DeskSession::commitDialog(const Deck& deck) {
+  if (&plugin.engine.editedDeck() != &deck) return;
+  for (EffectDialog* dialog : plugin.dialogs.byType) {
+    if (dialog == nullptr || !dialog->visible()) continue;
+    runEvent(platform, [dialog] { dialog->OK_Click(); });
+    plugin.engine.desktop.hide(*dialog);
+  }
+  plugin.engine.desktop.hide(plugin.dialogs.imageList);
+}
+
+void DeskSession::commitDialogs() { commitDialog(plugin.engine.editedDeck()); }
+
+// What a plug-in that was just made would not have.
+void DeskSession::clearRecords() {
+  Variablen& v = plugin.engine.v;
+  for (Deck* deck : {&v.A, &v.B}) {
+    deck->efx.clear();
+    deck->efxEdited.clear();
+    deck->transitionRunning = deck->beatOn = false;
+    deck->savedFadeMode = deck->imagePosX = deck->imagePosY = deck->scrollLength = 0;
+    deck->steps = deck->step = 0;
+    deck->scrollStrip.clear();
+    deck->cellOrder.clear();
+    deck->efxBackup = {};
+  }
+  v.efxX.clear();
+  v.fadeRunning = false;
+  v.fadeOrder.clear();
+  plugin.engine.master.AutoFadeA.setBackColor(-1);
+  plugin.engine.master.AutoFadeB.setBackColor(-1);
+}
+
+void DeskSession::loadToolAfresh() {
+  clearRecords();
+  if (plugin.matrixForm.loaded()) return plugin.matrixForm.onLoad();
+  plugin.matrixForm.Form::load();
+}
+
+bool DeskSession::load(const std::function<void()>& steps) {
+  loading_ = true;
+  const bool well = runEvent(platform, steps);
+  loading_ = false;
+  ++loads_;
+  return well;
+}
+
+void DeskSession::begin() {
+  commitDialogs();
+  path_.clear();
+  host.setProject(folder() + "untitled");
+  load([this] {
+    loadToolAfresh();
+    plugin.engine.master.faderM.setValue(0);
+  });
+  openTool();
+  selectFirstRows();
+  keep(composition_);
+  keep(definition_);
+  if (onFile) onFile();
+}
+
+bool DeskSession::open(const std::string& show) {
+  if (const auto wrong = whatIsWrongWith(show, platform.numberFormat())) {
+    platform.messageBox(showName(show) + " can't be opened. " + *wrong);
+    return false;
+  }
+  commitDialogs();
+  Variablen& v = plugin.engine.v;
+  host.setProject(projectOf(show));
+  host.clearLevels();
+  v.matrixConfigured = v.quickConfigured = false;
+  v.matrixName = "unnamed";
+  const bool well = load([this, &show] {
+    loadToolAfresh();
+    plugin.matrixConf.MName.setText(plugin.engine.v.matrixName);
+    // The lamps must not flash in the colours of a new list.
+    plugin.matrixForm.panelA.clear.click();
+    plugin.matrixForm.panelB.clear.click();
+    openProject(plugin.engine, show);
+  });
+  showGrid();
+  keep(composition_);
+  keep(definition_);
+  adopt(show);
+  plugin.engine.desktop.show(plugin.matrixForm);
+  return well;
+}
+
+// The window that defines the grid may have been looked at before.
+void DeskSession::showGrid() {
+  if (!plugin.matrixConf.loaded()) return;
+  runEvent(platform, [this] {
+    plugin.matrixConf.onActivate();
+    plugin.matrixConf.redraw_config();
+  });
+}
+
+bool DeskSession::save(const std::string& show) {
+  commitDialogs();
+  selectRows();
+  const std::string grid = projectOf(show) + kGridEnding;
+  const bool gridToo = show != path_ || changed(definition_) || !fileExists(grid);
+  if (!write(show, [&](TextWriter& file) {
+        writeProject(plugin.engine, platform.numberFormat(), fileTitle(show), file);
+      }))
+    return false;
+  keep(composition_);
+  adopt(show);
+  plugin.matrixForm.setCaption("Korvane - " + fileTitle(show));
+  if (!gridToo) return true;
+  if (!write(grid, [&](TextWriter& file) {
+        writeDefinition(plugin.engine, plugin.matrixConf.MName.text(), file);
+      }))
+    return false;
+  keep(definition_);
+  return true;
+}
+
+bool DeskSession::write(const std::string& file, const std::function<void(TextWriter&)>& lines) {
+  try {
+    replaceTextFile(file, lines);
+    return true;
+  } catch (const std::exception& error) {
+    platform.messageBox(file + " could not be saved. " + error.what());
+    return false;
+  }
+}
+
+void DeskSession::adopt(const std::string& show) {
+  path_ = show;
+  host.setProject(projectOf(show));
+  readProjectNames(plugin.engine);
+  if (onFile) onFile();
+}
+
+std::string DeskSession::name() { return host.ProjectName(); }
+
+std::string DeskSession::folder() { return folderOf(host.ProjectBaseFilename()); }
+
+void DeskSession::keep(Document& document) { document.kept = textOf(document.text, plugin); }
+
+bool DeskSession::changed(const Document& document) {
+  const std::optional<std::string> now = textOf(document.text, plugin);
+  return !now || now != document.kept;
+}
+
+bool DeskSession::changed() {
+  return plugin.matrixForm.loaded() && (changed(composition_) || changed(definition_));
+}
+
+}  // namespace korvane

@@ -1,0 +1,87 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+
+#include "desk/show/DeskHost.h"
+#include "desk/show/DeskPlatform.h"
+#include "platform/TextFile.h"
+#include "shell/Plugin.h"
+
+namespace korvane {
+
+/// The show on the desk: a whole plug-in for the life of the desk, and the files of the present
+/// show. Another show is loaded into it once it is known that it can be read.
+class DeskSession {
+ public:
+  /// Begins with an empty show in the project `stem`, a path without an ending.
+  DeskSession(Platform& machine, const std::string& stem);
+  ~DeskSession();
+  DeskSession(const DeskSession&) = delete;
+  DeskSession& operator=(const DeskSession&) = delete;
+
+  /// Opens the tool; the first time, with a new show.
+  void openTool();
+  /// An empty show on the present grid, of no file yet.
+  void begin();
+  /// Opens a show with its grid, in the project named after the file. False, with everything as it
+  /// was and the reason told, if that can't be done.
+  bool open(const std::string& show);
+  /// Saves the show and its grid to a file, which becomes the show's own. False, with the reason
+  /// told, if that can't be done.
+  bool save(const std::string& show);
+
+  /// The file of the show; empty for a new one.
+  const std::string& path() const { return path_; }
+  /// The show's name for people.
+  std::string name();
+  /// The folder of the project, with its slash.
+  std::string folder();
+  /// Whether effects, fades or the grid are others than when they were loaded or saved last.
+  bool changed();
+  /// A show is being loaded: not all of it stands yet.
+  bool loading() const { return loading_; }
+  /// How many shows were begun or opened.
+  int loads() const { return loads_; }
+  /// Presses OK in the effect dialog of a deck that is open, if there is one.
+  void commitDialog(const Deck& deck);
+  void commitDialogs();
+  /// Presses the rows of both decks that are selected, so that their effects start anew.
+  void selectRowsAgain();
+
+  std::function<void()> onFile;  ///< the show has another file, or none
+
+  DeskPlatform platform;
+  DeskHost host;
+  Plugin plugin;
+
+ private:
+  /// One of the two files of a project: what would be written to it, and what was last.
+  struct Document {
+    std::string (*text)(Plugin&);
+    std::optional<std::string> kept;
+  };
+
+  void bindTool();
+  void clearRecords();
+  void loadToolAfresh();
+  /// Runs what loads a show.
+  bool load(const std::function<void()>& steps);
+  void selectFirstRows();
+  void saveByTool(const std::function<void()>& press);
+  void adopt(const std::string& show);
+  bool write(const std::string& file, const std::function<void(TextWriter&)>& lines);
+  void selectRows();
+  void showGrid();
+  void keep(Document& document);
+  bool changed(const Document& document);
+
+  std::string path_;
+  bool loading_ = false;
+  int loads_ = 0;
+  Document composition_;
+  Document definition_;
+};
+
+}  // namespace korvane

@@ -1,0 +1,27 @@
+#include "desk/show/ShowCheck.h"
+
+#include "desk/show/DeskHost.h"
+#include "desk/show/ShowPath.h"
+#include "persistence/ProjectFile.h"
+#include "platform/Events.h"
+#include "platform/HeadlessPlatform.h"
+#include "shell/Plugin.h"
+
+namespace korvane {
+
+// Pictures are not looked for here: a show without one of its pictures opens all the same.
+std::optional<std::string> whatIsWrongWith(const std::string& show, const NumberFormat& format) {
+  HeadlessPlatform platform;
+  platform.format = format;
+  DeskHost host(projectOf(show));
+  Plugin plugin(platform);
+  const bool well = runEvent(platform, [&] {
+    plugin.plugIn.ITharnPlugin_Init("Korvane", projectOf(show), host);
+    plugin.matrixForm.Form::load();
+    openProject(plugin.engine, show);
+  });
+  if (well) return std::nullopt;
+  return platform.failures.back().what();
+}
+
+}  // namespace korvane

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "platform/Text.h"
+
+namespace korvane {
+
+/// Loads a show with its grid into a plug-in of its own that nobody sees. What goes wrong, for
+/// people; nothing if it can be opened.
+std::optional<std::string> whatIsWrongWith(const std::string& show, const NumberFormat& format);
+
+}  // namespace korvane

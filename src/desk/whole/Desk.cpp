@@ -1,0 +1,302 @@
+#include "desk/whole/Desk.h"
+
+#include <algorithm>
+
+#include "desk/show/ShowPath.h"
+#include "platform/Events.h"
+
+namespace korvane {
+namespace {
+
+constexpr int kMonitorMilliseconds = 50;
+constexpr int kStateMilliseconds = 500;
+
+// First argument of a view change.
+constexpr std::int32_t kNarrowView = 1;
+constexpr std::int32_t kFullView = 0;
+
+constexpr const char* kShowFilter = "Matrix Project (*.Korvane)|*.Korvane";
+
+// Lamps with a channel that no universe of the desk carries.
+std::string darkLamps(const Variablen& v) {
+  int beyond = 0;
+  for (int col = 0; col < v.matrixCols; ++col) {
+    for (int row = 0; row < v.matrixRows; ++row) {
+      const ChannelMap::Codes& codes = v.channelMap.at(col, row);
+      beyond += std::any_of(codes.begin(), codes.end(),
+                            [](std::int32_t code) { return code > DeskHost::kChannels; });
+    }
+  }
+  if (beyond == 0) return {};
+  return std::to_string(beyond) + " of " + std::to_string(v.matrixCols * v.matrixRows) +
+         " lamps stay dark: their channels lie beyond the first universe.";
+}
+
+void setCaption(Control& control, const std::string& caption) {
+  if (control.look().caption != caption) control.setCaption(caption);
+}
+
+}  // namespace
+
+Desk::Desk(Platform& machine, NetworkOutput& output, const DeskPlaces& places)
+    : session(machine, places.project),
+      form(session.plugin.matrixForm, places.examples),
+      question(engine().desktop),
+      setup(engine().desktop, output),
+      monitor(engine().desktop),
+      helpWindow(engine().desktop, form.menus()),
+      output_(output),
+      recent_(places.recentShows),
+      refresh_(engine().timers, "timerDesk"),
+      grid_{engine().v.matrixCols, engine().v.matrixRows} {
+  engine().desktop.add(form);
+  bindFiles();
+  bindWindows();
+  bindPlay();
+  bindKeysOfDialogs();
+  for (std::size_t i = 0; i < form.examples.size(); ++i)
+    form.examples[i]->onClick = [this, path = places.examples[i].path] { openShow(path); };
+  form.showRecent(recent_.paths());
+  refresh_.onTimer = [] {};
+}
+
+void Desk::show() {
+  engine().desktop.show(form);
+  settle();
+}
+
+void Desk::bindFiles() {
+  form.newShow.onClick = [this] { leaveShow([this] { session.begin(); }); };
+  form.open.onClick = [this] {
+    const auto path = session.platform.askFile(
+        {.title = "Open Show ...", .filter = kShowFilter, .initialDirectory = session.folder()});
+    if (path) openShow(*path);
+  };
+  for (std::size_t i = 0; i < form.recent.size(); ++i)
+    form.recent[i]->onClick = [this, i] { openShow(std::string(recent_.paths().at(i))); };
+  form.save.onClick = [this] { save(); };
+  form.saveAs.onClick = [this] { saveAs(); };
+  form.quit.onClick = [this] { engine().desktop.close(form); };
+  form.mayClose = [this] { return mayClose(); };
+  session.onFile = [this] {
+    if (session.path().empty()) return;
+    recent_.add(session.path());
+    form.showRecent(recent_.paths());
+  };
+}
+
+void Desk::bindWindows() {
+  Desktop& desktop = engine().desktop;
+  form.tool.onClick = [this] { session.openTool(); };
+  form.front.onClick = [this, &desktop] { desktop.show(form); };
+  form.configure.onClick = [this] { session.plugin.plugIn.ITharnPlugin_Configure(); };
+  form.output.onClick = [this, &desktop] { desktop.show(setup); };
+  form.channels.onClick = [this, &desktop] { desktop.show(monitor); };
+  form.help.onClick = [this, &desktop] { desktop.show(helpWindow); };
+  session.plugin.matrixForm.help.onClick = form.help.onClick;
+  session.platform.onHelp = form.help.onClick;
+}
+
+void Desk::bindPlay() {
+  form.beat.onClick = [this] { message(kMessageBeat); };
+  form.narrow.onClick = [this] { message(kMessageViewChange, kNarrowView); };
+  form.full.onClick = [this] { message(kMessageViewChange, kFullView); };
+  form.blackout.onClick = [this] {
+    grand.blackout = !grand.blackout;
+    message(kMessageBlackout);
+  };
+  form.freeze.onClick = [this] {
+    grand.freeze(!grand.frozen());
+    message(kMessageFreeze);
+  };
+  form.grandMaster.onChange = [this] { grand.master = form.grandMaster.value(); };
+  form.dmx.onClick = [this] {
+    CheckBox& active = session.plugin.matrixForm.active;
+    if (!active.checked()) session.openTool();
+    active.setValue(active.checked() ? 0 : 1);
+  };
+}
+
+// Cancel of an effect's dialog takes back more than what was typed, so Escape closes it as its
+// frame does.
+void Desk::bindKeysOfDialogs() {
+  Plugin& plugin = session.plugin;
+  Desktop& desktop = engine().desktop;
+  const auto press = [](Button& button) { return [&button] { button.click(); }; };
+  const auto close = [&desktop](Form& window) { return [&] { desktop.close(window); }; };
+  for (EffectDialog* dialog : plugin.dialogs.byType) {
+    if (dialog == nullptr) continue;
+    dialog->onEnter = press(dialog->OK);
+    dialog->onEscape = close(*dialog);
+  }
+  const auto bind = [&](Form& window, Button& ok) {
+    window.onEnter = press(ok);
+    window.onEscape = close(window);
+  };
+  bind(plugin.dialogs.imageList, plugin.dialogs.imageList.OK);
+  bind(plugin.dialogs.mixer, plugin.dialogs.mixer.Bok);
+  bind(plugin.matrixConf, plugin.matrixConf.OK);
+  bind(plugin.matrixConf.detail, plugin.matrixConf.detail.setConfig);
+  bind(plugin.quickConfiguration, plugin.quickConfiguration.OKButton);
+  bind(plugin.matrixHelp, plugin.matrixHelp.OK);
+  bind(plugin.matrixConfigHelp, plugin.matrixConfigHelp.OK);
+}
+
+// The plug-in answers some messages with a box; what they mean is done here, so nobody needs it.
+void Desk::message(std::int32_t number, std::int32_t argument) {
+  session.platform.quietly(
+      [&] { session.plugin.plugIn.ITharnPlugin_MessageHandle(number, argument, 0); });
+}
+
+void Desk::openShow(const std::string& path) {
+  leaveShow([this, path] { session.open(path); });
+}
+
+bool Desk::save() { return session.path().empty() ? saveAs() : session.save(session.path()); }
+
+bool Desk::saveAs() {
+  const auto path = session.platform.askFile({.purpose = FileQuestion::Purpose::Save,
+                                              .title = "Save Show as ...",
+                                              .filter = kShowFilter,
+                                              .initialDirectory = session.folder(),
+                                              .defaultExtension = "Korvane"});
+  return path && session.save(*path);
+}
+
+void Desk::leaveShow(std::function<void()> then) {
+  session.commitDialogs();
+  if (!session.changed()) return then();
+  question.ask(session.name() + " was changed since it was opened or saved.",
+               {"Save", "Discard", "Cancel"}, [this, then = std::move(then)](std::size_t answer) {
+                 if (answer == 1 || (answer == 0 && save())) then();
+               });
+}
+
+// The lamps would lose their light with the desk, so a running output is not ended by the way.
+bool Desk::mayClose() {
+  if (closing_) return true;
+  if (!sending()) {
+    leaveShow([this] { close(); });
+    return closing_;
+  }
+  question.ask("The matrix is sending to the lamps. Close the desk all the same?",
+               {"Close, lamps dark", "Close, lamps hold", "Cancel"}, [this](std::size_t answer) {
+                 if (answer == 2) return;
+                 leaveShow([this, answer] {
+                   grand.dark = answer == 0;
+                   close();
+                 });
+               });
+  return false;
+}
+
+void Desk::close() {
+  closing_ = true;
+  finish(grand.dark);
+  if (onQuit) onQuit();
+}
+
+void Desk::finish(bool dark) {
+  grand.dark = dark;
+  send();
+  output_.stop();
+}
+
+void Desk::settle() {
+  followGrid();
+  followDmx();
+  send();
+  keepTime();
+  showState();
+}
+
+void Desk::refresh() {
+  settle();
+  showTitle();
+  setCaption(form.wrong, whatIsWrong());
+}
+
+// DMX that goes off, by its check box or with the tool, leaves nothing lit by accident.
+void Desk::followDmx() {
+  const bool active = engine().v.outputActive;
+  if (active == wasActive_) return;
+  wasActive_ = active;
+  grand.dark = !active && setup.whenOff() == OutputSetup::WhenOff::Dark;
+  if (active || setup.whenOff() != OutputSetup::WhenOff::Ask || !setup.sending()) return;
+  question.ask("DMX is off. What shall the lamps do?", {"Go dark", "Hold"},
+               [this](std::size_t answer) { grand.dark = answer == 0; });
+}
+
+// A grid that gets another size, or is left by OK, has empty pictures.
+void Desk::followGrid() {
+  if (session.loading()) return;
+  const Variablen& v = engine().v;
+  const std::pair<int, int> now{v.matrixCols, v.matrixRows};
+  const bool open = session.plugin.matrixConf.visible();
+  const bool left = gridOpen_ && !open;
+  gridOpen_ = open;
+  const bool loaded = loads_ != session.loads();  // a show starts its effects by itself
+  if (now == grid_ && !left && !loaded) return;
+  grid_ = now;
+  loads_ = session.loads();
+  if (!loaded && session.plugin.matrixForm.loaded()) session.selectRowsAgain();
+}
+
+void Desk::send() {
+  const Levels& leaving = grand.leaving(session.host.levels());
+  for (std::int32_t channel = 1; channel <= DeskHost::kChannels; ++channel)
+    output_.setChannel(channel, leaving[static_cast<std::size_t>(channel)]);
+  output_.endOfPass();
+  if (monitor.visible()) monitor.take(leaving);
+}
+
+// A load of the tool's window stops all timers and gives them its own interval.
+void Desk::keepTime() {
+  const int wanted = monitor.visible() ? kMonitorMilliseconds : kStateMilliseconds;
+  if (refresh_.enabled() && refresh_.interval() == wanted) return;
+  refresh_.setInterval(wanted);
+  refresh_.enable();
+}
+
+void Desk::showState() {
+  if (monitor.visible()) monitor.refresh(engine().timers.now());
+  if (setup.visible()) setup.refresh();
+  form.blackout.setLit(grand.blackout);
+  form.freeze.setLit(grand.frozen());
+  form.dmx.setLit(engine().v.outputActive);
+  const bool open = session.plugin.matrixForm.visible();
+  if (form.begin.look().visible == open) form.begin.setVisible(!open);
+  setCaption(form.sent, whatIsSent());
+}
+
+void Desk::showTitle() {
+  const bool open = session.plugin.matrixForm.loaded();
+  for (MenuItem* item : {&form.save, &form.saveAs}) {
+    if (item->look().enabled != open) item->setEnabled(open);
+  }
+  const std::string mark = session.changed() ? "*" : "";
+  const std::string title = open ? session.name() + mark + " - Korvane" : "Korvane";
+  if (title != form.caption()) form.setCaption(title);
+}
+
+std::string Desk::whatIsSent() {
+  if (!setup.sending()) return "Nothing is sent: no output is chosen.";
+  const auto state = [this]() -> std::string {
+    if (grand.blackout) return "Blackout: all lamps are dark";
+    if (grand.frozen()) return "Freeze: the lamps hold what they show";
+    if (engine().v.outputActive)
+      return grand.master == Grand::kFull
+                 ? ""
+                 : "grand master at " + std::to_string(grand.master) + " %";
+    return grand.dark ? "DMX is off, the lamps are dark" : "DMX is off";
+  }();
+  return setup.target() + (state.empty() ? "" : ". " + state);
+}
+
+std::string Desk::whatIsWrong() {
+  const std::string fault = setup.fault();
+  const std::string dark = darkLamps(engine().v);
+  return fault + (fault.empty() || dark.empty() ? "" : " ") + dark;
+}
+
+}  // namespace korvane

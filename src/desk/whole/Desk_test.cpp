@@ -1,0 +1,259 @@
+// What a person does on the desk, without a display.
+
+#include "desk/whole/Desk.h"
+
+#include "desk/whole/TestDesk.h"
+
+namespace korvane {
+namespace {
+
+TEST_F(TestDesk, BeginsWithAPageOfShows) {
+  EXPECT_TRUE(desk.form.visible());
+  EXPECT_FALSE(tool.visible());
+  EXPECT_TRUE(desk.form.begin.look().visible);
+  EXPECT_EQ(desk.form.examples.size(), 6U);
+  EXPECT_EQ(desk.form.examples[0]->look().caption, "Club night");
+  EXPECT_FALSE(desk.form.save.look().enabled) << "there is nothing to save";
+}
+
+TEST_F(TestDesk, TheToolStandsWithinItsWindow) {
+  click(desk.form.tool);
+  EXPECT_TRUE(tool.visible());
+  EXPECT_EQ(tool.within(), &desk.form);
+  EXPECT_FALSE(desk.form.begin.look().visible);
+  EXPECT_TRUE(tool.panelA.add.reachable());
+  click(tool.Closeall);
+  EXPECT_FALSE(tool.panelA.add.reachable());
+  EXPECT_TRUE(desk.form.begin.look().visible);
+}
+
+TEST_F(TestDesk, BlackoutIsDarkAndTheDecksPlayOn) {
+  light();
+  click(desk.form.blackout);
+  EXPECT_EQ(level(1), 0);
+  EXPECT_TRUE(desk.form.blackout.lit());
+  EXPECT_EQ(desk.session.host.levels().at(1), 255) << "the plug-in knows nothing of it";
+  EXPECT_TRUE(desk.form.sent.look().caption.empty() || machine.boxes.empty());
+  click(desk.form.blackout);
+  EXPECT_EQ(level(1), 255);
+  EXPECT_FALSE(desk.form.blackout.lit());
+}
+
+TEST_F(TestDesk, FreezeHoldsWhatTheLampsShow) {
+  light();
+  click(desk.form.freeze);
+  click(tool.fadeB);
+  EXPECT_EQ(desk.session.host.levels().at(1), 0);
+  EXPECT_EQ(level(1), 255);
+  click(desk.form.blackout);
+  EXPECT_EQ(level(1), 0) << "Blackout is stronger";
+  click(desk.form.blackout);
+  EXPECT_EQ(level(1), 255);
+  click(desk.form.freeze);
+  EXPECT_EQ(level(1), 0);
+}
+
+TEST_F(TestDesk, TheAnswersOfThePlugInDoNotStandInTheWay) {
+  click(desk.form.tool);
+  click(desk.form.blackout);
+  click(desk.form.freeze);
+  EXPECT_TRUE(machine.boxes.empty());
+}
+
+TEST_F(TestDesk, TheGrandMasterTakesPercentOfEveryLevel) {
+  light();
+  event([this] { desk.form.grandMaster.setValue(50); });
+  EXPECT_EQ(level(1), 128);
+  event([this] { desk.form.grandMaster.setValue(0); });
+  EXPECT_EQ(level(1), 0);
+}
+
+TEST_F(TestDesk, DmxThatGoesOffLeavesTheLampsDark) {
+  light();
+  check(tool.active, false);
+  EXPECT_EQ(level(1), 0);
+  click(desk.form.dmx);
+  EXPECT_EQ(level(1), 255);
+  click(tool.Closeall);
+  EXPECT_EQ(level(1), 0) << "so does closing the tool";
+}
+
+TEST_F(TestDesk, DmxThatGoesOffHoldsIfThatIsChosen) {
+  event([this] { desk.setup.off.setIndex(1); });
+  light();
+  click(tool.Closeall);
+  EXPECT_EQ(level(1), 255);
+}
+
+TEST_F(TestDesk, DmxThatGoesOffAsksIfThatIsChosen) {
+  event([this] {
+    desk.setup.off.setIndex(2);
+    desk.setup.use(parseOutputTarget("sacn:1@127.0.0.1:5999"));
+  });
+  light();
+  check(tool.active, false);
+  ASSERT_TRUE(desk.question.modal());
+  EXPECT_EQ(desk.question.text.look().caption, "DMX is off. What shall the lamps do?");
+  EXPECT_EQ(level(1), 255) << "until it is answered";
+  click(desk.question.first);
+  EXPECT_EQ(level(1), 0);
+}
+
+TEST_F(TestDesk, TheBeatStepsAnEffectThatFollowsIt) {
+  click(desk.form.tool);
+  event([this] {
+    v.A.effect().type = kColorChange;
+    v.A.effect().colors = {rgb(255, 0, 0), rgb(0, 255, 0)};
+    v.A.effect().colorCount = 2;
+    v.A.colorIndex = 0;
+    v.A.beatOn = true;
+  });
+  click(desk.form.beat);
+  EXPECT_EQ(rgb(v.frameA.at(0, 0)), rgb(0, 255, 0));
+}
+
+TEST_F(TestDesk, TheViewsOfTheToolAreItsMessages) {
+  click(desk.form.tool);
+  click(desk.form.narrow);
+  EXPECT_FALSE(tool.panelA.frame.look().visible);
+  click(desk.form.full);
+  EXPECT_TRUE(tool.panelA.frame.look().visible);
+}
+
+TEST_F(TestDesk, EveryWindowComesWhenItIsAskedFor) {
+  const std::pair<MenuItem*, const char*> cases[] = {
+      {&desk.form.output, "DeskOutput"},    {&desk.form.channels, "DeskChannels"},
+      {&desk.form.configure, "MatrixConf"}, {&desk.form.help, "DeskHelp"},
+      {&desk.form.front, "Desk"},           {&desk.form.tool, "MatrixForm"}};
+  for (const auto& [item, name] : cases) {
+    click(*item);
+    ASSERT_NE(plugin.engine.desktop.active(), nullptr);
+    EXPECT_EQ(plugin.engine.desktop.active()->name(), name);
+  }
+}
+
+TEST_F(TestDesk, AnOpenDialogBelongsToItsRow) {
+  click(desk.form.tool);
+  for (const EffectType type : {kColor, kPaint, kFire}) {
+    for (Deck* deck : {&v.A, &v.B}) {
+      SCOPED_TRACE(deck->named(std::to_string(type) + " "));
+      DeckPanel& panel = deck->isB() ? tool.panelB : tool.panelA;
+      click(panel.add);
+      const int row = deck->efxList.count() - 1;
+      pick(deck->efxList, row);
+      event([&] { deck->type.setIndex(type); });
+      click(panel.edit);
+      EffectDialog& dialog = *plugin.dialogs.byType.at(type);
+      event([&] { dialog.myName.setText("mine"); });
+      pick(deck->efxList, 0);
+      EXPECT_FALSE(dialog.visible());
+      EXPECT_EQ(deck->efxList.cell(row, 0), "mine");
+      EXPECT_EQ(deck->efx.at(static_cast<std::size_t>(row)).name, "mine");
+      EXPECT_NE(deck->efxList.cell(0, 0), "mine");
+    }
+  }
+}
+
+TEST_F(TestDesk, ARowOfTheOtherDeckLeavesTheDialogOpen) {
+  click(desk.form.tool);
+  click(tool.panelA.edit);
+  pick(v.B.efxList, 0);
+  EXPECT_TRUE(plugin.dialogs.color.visible());
+}
+
+TEST_F(TestDesk, AnotherGridStartsTheEffectsAgain) {
+  click(desk.form.tool);
+  click(tool.fadeA);
+  click(desk.form.configure);
+  event([this] { plugin.matrixConf.ncol.setIndex(4); });
+  EXPECT_EQ(v.matrixCols, 5);
+  EXPECT_EQ(rgb(v.frameA.at(4, 11)), rgb(255, 0, 0)) << "the red of the selected row";
+}
+
+TEST_F(TestDesk, LampsBeyondTheFirstUniverseAreCounted) {
+  click(desk.form.tool);
+  EXPECT_EQ(desk.form.wrong.look().caption, "");
+  event([this] {
+    for (int row = 0; row < 3; ++row) v.channelMap.set(0, row, 1, 513);
+  });
+  EXPECT_EQ(desk.form.wrong.look().caption,
+            "3 of 144 lamps stay dark: their channels lie beyond the first universe.");
+}
+
+TEST_F(TestDesk, TheAddressStaysEmptyUnlessAPersonGaveOne) {
+  const std::pair<const char*, const char*> cases[] = {{"sacn:1", ""},
+                                                       {"artnet:3", ""},
+                                                       {"sacn:2@10.0.0.1", "10.0.0.1"},
+                                                       {"sacn:2%lo", "%lo"},
+                                                       {"artnet:1@10.0.0.1:99", "10.0.0.1:99"}};
+  for (const auto& [target, address] : cases) {
+    event([&] { desk.setup.use(parseOutputTarget(target)); });
+    EXPECT_EQ(desk.setup.address.text(), address) << target;
+  }
+  event([this] { desk.setup.use(parseOutputTarget("sacn:1")); });
+  event([this] { desk.setup.universe.setText("7"); });
+  EXPECT_EQ(desk.setup.target(), "sACN universe 7 to 239.255.0.7:5568");
+  event([this] { desk.setup.protocol.setIndex(2); });
+  EXPECT_EQ(desk.setup.target(), "Art-Net universe 7 to 255.255.255.255:6454");
+}
+
+TEST_F(TestDesk, AWrongAddressIsToldAndMended) {
+  event([this] { desk.setup.use(parseOutputTarget("sacn:1@127.0.0.1")); });
+  event([this] { desk.setup.address.setText("127.0.0.300"); });
+  EXPECT_NE(desk.form.wrong.look().caption.find("127.0.0.300"), std::string::npos);
+  EXPECT_EQ(desk.form.sent.look().caption, "Nothing is sent: no output is chosen.");
+  event([this] { desk.setup.address.setText("127.0.0.1"); });
+  EXPECT_EQ(desk.form.wrong.look().caption, "");
+  EXPECT_EQ(desk.form.sent.look().caption, "sACN universe 1 to 127.0.0.1:5568. DMX is off");
+}
+
+TEST_F(TestDesk, ClosesAtOnceIfNothingWouldBeLost) {
+  bool quit = false;
+  desk.onQuit = [&quit] { quit = true; };
+  click(desk.form.tool);
+  event([this] { plugin.engine.desktop.close(desk.form); });
+  EXPECT_TRUE(quit);
+  EXPECT_FALSE(desk.question.visible());
+}
+
+TEST_F(TestDesk, ARunningOutputIsNotEndedByTheWay) {
+  bool quit = false;
+  desk.onQuit = [&quit] { quit = true; };
+  event([this] { desk.setup.use(parseOutputTarget("sacn:1@127.0.0.1:5999")); });
+  light();
+  click(desk.form.quit);
+  EXPECT_EQ(desk.question.text.look().caption,
+            "The matrix is sending to the lamps. Close the desk all the same?");
+  click(desk.question.third);
+  EXPECT_FALSE(quit);
+  EXPECT_EQ(level(1), 255);
+  click(desk.form.quit);
+  click(desk.question.second);
+  EXPECT_TRUE(quit);
+  EXPECT_EQ(level(1), 255) << "held";
+}
+
+TEST_F(TestDesk, HelpIsOnThisMachine) {
+  click(desk.form.tool);
+  click(tool.help);
+  EXPECT_TRUE(desk.helpWindow.visible());
+  EXPECT_NE(desk.helpWindow.text.text().find("F10"), std::string::npos);
+  event([this] { plugin.engine.desktop.show(plugin.matrixHelp); });
+  click(plugin.matrixHelp.Page);
+  EXPECT_TRUE(machine.pages.empty()) << "no page of the network is needed";
+}
+
+TEST_F(TestDesk, TheMonitorShowsWhatLeavesTheDesk) {
+  click(desk.form.channels);
+  light();
+  advance(60);
+  const Color lit = rgb(0x3d, 0x8f, 0xd9);
+  const auto bar = [this] { return desk.monitor.levels.raster().pixel(10, 10); };
+  EXPECT_EQ(bar(), lit);
+  click(desk.form.blackout);
+  advance(60);
+  EXPECT_NE(bar(), lit);
+}
+
+}  // namespace
+}  // namespace korvane

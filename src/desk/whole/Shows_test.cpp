@@ -1,0 +1,291 @@
+// Shows begun, opened, changed and saved on the desk.
+
+#include <chrono>
+#include <thread>
+
+#include "desk/show/ShowPath.h"
+#include "desk/whole/TestDesk.h"
+#include "desk/whole/TestReceiver.h"
+
+namespace korvane {
+namespace {
+
+class Shows : public TestDesk {
+ protected:
+  std::string name() { return desk.session.name(); }
+  void renameFade(const char* text) {
+    event([this, text] { plugin.engine.master.fadeName.setText(text); });
+  }
+  void openExample(std::size_t index) { click(*desk.form.examples.at(index)); }
+};
+
+TEST_F(Shows, ExamplesAreNamedAfterTheirFiles) {
+  std::string titles;
+  for (const Example& example : examples) titles += example.title + ", ";
+  EXPECT_EQ(titles, "Club night, Ticker wall, Fire wall, Slide show, Paint animation, Beat show, ");
+  EXPECT_TRUE(examplesIn(folder).empty());
+  EXPECT_TRUE(examplesIn("").empty());
+}
+
+TEST_F(Shows, OneClickOpensAnExampleOnItsGrid) {
+  const std::pair<int, int> grids[] = {{12, 12}, {48, 8}, {24, 16}, {20, 15}, {16, 16}, {12, 12}};
+  for (std::size_t i = 0; i < examples.size(); ++i) {
+    SCOPED_TRACE(examples[i].title);
+    openExample(i);
+    const auto [cols, rows] = grids[i];
+    EXPECT_EQ(v.matrixCols, cols);
+    EXPECT_EQ(v.matrixRows, rows);
+    EXPECT_EQ(name(), showName(examples[i].path));
+    EXPECT_EQ(desk.form.caption(), name() + " - Korvane");
+    EXPECT_GT(v.efxACount, 1);
+    EXPECT_TRUE(tool.visible());
+    EXPECT_FALSE(desk.session.changed());
+  }
+  EXPECT_EQ(machine.boxes, std::vector<std::string>());
+  EXPECT_TRUE(machine.failures.empty());
+}
+
+// Whatever was on the desk before, a show plays as in a plug-in that was just made.
+TEST_F(Shows, AShowPlaysAlikeWhateverWasThereBefore) {
+  const auto play = [](Desk& where, PicturePlatform& on, const std::string& path) {
+    where.session.open(path);
+    where.engine().random.seed(7);
+    TimerQueue& timers = where.engine().timers;
+    timers.advanceTo(timers.now() + 4000, [&](const auto& tick) { runEvent(on, tick); });
+    const Variablen& state = where.engine().v;
+    std::vector<Rgb> cells;
+    for (const Frame* frame : {&state.frameA, &state.frameB, &state.frameM})
+      cells.insert(cells.end(), frame->data(), frame->data() + frame->span());
+    return cells;
+  };
+  for (std::size_t i = 0; i < examples.size(); ++i) {
+    PicturePlatform freshMachine;
+    NetworkOutput off("korvane-tests");
+    Desk fresh(freshMachine, off, {folder + "fresh"});
+    fresh.show();
+    const auto expected = play(fresh, freshMachine, examples[i].path);
+    for (std::size_t before = 0; before < examples.size(); ++before) {
+      SCOPED_TRACE(examples[i].title + " after " + examples[before].title);
+      desk.session.open(examples[before].path);
+      click(plugin.engine.master.AutoFadeB);
+      advance(700);
+      EXPECT_TRUE(play(desk, machine, examples[i].path) == expected);
+    }
+  }
+}
+
+TEST_F(Shows, LookingAtAShowDoesNotChangeIt) {
+  for (std::size_t i = 0; i < examples.size(); ++i) {
+    SCOPED_TRACE(examples[i].title);
+    openExample(i);
+    Master& master = plugin.engine.master;
+    for (ListView* list : {&v.A.efxList, &v.B.efxList, &master.efxXList}) {
+      for (int row = 0; row < list->count(); ++row) pick(*list, row);
+    }
+    event([&] { master.faderM.setValue(33); });
+    click(master.AutoFadeB);
+    advance(20);
+    EXPECT_FALSE(desk.session.changed());
+  }
+}
+
+TEST_F(Shows, AShowOfOnesOwnIsItsOwnProject) {
+  open(examples[1].path);
+  ASSERT_EQ(machine.questions.size(), 1U);
+  EXPECT_EQ(machine.questions[0].filter, "Matrix Project (*.Korvane)|*.Korvane");
+  EXPECT_EQ(machine.questions[0].initialDirectory, folder);
+  EXPECT_EQ(name(), "2-ticker-wall");
+  EXPECT_EQ(v.matrixCols, 48);
+  machine.answers = {std::nullopt};
+  click(desk.form.open);
+  EXPECT_EQ(name(), "2-ticker-wall") << "a cancelled dialog changes nothing";
+}
+
+TEST_F(Shows, TheOutputGoesOnAndTheChannelsOfTheOldShowGoToZero) {
+  light();
+  write("small.Korvane", bytesOf(examples[0].path));
+  write("small.korvaneconf", "small\r\n1,1,False\r\n2,3,4\r\n");
+  open(folder + "small.Korvane");
+  EXPECT_EQ(name(), "small");
+  EXPECT_EQ(level(1), 0);
+  EXPECT_TRUE(v.outputActive);
+  EXPECT_TRUE(tool.active.checked());
+  EXPECT_EQ(level(2), v.frameM.at(0, 0)[0]);
+}
+
+TEST_F(Shows, WhatIsShownGoesToTheLamps) {
+  Receiver receiver;
+  event([&] { desk.setup.use(parseOutputTarget(receiver.target())); });
+  light();
+  std::vector<std::array<int, 3>> frames;
+  for (int tries = 0; tries < 500 && (frames.empty() || frames.back()[0] != 255); ++tries) {
+    std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    for (const auto& frame : receiver.take()) frames.push_back(frame);
+  }
+  ASSERT_FALSE(frames.empty());
+  EXPECT_EQ(frames.back()[0], 255);
+}
+
+TEST_F(Shows, AScrollBeginsOnDarkLamps) {
+  openExample(0);
+  int lit = 0;
+  for (int row = 0; row < v.matrixRows; ++row) {
+    for (int col = 0; col < v.matrixCols; ++col) lit += rgb(v.frameA.at(col, row)) != 0 ? 1 : 0;
+  }
+  EXPECT_EQ(v.A.effect().type, kColorScroll);
+  EXPECT_LE(lit, 1) << "before its first step";
+}
+
+TEST_F(Shows, AFileThatIsNoShowLeavesThePresentOne) {
+  openExample(2);
+  check(tool.active);
+  const std::string whole = bytesOf(examples[0].path);
+  write("grid.korvaneconf", "grid\r\n2,x\r\n");
+  const std::pair<std::string, const char*> cases[] = {
+      {folder + "none.Korvane", "none.Korvane"},
+      {folder, "File not found"},
+      {write("empty.Korvane", ""), "empty.Korvane, line 1"},
+      {write("old.Korvane", "old\r\nV0.9\r\n"), "no show of version V1.0"},
+      {write("binary.Korvane", std::string(100, '\0') + "\n\xff\xd8\n"), "binary.Korvane, line 2"},
+      {write("cut.Korvane", whole.substr(0, whole.size() / 2)), "cut.Korvane, line"},
+      {write("grid.Korvane", whole), "Type mismatch"},
+  };
+  for (const auto& [path, text] : cases) {
+    SCOPED_TRACE(path);
+    machine.boxes.clear();
+    open(path);
+    ASSERT_EQ(machine.boxes.size(), 1U);
+    EXPECT_NE(machine.boxes[0].find(text), std::string::npos) << machine.boxes[0];
+    EXPECT_EQ(name(), "3-fire-wall");
+    EXPECT_TRUE(v.outputActive);
+    EXPECT_TRUE(v.A.timer1.enabled());
+    EXPECT_FALSE(desk.session.changed());
+  }
+}
+
+TEST_F(Shows, ChangesAreNotLostOnTheWay) {
+  click(desk.form.tool);
+  renameFade("gone with the show");
+  openExample(0);
+  ASSERT_TRUE(desk.question.modal());
+  EXPECT_EQ(desk.question.text.look().caption, "mine was changed since it was opened or saved.");
+  click(desk.question.third);
+  EXPECT_EQ(name(), "mine");
+  openExample(0);
+  event([this] { desk.question.key(27); });
+  EXPECT_EQ(name(), "mine") << "Escape is no answer";
+  openExample(0);
+  click(desk.question.second);
+  EXPECT_EQ(name(), "1-club-night");
+}
+
+TEST_F(Shows, SavingThemTakesTheShowAndItsGrid) {
+  click(desk.form.tool);
+  renameFade("kept");
+  openExample(0);
+  machine.answers = {std::nullopt};
+  click(desk.question.first);
+  EXPECT_EQ(name(), "mine") << "a cancelled dialog cancels the opening";
+  openExample(0);
+  machine.answers = {folder + "kept.Korvane"};
+  click(desk.question.first);
+  EXPECT_EQ(name(), "1-club-night");
+  EXPECT_EQ(machine.questions.back().title, "Save Show as ...");
+  EXPECT_EQ(machine.questions.back().suggestedName, "mine.Korvane");
+  EXPECT_NE(bytesOf(folder + "kept.Korvane").find("\nkept\r"), std::string::npos);
+  EXPECT_TRUE(bytesOf(folder + "kept.korvaneconf").starts_with("unnamed\r\n12,12,"));
+}
+
+TEST_F(Shows, SaveAsksForANameOnlyOnce) {
+  click(desk.form.newShow);
+  EXPECT_EQ(desk.form.caption(), "untitled - Korvane");
+  click(tool.panelA.add);
+  EXPECT_EQ(desk.form.caption(), "untitled* - Korvane");
+  machine.answers = {folder + "tour.Korvane"};
+  click(desk.form.save);
+  EXPECT_EQ(desk.form.caption(), "tour - Korvane");
+  click(tool.panelA.add);
+  EXPECT_EQ(desk.form.caption(), "tour* - Korvane");
+  click(desk.form.save);
+  EXPECT_EQ(desk.form.caption(), "tour - Korvane");
+  EXPECT_EQ(machine.questions.size(), 1U);
+  EXPECT_TRUE(machine.boxes.empty());
+}
+
+TEST_F(Shows, ASaveThatFailsIsToldAndTheShowStaysChanged) {
+  click(desk.form.tool);
+  click(tool.panelA.add);
+  const std::string path = folder + "no/such/folder.Korvane";
+  machine.answers = {path};
+  click(desk.form.saveAs);
+  ASSERT_EQ(machine.boxes.size(), 1U);
+  EXPECT_TRUE(machine.boxes[0].starts_with(path + " could not be saved.")) << machine.boxes[0];
+  EXPECT_TRUE(desk.session.changed());
+  EXPECT_EQ(desk.session.path(), "");
+  machine.answers = {path};
+  click(tool.save);
+  EXPECT_EQ(machine.boxes.size(), 2U) << "so does the tool's own button";
+}
+
+TEST_F(Shows, TheToolsOwnSaveNamesTheShowToo) {
+  click(desk.form.tool);
+  renameFade("kept");
+  machine.answers = {folder + "kept.Korvane"};
+  click(tool.save);
+  EXPECT_EQ(machine.questions.back().suggestedName, "mine.Korvane");
+  EXPECT_EQ(machine.boxes, std::vector<std::string>{"Matrix Project saved"});
+  EXPECT_EQ(desk.form.caption(), "kept - Korvane");
+  renameFade("other");
+  EXPECT_TRUE(desk.session.changed());
+  machine.answers = {folder + "kept.Korvane"};
+  click(tool.load);
+  EXPECT_FALSE(desk.session.changed()) << "loaded anew";
+}
+
+TEST_F(Shows, ANewShowKeepsTheGridAndCanBeSavedAsItStands) {
+  openExample(1);
+  click(desk.form.newShow);
+  EXPECT_EQ(v.matrixCols, 48);
+  EXPECT_EQ(v.A.efxList.count(), 1);
+  EXPECT_FALSE(desk.session.changed());
+  machine.answers = {folder + "new.Korvane"};
+  click(desk.form.saveAs);
+  openExample(0);
+  open(folder + "new.Korvane");
+  EXPECT_EQ(name(), "new");
+  EXPECT_EQ(v.matrixCols, 48);
+  EXPECT_TRUE(machine.boxes.empty());
+}
+
+TEST_F(Shows, RecentShowsStandInTheMenuAndAreKept) {
+  openExample(0);
+  openExample(1);
+  EXPECT_EQ(desk.form.recent[0]->look().caption, "2-ticker-wall");
+  EXPECT_EQ(desk.form.recent[1]->look().caption, "1-club-night");
+  EXPECT_FALSE(desk.form.recent[2]->look().visible);
+  click(*desk.form.recent[1]);
+  EXPECT_EQ(name(), "1-club-night");
+  const RecentShows kept(folder + "config/recent");
+  EXPECT_EQ(kept.paths(), (std::vector<std::string>{examples[0].path, examples[1].path}));
+}
+
+TEST_F(Shows, AnEffectWithoutItsPictureIsToldAndTheShowOpens) {
+  write("bare.korvaneconf", bytesOf(projectOf(examples[3].path) + ".korvaneconf"));
+  open(write("bare.Korvane", bytesOf(examples[3].path)));
+  EXPECT_EQ(name(), "bare");
+}
+
+TEST_F(Shows, AnotherGridIsAChangeToo) {
+  click(desk.form.tool);
+  click(desk.form.configure);
+  EXPECT_FALSE(desk.session.changed());
+  event([this] { plugin.matrixConf.ncol.setIndex(4); });
+  EXPECT_TRUE(desk.session.changed());
+  machine.answers = {folder + "mine.Korvane"};
+  click(desk.form.save);
+  EXPECT_NE(bytesOf(folder + "mine.korvaneconf").find("\n5,12,"), std::string::npos);
+  EXPECT_FALSE(desk.session.changed());
+}
+
+}  // namespace
+}  // namespace korvane

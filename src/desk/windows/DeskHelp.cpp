@@ -1,0 +1,63 @@
+#include "desk/windows/DeskHelp.h"
+
+namespace korvane {
+namespace {
+
+constexpr int kLines = 30;
+
+constexpr const char* kHowTo = R"(A SHOW FROM NOTHING
+1. Configure lamps (F3): choose how many columns and rows you have. Fast Configuration gives all
+   lamps their channels in one step; a double click on a lamp gives it its own. OK takes the grid.
+2. New (Ctrl+N) begins an empty show on that grid.
+3. Each deck has a list of effects. + adds a row. Click the new row, then choose its kind in the box
+   above the list, then press Edit. What you change shows on the deck at once; OK takes the name.
+4. The fader mixes the decks. Select a row of the fade list, then Fade left or Fade right.
+5. Save (Ctrl+S) writes the show and, beside it, its grid.
+
+LAMPS
+Output (F5) chooses how and where the channels are sent. "Output on" (F12), or DMX in the main
+functions, lets the lamps follow the show; when it goes off they do what Output says.
+Blackout and Freeze act on what leaves the desk: the decks play on behind them. So does the grand
+master, percent of every level.
+
+EFFECTS
+Color, Gradient        one colour, or two that run into each other
+Paint                  a picture, drawn lamp by lamp
+Image                  pictures from files, one after the other, standing still or moving
+Color Change           a list of colours, each for its time, with a change between them
+Color Scroll           stripes of colours that move
+Fire, Fluid            flames and waves
+Ticker                 a text that runs
+
+FILES
+A show is NAME.Korvane; its grid is NAME.korvaneconf beside it. The version before the last save
+stays as NAME.Korvane.bak.
+)";
+
+std::string keysOf(const std::vector<Menu>& menus) {
+  std::string text = "\nKEYS\n";
+  for (const Menu& menu : menus) {
+    for (const MenuItem* item : menu.items) {
+      if (item == nullptr || item->key().empty()) continue;
+      std::string line = item->key();
+      line.resize(std::max<std::size_t>(line.size() + 2, 23), ' ');
+      text += line + item->look().caption + ": " + item->look().toolTip + "\n";
+    }
+  }
+  return text + "Enter, Escape          press OK, or close a window without it\n";
+}
+
+}  // namespace
+
+DeskHelp::DeskHelp(Desktop& desktop, const std::vector<Menu>& menus)
+    : Form("DeskHelp", "Korvane: help"),
+      text("text", {}, kHowTo + keysOf(menus), {.readOnly = true, .lines = kLines}),
+      OK("OK", {.caption = "OK", .toolTip = "close the help"}) {
+  add({&text, &OK});
+  setLayout(column({Layout(text, 1), row({space(), OK})}));
+  OK.onClick = [this, &desktop] { desktop.hide(*this); };
+  onEnter = onEscape = OK.onClick;
+  desktop.add(*this);
+}
+
+}  // namespace korvane

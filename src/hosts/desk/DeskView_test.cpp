@@ -1,0 +1,131 @@
+// The desk on a screen, under real clicks and keys.
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include "desk/whole/Desk.h"
+#include "platform/HeadlessPlatform.h"
+#include "views/qt/machine/LoopGate.h"
+#include "views/qt/windows/DesktopView.h"
+#include "views/qt/windows/Theme.h"
+
+namespace korvane {
+namespace {
+
+class DeskView : public testing::Test {
+ protected:
+  DeskView() {
+    gate.afterEvent = [this] { desk.refresh(); };
+    gate.afterTicks = [this] { desk.settle(); };
+    gate.run([this] { desk.show(); });
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&window()));
+  }
+  qt::FormWindow& window() { return view.window(desk.form); }
+  QWidget& on(Control& control) { return *view.window(*control.form).widget(control); }
+  void press(Control& control) { QTest::mouseClick(&on(control), Qt::LeftButton); }
+  void openTool() {
+    QTest::keyClick(&window(), Qt::Key_F2);
+    ASSERT_TRUE(tool.visible());
+  }
+
+  QTemporaryDir folder;
+  HeadlessPlatform machine;
+  NetworkOutput output{"korvane-tests"};
+  Desk desk{machine, output, {folder.filePath("mine").toStdString()}};
+  MatrixForm& tool = desk.session.plugin.matrixForm;
+  qt::LoopGate gate{machine, desk.engine().timers};
+  qt::DesktopView view{desk.engine().desktop, gate, desk.form};
+};
+
+TEST_F(DeskView, TheToolStandsWithinTheOneWindow) {
+  EXPECT_TRUE(on(desk.form.begin).isVisible());
+  EXPECT_FALSE(on(tool.panelA.frame).isVisible());
+  press(desk.form.newShow);
+  EXPECT_FALSE(on(desk.form.begin).isVisible());
+  EXPECT_TRUE(on(tool.panelA.frame).isVisible());
+  EXPECT_EQ(&view.window(tool), &window());
+  press(tool.Closeall);
+  EXPECT_TRUE(on(desk.form.begin).isVisible());
+  EXPECT_FALSE(on(tool.panelA.frame).isVisible());
+}
+
+TEST_F(DeskView, TheMenusHoldTheItemsWithTheirKeys) {
+  QStringList all;
+  for (QAction* menu : window().findChild<QMenuBar*>()->actions()) {
+    for (QAction* item : menu->menu()->actions()) {
+      if (item->isVisible() && !item->isSeparator())
+        all << menu->text() + ": " + item->text() + " " + item->shortcut().toString();
+    }
+  }
+  EXPECT_EQ(all.join("\n").toStdString(),
+            "Show: New Ctrl+N\nShow: Open ... Ctrl+O\nShow: Save Ctrl+S\n"
+            "Show: Save as ... Ctrl+Shift+S\nShow: Quit Ctrl+Q\n"
+            "Play: Output on F12\nPlay: Blackout F10\nPlay: Freeze F11\nPlay: Beat F9\n"
+            "Lamps: Configure lamps F3\nLamps: Output ... F5\nLamps: Channels F8\n"
+            "View: Matrix F2\nView: Desk F4\nView: Narrow view F6\nView: Full view F7\n"
+            "Help: Help F1");
+}
+
+TEST_F(DeskView, BlackoutIsLitWhileItIsOn) {
+  QTest::keyClick(&window(), Qt::Key_F10);
+  auto& button = dynamic_cast<QAbstractButton&>(on(desk.form.blackout));
+  EXPECT_TRUE(button.isChecked());
+  press(desk.form.blackout);
+  EXPECT_FALSE(button.isChecked());
+  EXPECT_TRUE(machine.boxes.empty()) << "no answer stands in the way";
+}
+
+TEST_F(DeskView, AKeyBringsTheDeskToTheFrontOfAnotherWindow) {
+  QTest::keyClick(&window(), Qt::Key_F5);
+  qt::FormWindow& setup = view.window(desk.setup);
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&setup));
+  QTest::keyClick(&setup, Qt::Key_F4);
+  EXPECT_TRUE(QTest::qWaitFor([this] { return window().isActiveWindow(); }));
+  QTest::keyClick(&window(), Qt::Key_F5);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return setup.isActiveWindow(); }));
+}
+
+TEST_F(DeskView, EscapeClosesADialogAndEnterPressesItsOk) {
+  openTool();
+  press(tool.panelA.edit);
+  MxColorForm& dialog = desk.session.plugin.dialogs.color;
+  qt::FormWindow& shown = view.window(dialog);
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&shown));
+  QTest::keyClick(&on(dialog.OK), Qt::Key_Escape);
+  EXPECT_FALSE(dialog.visible());
+  press(tool.panelA.edit);
+  QTest::keyClick(&shown, Qt::Key_Return);
+  EXPECT_FALSE(dialog.visible());
+  EXPECT_TRUE(desk.engine().v.A.efxEdited.at(0));
+}
+
+TEST_F(DeskView, ClosingItsFrameAsksForAChangedShow) {
+  openTool();
+  press(tool.panelA.add);
+  window().close();
+  EXPECT_TRUE(desk.question.visible());
+  EXPECT_TRUE(window().isVisible());
+  bool quit = false;
+  desk.onQuit = [&quit] { quit = true; };
+  press(desk.question.second);
+  EXPECT_TRUE(quit);
+}
+
+}  // namespace
+}  // namespace korvane
+
+int main(int argc, char** argv) {
+  testing::InitGoogleTest(&argc, argv);
+  QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+  // A screen in memory, unless the caller asks for another one.
+  if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  QApplication application(argc, argv);
+  korvane::qt::applyTheme(application);
+  return RUN_ALL_TESTS();
+}
