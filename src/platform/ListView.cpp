@@ -122,6 +122,11 @@ void ListView::editCurrent() {
     beginEdit(current_, static_cast<int>(editable - columns_.begin()));
 }
 
+bool ListView::editable() const {
+  return std::any_of(columns_.begin(), columns_.end(),
+                     [](const Column& column) { return column.editable; });
+}
+
 bool ListView::beginEdit(int row, int col) {
   at(row);
   if (col < 0 || col >= static_cast<int>(columns_.size())) return false;

@@ -32,6 +32,8 @@ class ListView : public Control {
 
   const std::vector<Column>& columns() const { return columns_; }
   void setColumns(std::vector<Column> columns);
+  /// True if a column can be edited in place.
+  bool editable() const;
 
   const std::vector<Row>& rows() const { return rows_; }
   int count() const { return static_cast<int>(rows_.size()); }

@@ -2,7 +2,6 @@
 
 #include <filesystem>
 
-#include "platform/Failure.h"
 #include "platform/TextFile.h"
 
 namespace korvane {
@@ -16,10 +15,9 @@ void DeskHost::setProject(const std::string& stem) {
 }
 
 void DeskHost::SetChannel(std::int32_t channel, std::int32_t value, bool) {
-  if (channel < 0 || channel > kChannels)
-    throw Failure(kSubscript, "no channel " + std::to_string(channel));
+  if (onCall) onCall(channel, value);
+  if (channel < 1 || channel > kChannels) return;
   levels_[static_cast<std::size_t>(channel)] = static_cast<std::uint8_t>(value);
-  if (channel != 0 && onLevel) onLevel(channel);
 }
 
 }  // namespace korvane

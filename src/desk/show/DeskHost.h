@@ -25,13 +25,18 @@ class DeskHost : public Host {
   std::int32_t ChannelMAXCHANNELS() override { return kChannels; }
   std::string ProjectName() override { return name_; }
   std::string ProjectBaseFilename() override { return stem_; }
-  void UserInteraction() override {}
-  /// kSubscript for a channel outside 0 - 512. Channel 0 stands for a lamp without one.
+  void UserInteraction() override {
+    if (onPass) onPass();
+  }
+  /// Channels outside 1 - 512 name no lamp and are passed over; 0 stands for a lamp without one.
   void SetChannel(std::int32_t channel, std::int32_t value, bool flag) override;
 
   const Levels& levels() const { return levels_; }
   void clearLevels() { levels_.fill(0); }
-  std::function<void(std::int32_t channel)> onLevel;  ///< a channel, 1 - 512, was set
+
+  /// For the console, which tells of each call.
+  std::function<void()> onPass;
+  std::function<void(std::int32_t channel, std::int32_t value)> onCall;
 
  private:
   std::string stem_;

@@ -11,6 +11,8 @@ void DeskPlatform::messageBox(const std::string& text) {
 std::optional<std::string> DeskPlatform::askFile(const FileQuestion& question) {
   FileQuestion named = question;
   if (named.suggestedName.empty() && suggestName) named.suggestedName = suggestName(question);
+  // What can be read besides the kinds that the plug-in's dialog names.
+  if (named.filter.ends_with("*.ico")) named.filter += ";*.png";
   answered = machine_.askFile(named);
   return answered;
 }

@@ -54,6 +54,7 @@ Desk::Desk(Platform& machine, NetworkOutput& output, const DeskPlaces& places)
   bindWindows();
   bindPlay();
   bindKeysOfDialogs();
+  bindFields();
   for (std::size_t i = 0; i < form.examples.size(); ++i)
     form.examples[i]->onClick = [this, path = places.examples[i].path] { openShow(path); };
   form.showRecent(recent_.paths());
@@ -140,6 +141,34 @@ void Desk::bindKeysOfDialogs() {
   bind(plugin.quickConfiguration, plugin.quickConfiguration.OKButton);
   bind(plugin.matrixHelp, plugin.matrixHelp.OK);
   bind(plugin.matrixConfigHelp, plugin.matrixConfigHelp.OK);
+}
+
+// What a field lacks is said in words, and a time may be typed with a point or a comma.
+void Desk::bindFields() {
+  Plugin& plugin = session.plugin;
+  const auto need = [this](Button& button, const std::vector<ListBox*>& lists, const char* words) {
+    button.onClick = [this, lists, words, own = button.onClick] {
+      const bool lacks = std::any_of(lists.begin(), lists.end(),
+                                     [](const ListBox* list) { return list->index() < 0; });
+      lacks ? session.platform.messageBox(words) : own();
+    };
+  };
+  quickConf& quick = plugin.quickConfiguration;
+  need(quick.OKButton, {&quick.BaseAddress, &quick.Universe},
+       "Choose the address and the universe of the first lamp.");
+  MatrixConfDetail& detail = plugin.matrixConf.detail;
+  need(detail.setConfig, {&detail.R, &detail.G, &detail.B, &detail.UR, &detail.UG, &detail.UB},
+       "Choose a channel and a universe for each colour.");
+  TextBox& time = plugin.engine.master.fadeTimeText;
+  time.onChange = [this, &time, own = time.onChange] {
+    const char decimal = session.platform.numberFormat().decimal;
+    const char other = decimal == '.' ? ',' : '.';
+    std::string text = time.text();
+    if (text.find(decimal) != std::string::npos || text.find(other) == std::string::npos)
+      return own();
+    std::replace(text.begin(), text.end(), other, decimal);
+    time.setText(text);
+  };
 }
 
 // The plug-in answers some messages with a box; what they mean is done here, so nobody needs it.

@@ -59,6 +59,7 @@ class Desk {
   void bindWindows();
   void bindPlay();
   void bindKeysOfDialogs();
+  void bindFields();
   void message(std::int32_t number, std::int32_t argument = 0);
   void leaveShow(std::function<void()> then);
   bool save();

@@ -54,7 +54,8 @@ TEST_F(Shows, AShowPlaysAlikeWhateverWasThereBefore) {
     timers.advanceTo(timers.now() + 4000, [&](const auto& tick) { runEvent(on, tick); });
     const Variablen& state = where.engine().v;
     std::vector<Rgb> cells;
-    for (const Frame* frame : {&state.frameA, &state.frameB, &state.frameM})
+    for (const Frame* frame :
+         std::initializer_list<const Frame*>{&state.frameA, &state.frameB, &state.frameM})
       cells.insert(cells.end(), frame->data(), frame->data() + frame->span());
     return cells;
   };

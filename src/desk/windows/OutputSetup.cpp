@@ -97,12 +97,7 @@ void OutputSetup::send(const OutputTarget& target) {
   target_ = describe(target);
 }
 
-// The network's status is the target, then ": " and the error if there is one.
-std::string OutputSetup::fault() const {
-  if (!complaint_.empty() || target_.empty()) return complaint_;
-  const std::string status = output_.status();
-  return status.size() > target_.size() + 2 ? status.substr(target_.size() + 2) : std::string();
-}
+std::string OutputSetup::fault() const { return complaint_.empty() ? output_.error() : complaint_; }
 
 void OutputSetup::refresh() {
   for (TextBox* box : {&universe, &address}) {

@@ -23,6 +23,7 @@ input. Each command is answered with one line, a JSON object.
   --closed                do not open the tool window
   --output TARGET         send the lamps their values, as in sacn:1-15, artnet:0@192.168.1.20 or
                           ddp@192.168.1.50; may be given several times
+  --desk                  hold the stand-alone desk's windows too
   --help                  print this text
 
 Exit status: 0 every command was ok, 1 one was not, 2 wrong usage, 3 the script can't be read;
@@ -34,7 +35,7 @@ namespace {
 constexpr Range kChannels{0, 65536};
 
 constexpr char kBase = 'b', kChannelCount = 'n', kClock = 't', kSeed = 's', kDecimal = 'd',
-               kClosed = 'c', kOutput = 'o', kHelp = 'h';
+               kClosed = 'c', kOutput = 'o', kDesk = 'k', kHelp = 'h';
 
 constexpr option kOptions[] = {{"base", required_argument, nullptr, kBase},
                                {"channels", required_argument, nullptr, kChannelCount},
@@ -43,6 +44,7 @@ constexpr option kOptions[] = {{"base", required_argument, nullptr, kBase},
                                {"decimal", required_argument, nullptr, kDecimal},
                                {"closed", no_argument, nullptr, kClosed},
                                {"output", required_argument, nullptr, kOutput},
+                               {"desk", no_argument, nullptr, kDesk},
                                {"help", no_argument, nullptr, kHelp},
                                {nullptr, 0, nullptr, 0}};
 
@@ -101,6 +103,9 @@ void take(Options& options, int which, const std::string& word) {
       break;
     case kOutput:
       options.outputs.push_back(output(word));
+      break;
+    case kDesk:
+      options.desk = true;
       break;
     case kHelp:
       options.help = true;

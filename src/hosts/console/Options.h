@@ -21,6 +21,7 @@ struct Options {
   bool closed = false;                ///< the tool window is not opened
   std::vector<OutputConfig> outputs;  ///< where the lamps are
   std::optional<std::string> script;  ///< none: standard input
+  bool desk = false;                  ///< the stand-alone desk's windows too
   bool help = false;
 };
 

@@ -7,14 +7,14 @@
 #include <cstring>
 #include <filesystem>
 #include <iostream>
+#include <memory>
 
-#include "commands/ConsoleHost.h"
 #include "commands/ConsolePlatform.h"
 #include "commands/Interpreter.h"
 #include "commands/Operations.h"
-#include "desk/output/LampFeed.h"
 #include "hosts/console/InputLines.h"
 #include "hosts/console/Options.h"
+#include "hosts/console/Stand.h"
 #include "platform/Events.h"
 #include "platform/Signals.h"
 #include "platform/WallClock.h"
@@ -34,14 +34,15 @@ constexpr int kNewsInterval = 500;  // ms between two looks at how the network f
 
 void complain(const std::string& text) { std::cerr << "korvane-console: " << text << std::endl; }
 
-ConsoleHost::Project projectOf(const std::string& base) {
-  return {std::filesystem::path(base).filename().string(), base};
+std::unique_ptr<Stand> makeStand(const Options& options, Platform& platform) {
+  if (options.desk) return makeDeskStand(platform, options.base);
+  return makePlainStand(platform, options.base, options.channels);
 }
 
-/// The desk of this program with its plug-in.
-class Desk {
+/// This program with its plug-in.
+class Program {
  public:
-  explicit Desk(const Options& options);
+  explicit Program(const Options& options);
 
   /// Carries out the commands of an open file; the exit status.
   int run(int descriptor);
@@ -58,21 +59,20 @@ class Desk {
   void background(const std::function<void()>& event);
 
   ConsolePlatform platform_;
-  ConsoleHost host_;
-  LampFeed feed_{"korvane-console"};
   int signal_ = 0;  ///< that asked the program to end
-  Plugin plugin_{platform_};
+  std::unique_ptr<Stand> stand_;
+  Plugin& plugin_;
   std::optional<WallClock> clock_;  // none: time is virtual
   Interpreter interpreter_;
 };
 
-Desk::Desk(const Options& options)
-    : host_(projectOf(options.base), options.channels),
+Program::Program(const Options& options)
+    : stand_(makeStand(options, platform_)),
+      plugin_(stand_->plugin()),
       interpreter_(
-          {plugin_.engine, platform_, host_.calls, operationsOf(plugin_, host_),
+          {plugin_.engine, platform_, stand_->calls(), operationsOf(plugin_, stand_->host()),
            [this](std::int64_t time, const TimerQueue::Gate& gate) { advance(time, gate); }}) {
-  if (options.realClock)
-    clock_.emplace(plugin_.engine.timers, [this] { feed_.endOfPass(plugin_.engine.v); });
+  if (options.realClock) clock_.emplace(plugin_.engine.timers, [this] { stand_->settle(); });
   platform_.format = options.format;
   platform_.clock = wallTimeOfDay;
   platform_.tell = complain;
@@ -85,67 +85,62 @@ Desk::Desk(const Options& options)
       return (from + plugin_.engine.timers.now()) % kDay;
     };
   }
-  host_.onPass = [this] { feed_.announce(); };
   if (!options.outputs.empty()) {
     // Without lamps a signal ends the program at once, as it does others.
     noteEndSignals();
     if (clock_) clock_->mayGoOn = [this] { return !asked(); };
   }
-  for (const OutputConfig& output : options.outputs) feed_.outputs.add(output).switchOn();
+  for (const OutputConfig& output : options.outputs) stand_->send(output);
   start(options);
 }
 
-void Desk::start(const Options& options) {
-  background([&] {
-    plugin_.plugIn.ITharnModule_ModuleInfo();
-    plugin_.plugIn.ITharnPlugin_Init("korvane-console", options.base, host_);
-    if (!options.closed) plugin_.engine.desktop.show(plugin_.matrixForm);
-  });
+void Program::start(const Options& options) {
+  background([&] { stand_->start(options.closed); });
 }
 
-void Desk::background(const std::function<void()>& event) {
+void Program::background(const std::function<void()>& event) {
   if (!runEvent(platform_, event)) complain(platform_.failures.back().what());
 }
 
-void Desk::advance(std::int64_t milliseconds, const TimerQueue::Gate& gate) {
+void Program::advance(std::int64_t milliseconds, const TimerQueue::Gate& gate) {
   TimerQueue& timers = plugin_.engine.timers;
   if (clock_) return clock_->advance(milliseconds, gate);
-  if (feed_.outputs.empty()) return timers.advanceTo(timers.now() + milliseconds, gate);
+  if (!stand_->sending()) return timers.advanceTo(timers.now() + milliseconds, gate);
   advanceVirtual(timers.now() + milliseconds, gate);
 }
 
 /// The same as advancing at once, but a signal ends it between two ticks.
-void Desk::advanceVirtual(std::int64_t end, const TimerQueue::Gate& gate) {
+void Program::advanceVirtual(std::int64_t end, const TimerQueue::Gate& gate) {
   TimerQueue& timers = plugin_.engine.timers;
   while (timers.now() < end && !asked()) timers.advanceTo(std::min(timers.nextDue(), end), gate);
 }
 
 /// Whether a signal asked the program to end.
-bool Desk::asked() {
+bool Program::asked() {
   if (signal_ == 0) signal_ = takeEndSignal();
   return signal_ != 0;
 }
 
 /// How long the console may wait for a command, in ms; -1 for ever.
-int Desk::patience() {
+int Program::patience() {
   const int next = clock_ ? clock_->untilNext() : -1;
-  if (feed_.outputs.empty()) return next;
+  if (!stand_->sending()) return next;
   return next < 0 ? kNewsInterval : std::min(next, kNewsInterval);
 }
 
-void Desk::tellNetwork() {
-  for (const std::string& line : feed_.news()) complain(line);
+void Program::tellNetwork() {
+  for (const std::string& line : stand_->news()) complain(line);
 }
 
 /// Whether there is more to do.
-bool Desk::perform(const std::string& line) {
+bool Program::perform(const std::string& line) {
   if (const std::optional<std::string> reply = interpreter_.answer(line))
     std::cout << *reply << std::endl;
-  feed_.endOfPass(plugin_.engine.v);
+  stand_->settle();
   return !interpreter_.ended() && std::cout.good();
 }
 
-int Desk::run(int descriptor) {
+int Program::run(int descriptor) {
   InputLines lines(descriptor);
   const TimerQueue::Gate gate = [this](const std::function<void()>& tick) { background(tick); };
   std::string line;
@@ -178,7 +173,7 @@ int run(int count, char** words) {
     complain("the script " + *options.script + " can't be read: " + std::strerror(errno));
     return kUnreadableScript;
   }
-  return Desk(options).run(script);
+  return Program(options).run(script);
 }
 
 }  // namespace

@@ -25,6 +25,7 @@ class RowList : public QTreeView {
   QSize minimumSizeHint() const override { return kLeastSize; }
 
  protected:
+  bool event(QEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent*) override {}  // dragging marks no rows
@@ -128,6 +129,14 @@ void RowList::mouseDoubleClickEvent(QMouseEvent* event) {
   const QModelIndex index = indexAt(event->pos());
   if (event->button() != Qt::LeftButton || !index.isValid()) return;
   act(seat_, list_, [this, row = index.row()] { list_.doubleClick(row); });
+}
+
+// F2 edits a cell of the list that has the focus, whatever else it means in the program.
+bool RowList::event(QEvent* event) {
+  const bool edits = event->type() == QEvent::ShortcutOverride && list_.editable() &&
+                     static_cast<QKeyEvent*>(event)->key() == Qt::Key_F2;
+  if (edits) event->accept();
+  return edits || QTreeView::event(event);
 }
 
 void RowList::keyPressEvent(QKeyEvent* event) {

@@ -2,6 +2,7 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QSignalBlocker>
+#include <QTimer>
 #include <algorithm>
 
 #include "platform/Controls.h"
@@ -30,6 +31,12 @@ class Line : public QLineEdit {
   Line(TextBox& box, const Seat& seat) : QLineEdit(seat.parent), box_(box), seat_(seat) {}
 
  protected:
+  // By the Tab key this is so anyway; a click would put the cursor somewhere in the text.
+  void focusInEvent(QFocusEvent* event) override {
+    QLineEdit::focusInEvent(event);
+    if (event->reason() == Qt::MouseFocusReason) QTimer::singleShot(0, this, &QLineEdit::selectAll);
+  }
+
   void keyPressEvent(QKeyEvent* event) override {
     QLineEdit::keyPressEvent(event);
     const int key = keyCode(event->key());

@@ -5,6 +5,7 @@
 #include <QFileDialog>
 #include <QLocale>
 #include <QTime>
+#include <QTimer>
 #include <QUrl>
 
 #include "views/shared/pictures/PictureFile.h"
@@ -48,6 +49,23 @@ void setUp(QFileDialog& dialog, const FileQuestion& question) {
     dialog.selectFile(QString::fromStdString(question.suggestedName));
 }
 
+// What a box stands above: the window at work, or before there is one, any that is there.
+QWidget* frontWindow() {
+  if (QWidget* active = QApplication::activeWindow()) return active;
+  for (QWidget* window : QApplication::topLevelWidgets()) {
+    if (window->isVisible()) return window;
+  }
+  return nullptr;
+}
+
+// A window that was shown just before must not cover it.
+void comesForward(QWidget& box) {
+  QTimer::singleShot(0, &box, [&box] {
+    box.raise();
+    box.activateWindow();
+  });
+}
+
 }  // namespace
 
 QString toNameFilter(const std::string& filter) {
@@ -63,13 +81,14 @@ QString toNameFilter(const std::string& filter) {
 
 void QtPlatform::messageBox(const std::string& text) {
   QMessageBox box(QMessageBox::NoIcon, kTitle, QString::fromStdString(text), QMessageBox::Ok,
-                  QApplication::activeWindow());
+                  frontWindow());
   box.setTextFormat(Qt::PlainText);
+  comesForward(box);
   box.exec();
 }
 
 std::optional<std::string> QtPlatform::askFile(const FileQuestion& question) {
-  QFileDialog dialog(QApplication::activeWindow(), QString::fromStdString(question.title));
+  QFileDialog dialog(frontWindow(), QString::fromStdString(question.title));
   setUp(dialog, question);
   if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
   return dialog.selectedFiles().front().toStdString();
@@ -99,12 +118,12 @@ void QtPlatform::failed(const Failure& failure) {
   }
   delete failureBox_;
   repeats_ = 1;
-  failureBox_ = new QMessageBox(QMessageBox::Warning, kTitle, what, QMessageBox::Ok,
-                                QApplication::activeWindow());
+  failureBox_ = new QMessageBox(QMessageBox::Warning, kTitle, what, QMessageBox::Ok, frontWindow());
   failureBox_->setTextFormat(Qt::PlainText);
   failureBox_->setAttribute(Qt::WA_DeleteOnClose);
   failureBox_->setModal(false);
   failureBox_->show();
+  comesForward(*failureBox_);
 }
 
 void QtPlatform::saveFailed(const FailedSave& failed) { messageBox(failed.told()); }

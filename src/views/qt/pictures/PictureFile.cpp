@@ -18,8 +18,8 @@ void require(bool well, const std::string& path, const std::string& reason) {
 }
 
 void requireKind(const QImageReader& reader, const std::string& path) {
-  static const QList<QByteArray> kinds = {"bmp", "jpeg", "jpg", "gif", "ico"};
-  require(kinds.contains(reader.format()), path, "not a bmp, jpg, gif or ico picture");
+  static const QList<QByteArray> kinds = {"bmp", "jpeg", "jpg", "gif", "ico", "png"};
+  require(kinds.contains(reader.format()), path, "not a bmp, jpg, gif, ico or png picture");
 }
 
 void requireSize(const QSize& size, const std::string& path) {

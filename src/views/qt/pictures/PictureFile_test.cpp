@@ -129,8 +129,13 @@ TEST_F(PictureFile, TellsAKindByTheContentNotByTheEnding) {
   EXPECT_EQ(readPicture(path("a.jpg")).pixel(0, 0), rgb(255, 0, 0));
 }
 
+TEST_F(PictureFile, ReadsPngAsWell) {
+  ASSERT_TRUE(sample().save(folder.filePath("a.png")));
+  EXPECT_EQ(readPicture(path("a.png")).pixel(0, 0), rgb(255, 0, 0));
+}
+
 TEST_F(PictureFile, RefusesOtherKinds) {
-  ASSERT_TRUE(sample().save(folder.filePath("a.bmp"), "PNG"));
+  ASSERT_TRUE(sample().save(folder.filePath("a.bmp"), "PPM"));
   write("b.bmp", "these are words, not pixels");
   write("c.gif", {});
   for (const char* name : {"a.bmp", "b.bmp", "c.gif"})

@@ -7,8 +7,8 @@
 
 namespace korvane {
 
-/// Reads a bmp, jpg, gif (its first frame) or ico file (its largest picture); transparent pixels
-/// are laid over black, as lamps that are off. Needs no display. kFileNotFound if there is no such
+/// Reads a bmp, jpg, png, gif (its first frame) or ico file (its largest picture); transparent
+/// pixels are laid over black, as lamps that are off. Needs no display. kFileNotFound if there is no such
 /// file; kInvalidPicture, with the path and the reason, for a file of another kind, a broken one,
 /// or a picture that is too large.
 ///

@@ -66,8 +66,9 @@ GUID kindOf(IWICBitmapDecoder& decoder, const std::string& path) {
   GUID kind{};
   requireDone(decoder.GetContainerFormat(&kind), path);
   const bool known = kind == GUID_ContainerFormatBmp || kind == GUID_ContainerFormatJpeg ||
-                     kind == GUID_ContainerFormatGif || kind == GUID_ContainerFormatIco;
-  require(known, path, "not a bmp, jpg, gif or ico picture");
+                     kind == GUID_ContainerFormatGif || kind == GUID_ContainerFormatIco ||
+                     kind == GUID_ContainerFormatPng;
+  require(known, path, "not a bmp, jpg, gif, ico or png picture");
   return kind;
 }
 
@@ -186,7 +187,7 @@ Raster readPicture(const std::string& path) {
   ComPtr<IWICBitmapDecoder> decoder;
   const HRESULT opened = factory->CreateDecoderFromFilename(
       toWide(path).c_str(), nullptr, GENERIC_READ, WICDecodeMetadataCacheOnDemand, &decoder);
-  require(SUCCEEDED(opened), path, "not a bmp, jpg, gif or ico picture");
+  require(SUCCEEDED(opened), path, "not a bmp, jpg, gif, ico or png picture");
   const GUID kind = kindOf(*decoder.Get(), path);
   Frame frame = chosenFrame(*decoder.Get(), kind, *factory.Get(), path);
   Raster raster = kind == GUID_ContainerFormatGif
