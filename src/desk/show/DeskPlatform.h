@@ -22,6 +22,8 @@ class DeskPlatform : public Platform {
   NumberFormat numberFormat() override { return machine_.numberFormat(); }
   void openPage(const std::string& address) override;
   void failed(const Failure& failure) override { machine_.failed(failure); }
+  void saveFailed(const FailedSave& failed) override { machine_.saveFailed(failed); }
+  bool startsWithout(const BrokenGrid& grid) override { return machine_.startsWithout(grid); }
 
   /// Runs something whose message boxes nobody needs to see.
   void quietly(const std::function<void()>& something);

@@ -70,12 +70,12 @@ void DeskSession::bindTool() {
     if (platform.answered) adopt(*platform.answered);
   };
   plugin.matrixConf.onKept = [this] { keep(definition_); };
-  for (Deck* deck : {&plugin.engine.v.A, &plugin.engine.v.B}) {
-    deck->efxList.beforeClick = [this, deck](int row) {
-      if (row != deck->efxList.current()) commitDialog(*deck);
-    };
-  }
-  tool.save.onClick = [this, own = tool.save.onClick] { saveByTool(own); };
+  bindDeck(plugin.engine.v.A, tool.panelA);
+  bindDeck(plugin.engine.v.B, tool.panelB);
+  tool.save.onClick = [this, own = tool.save.onClick] {
+    selectRows();
+    own();
+  };
   platform.suggestName = [this](const FileQuestion& question) {
     if (question.purpose != FileQuestion::Purpose::Save) return std::string();
     if (question.filter.find(kGridEnding) != std::string::npos)
@@ -85,6 +85,24 @@ void DeskSession::bindTool() {
   };
 }
 
+// Another row, another kind, another dialog: each would leave an open one with a record that is not
+// its own.
+void DeskSession::bindDeck(Deck& deck, DeckPanel& panel) {
+  deck.efxList.beforeClick = [this, &deck](int row) {
+    if (row != deck.efxList.current()) commitDialog(deck);
+  };
+  const auto commitFirst = [this](auto& handler) {
+    handler = [this, own = handler](auto... arguments) {
+      commitDialogs();
+      own(arguments...);
+    };
+  };
+  commitFirst(deck.type.onClick);
+  commitFirst(deck.efxList.onDoubleClick);
+  for (Button* button : {&panel.edit, &panel.clear}) commitFirst(button->onClick);
+  for (PictureButton* button : {&panel.remove, &panel.pasteMem}) commitFirst(button->onClick);
+}
+
 // Lists without a selected row would make a file that can't be read.
 void DeskSession::selectRows() {
   for (ListView* list : listsOf(plugin.engine)) {
@@ -92,21 +110,11 @@ void DeskSession::selectRows() {
   }
 }
 
-// The tool saves without a word when it can't; on the desk that is said.
-void DeskSession::saveByTool(const std::function<void()>& press) {
-  selectRows();
-  platform.answered.reset();
-  bool kept = false;
-  const auto before = std::exchange(plugin.matrixForm.onKept, [&] { kept = true; });
-  press();
-  plugin.matrixForm.onKept = before;
-  if (kept) return before();
-  if (platform.answered) platform.messageBox(*platform.answered + " could not be saved.");
-}
-
 void DeskSession::openTool() {
   const bool first = !plugin.matrixForm.loaded();
+  const bool closed = !first && !plugin.matrixForm.visible();
   plugin.engine.desktop.show(plugin.matrixForm);
+  if (closed) selectRowsAgain();  // closing the tool has stopped the decks
   if (!first) return;
   selectFirstRows();
   keep(composition_);
@@ -227,28 +235,29 @@ bool DeskSession::save(const std::string& show) {
   selectRows();
   const std::string grid = projectOf(show) + kGridEnding;
   const bool gridToo = show != path_ || changed(definition_) || !fileExists(grid);
-  if (!write(show, [&](TextWriter& file) {
-        writeProject(plugin.engine, platform.numberFormat(), fileTitle(show), file);
-      }))
-    return false;
+  if (!saveComposition(show)) return false;
   keep(composition_);
   adopt(show);
   plugin.matrixForm.setCaption("Korvane - " + fileTitle(show));
   if (!gridToo) return true;
-  if (!write(grid, [&](TextWriter& file) {
-        writeDefinition(plugin.engine, plugin.matrixConf.MName.text(), file);
-      }))
-    return false;
+  try {
+    writeDefinition(plugin.engine, grid, plugin.matrixConf.MName.text());
+  } catch (const std::exception&) {
+    return false;  // it was told
+  }
   keep(definition_);
   return true;
 }
 
-bool DeskSession::write(const std::string& file, const std::function<void(TextWriter&)>& lines) {
+bool DeskSession::saveComposition(const std::string& show) {
   try {
-    replaceTextFile(file, lines);
+    const auto lines = [&](TextWriter& file) {
+      writeProject(plugin.engine, platform.numberFormat(), fileTitle(show), file);
+    };
+    replaceTextFile(show, lines, projectEndsEarly);
     return true;
   } catch (const std::exception& error) {
-    platform.messageBox(file + " could not be saved. " + error.what());
+    tellOfFailedSave(platform, show, error.what(), projectEndsEarly);
     return false;
   }
 }

@@ -6,7 +6,6 @@
 
 #include "desk/show/DeskHost.h"
 #include "desk/show/DeskPlatform.h"
-#include "platform/TextFile.h"
 #include "shell/Plugin.h"
 
 namespace korvane {
@@ -64,14 +63,14 @@ class DeskSession {
   };
 
   void bindTool();
+  void bindDeck(Deck& deck, DeckPanel& panel);
   void clearRecords();
   void loadToolAfresh();
   /// Runs what loads a show.
   bool load(const std::function<void()>& steps);
   void selectFirstRows();
-  void saveByTool(const std::function<void()>& press);
   void adopt(const std::string& show);
-  bool write(const std::string& file, const std::function<void(TextWriter&)>& lines);
+  bool saveComposition(const std::string& show);
   void selectRows();
   void showGrid();
   void keep(Document& document);

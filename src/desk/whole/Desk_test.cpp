@@ -154,6 +154,63 @@ TEST_F(TestDesk, AnOpenDialogBelongsToItsRow) {
   }
 }
 
+TEST_F(TestDesk, AnOpenPaintDialogNeverDrawsIntoTheOtherDeck) {
+  click(desk.form.tool);
+  event([this] { v.A.type.setIndex(kPaint); });
+  click(tool.panelA.edit);
+  event([this] { plugin.dialogs.paint.myName.setText("drawn"); });
+  click(tool.panelB.edit);
+  EXPECT_FALSE(plugin.dialogs.paint.visible());
+  EXPECT_EQ(v.A.effect().name, "drawn");
+  EXPECT_TRUE(plugin.dialogs.color.visible());
+}
+
+TEST_F(TestDesk, ReopeningTheToolPlaysOn) {
+  click(desk.form.tool);
+  event([this] { v.A.type.setIndex(kFire); });
+  ASSERT_TRUE(v.A.timer1.enabled());
+  click(tool.Closeall);
+  ASSERT_FALSE(v.A.timer1.enabled());
+  click(desk.form.tool);
+  EXPECT_TRUE(v.A.timer1.enabled());
+}
+
+TEST_F(TestDesk, WhatAFieldLacksIsSaidInWords) {
+  click(desk.form.tool);
+  click(desk.form.configure);
+  click(plugin.matrixConf.fastConfig);
+  click(plugin.quickConfiguration.OKButton);
+  EXPECT_EQ(machine.boxes,
+            std::vector<std::string>{"Choose the address and the universe of the first lamp."});
+  EXPECT_TRUE(machine.failures.empty());
+}
+
+TEST_F(TestDesk, ATimeIsTypedWithAPointOrAComma) {
+  for (const char decimal : {'.', ','}) {
+    machine.format = {decimal, decimal == '.' ? ',' : '.'};
+    click(desk.form.newShow);
+    for (const char* typed : {"1.5", "1,5"}) {
+      event([&] { plugin.engine.master.fadeTimeText.setText("2"); });
+      event([&] { plugin.engine.master.fadeTimeText.setText(typed); });
+      EXPECT_EQ(v.fadeTime, 1.5) << typed << " under " << decimal;
+    }
+    if (desk.question.visible()) click(desk.question.second);
+  }
+}
+
+TEST_F(TestDesk, EscapeClosesADialogAndEnterPressesItsOk) {
+  click(desk.form.tool);
+  for (EffectDialog* dialog : plugin.dialogs.byType) {
+    SCOPED_TRACE(dialog->name());
+    event([dialog] { dialog->open(); });
+    event([dialog] { dialog->key(27); });
+    EXPECT_FALSE(dialog->visible());
+    event([dialog] { dialog->open(); });
+    event([dialog] { dialog->key(13); });
+    EXPECT_FALSE(dialog->visible());
+  }
+}
+
 TEST_F(TestDesk, ARowOfTheOtherDeckLeavesTheDialogOpen) {
   click(desk.form.tool);
   click(tool.panelA.edit);

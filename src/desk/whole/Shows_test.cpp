@@ -219,13 +219,26 @@ TEST_F(Shows, ASaveThatFailsIsToldAndTheShowStaysChanged) {
   const std::string path = folder + "no/such/folder.Korvane";
   machine.answers = {path};
   click(desk.form.saveAs);
-  ASSERT_EQ(machine.boxes.size(), 1U);
-  EXPECT_TRUE(machine.boxes[0].starts_with(path + " could not be saved.")) << machine.boxes[0];
+  ASSERT_EQ(machine.failedSaves.size(), 1U);
+  EXPECT_EQ(machine.failedSaves[0].path, path);
   EXPECT_TRUE(desk.session.changed());
   EXPECT_EQ(desk.session.path(), "");
   machine.answers = {path};
   click(tool.save);
-  EXPECT_EQ(machine.boxes.size(), 2U) << "so does the tool's own button";
+  EXPECT_EQ(machine.failedSaves.size(), 2U) << "so does the tool's own button";
+}
+
+TEST_F(Shows, AShowThatCanNotBeWrittenIsNotCountedAsSaved) {
+  click(desk.form.tool);
+  machine.answers = {folder + "mine.Korvane"};
+  click(desk.form.save);
+  v.A.effect().type = kPaint;  // without a picture
+  v.A.efxEdited.at(0) = true;
+  for (int time = 0; time < 2; ++time) {
+    click(desk.form.save);
+    EXPECT_TRUE(desk.session.changed());
+  }
+  EXPECT_EQ(machine.failedSaves.back().whole, folder + "mine.Korvane.bak");
 }
 
 TEST_F(Shows, TheToolsOwnSaveNamesTheShowToo) {
