@@ -437,24 +437,25 @@ TEST_F(Program, TellsOfAFailedSaveOnStandardError) {
   EXPECT_EQ(result.complaint, "korvane-console: " + path + " was not saved: Path/File access " +
                                   "error: " + path + ": No such file or directory. There is no " +
                                   "whole version of it.\n");
-  TEST_F(Program, TheDesksWindowsAreHeldToo) {
-    const Result result =
-        run("--desk",
-            "get Desk\nclick Desk.blackout\nget Desk.blackout\nclick Desk.output\n"
-            "get MatrixForm.active\nboxes\ncalls\n");
-    ASSERT_EQ(result.replies.size(), 7U) << result.complaint;
-    EXPECT_THAT(result.replies[0], HasSubstr(R"("caption":"untitled - Korvane")"));
-    EXPECT_THAT(result.replies[2], HasSubstr(R"("key":"F10")"));
-    EXPECT_THAT(result.replies[2], HasSubstr(R"("lit":true)"));
-    EXPECT_THAT(result.replies[4], HasSubstr(R"("kind":"CheckBox")"));
-    EXPECT_THAT(result.replies[5], HasSubstr(R"("boxes":[])"));
-    EXPECT_EQ(result.status, 0);
-  }
+}
 
-  TEST_F(Program, WithoutTheDeskItsWindowsAreNotThere) {
-    const Result result = run("", "get Desk\n");
-    EXPECT_EQ(result.status, 1);
-  }
+TEST_F(Program, TheDesksWindowsAreHeldToo) {
+  const Result result = run("--desk",
+                            "get Desk\nclick Desk.blackout\nget Desk.blackout\nclick Desk.output\n"
+                            "get MatrixForm.active\nboxes\ncalls\n");
+  ASSERT_EQ(result.replies.size(), 7U) << result.complaint;
+  EXPECT_THAT(result.replies[0], HasSubstr(R"("caption":"untitled - Korvane")"));
+  EXPECT_THAT(result.replies[2], HasSubstr(R"("key":"F10")"));
+  EXPECT_THAT(result.replies[2], HasSubstr(R"("lit":true)"));
+  EXPECT_THAT(result.replies[4], HasSubstr(R"("kind":"CheckBox")"));
+  EXPECT_THAT(result.replies[5], HasSubstr(R"("boxes":[])"));
+  EXPECT_EQ(result.status, 0);
+}
+
+TEST_F(Program, WithoutTheDeskItsWindowsAreNotThere) {
+  const Result result = run("", "get Desk\n");
+  EXPECT_EQ(result.status, 1);
+}
 
 }  // namespace
 }  // namespace korvane
