@@ -9,7 +9,9 @@
 #include <QTimer>
 
 #include "FullSpeed.h"
-#include "hosts/desk/DeskWindow.h"
+#include "desk/whole/Desk.h"
+#include "views/qt/machine/EventGate.h"
+#include "views/qt/windows/DesktopView.h"
 #include "views/qt/windows/Theme.h"
 
 namespace korvane {
@@ -37,12 +39,15 @@ class TickingPlatform : public HeadlessPlatform {
 class DeskAtWork {
  public:
   DeskAtWork(int side, std::int16_t type) {
-    desk_.show();
-    desk_.openTool();
+    gate_.afterEvent = [this] { desk_.refresh(); };
+    gate_.afterTicks = [this] { desk_.settle(); };
+    gate_.run([this] { desk_.show(); });
+    gate_.run([this] { desk_.form.tool.click(); });
+    gate_.run([this] { desk_.form.channels.click(); });
     gate_.run([this, side, type] { playAtFullSpeed(plugin_, side, type); });
     gate_.run([this] { plugin_.matrixForm.mxsim_active.setValue(1); });
     gate_.run([this] { plugin_.matrixForm.panelA.edit.click(); });
-    simulation_.emplace(*session_.view.window(plugin_.mxSimForm).findChild<QWidget*>());
+    simulation_.emplace(*view_.window(plugin_.mxSimForm).findChild<QWidget*>());
     Timer& step = plugin_.engine.v.A.timer1;
     step.onTimer = [this, before = step.onTimer] {
       ++steps;
@@ -69,10 +74,10 @@ class DeskAtWork {
  private:
   TickingPlatform platform_;
   NetworkOutput output_{"korvane-bench"};
-  DeskWindow desk_{platform_, output_, "/nowhere/bench", {}};
-  DeskSession& session_ = desk_.session();
-  Plugin& plugin_ = session_.plugin;
-  EventGate& gate_ = session_.gate;
+  Desk desk_{platform_, output_, {"/nowhere/bench"}};
+  Plugin& plugin_ = desk_.session.plugin;
+  EventGate gate_{platform_, plugin_.engine.timers};
+  DesktopView view_{plugin_.engine.desktop, gate_, desk_.form};
   std::optional<Paintings> simulation_;
 };
 
