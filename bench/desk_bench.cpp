@@ -10,7 +10,7 @@
 
 #include "FullSpeed.h"
 #include "desk/whole/Desk.h"
-#include "views/qt/machine/EventGate.h"
+#include "views/qt/machine/LoopGate.h"
 #include "views/qt/windows/DesktopView.h"
 #include "views/qt/windows/Theme.h"
 
@@ -76,8 +76,8 @@ class DeskAtWork {
   NetworkOutput output_{"korvane-bench"};
   Desk desk_{platform_, output_, {"/nowhere/bench"}};
   Plugin& plugin_ = desk_.session.plugin;
-  EventGate gate_{platform_, plugin_.engine.timers};
-  DesktopView view_{plugin_.engine.desktop, gate_, desk_.form};
+  qt::LoopGate gate_{platform_, plugin_.engine.timers};
+  qt::DesktopView view_{plugin_.engine.desktop, gate_, desk_.form};
   std::optional<Paintings> simulation_;
 };
 
