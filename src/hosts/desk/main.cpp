@@ -135,11 +135,11 @@ bool displayNamed() {
 // A path from the command line is of no use without the folder that it starts from.
 bool lostFolder(const Options& options) {
   std::error_code error;
-  std::filesystem::current_path(error);
+  const std::filesystem::path here = std::filesystem::current_path(error);
   const auto relative = [](const std::string& path) {
     return !path.empty() && std::filesystem::path(path).is_relative();
   };
-  return error && (relative(options.show) || relative(options.project));
+  return here.empty() && (relative(options.show) || relative(options.project));
 }
 
 int run(int count, char** words) {
