@@ -243,24 +243,28 @@ TEST_F(TestDesk, TheAddressStaysEmptyUnlessAPersonGaveOne) {
                                                        {"sacn:2@10.0.0.1", "10.0.0.1"},
                                                        {"sacn:2%lo", "%lo"},
                                                        {"artnet:1@10.0.0.1:99", "10.0.0.1:99"}};
-  for (const auto& [target, address] : cases) {
-    event([&] { desk.setup.use(parseOutputTarget(target)); });
-    EXPECT_EQ(desk.setup.address.text(), address) << target;
-  }
-  event([this] { desk.setup.use(parseOutputTarget("sacn:1")); });
+  for (const auto& [target, address] : cases)
+    EXPECT_EQ(OutputSetup::givenAddress(parseOutputTarget(target)), address) << target;
+}
+
+TEST_F(TestDesk, AnotherUniverseOrProtocolHasAnotherAddress) {
+  event([this] { desk.setup.use(parseOutputTarget("sacn:1%lo")); });
   event([this] { desk.setup.universe.setText("7"); });
-  EXPECT_EQ(desk.setup.target(), "sACN universe 7 to 239.255.0.7:5568");
+  EXPECT_EQ(desk.setup.target(), "sACN universe 7 to 239.255.0.7:5568 by lo");
   event([this] { desk.setup.protocol.setIndex(2); });
-  EXPECT_EQ(desk.setup.target(), "Art-Net universe 7 to 255.255.255.255:6454");
+  EXPECT_EQ(desk.setup.target(), "Art-Net universe 7 to 255.255.255.255:6454 by lo");
+  event([this] { desk.setup.protocol.setIndex(0); });
+  EXPECT_EQ(desk.setup.target(), "");
 }
 
 TEST_F(TestDesk, AWrongAddressIsToldAndMended) {
   event([this] { desk.setup.use(parseOutputTarget("sacn:1@127.0.0.1")); });
   event([this] { desk.setup.address.setText("127.0.0.300"); });
-  EXPECT_NE(desk.form.wrong.look().caption.find("127.0.0.300"), std::string::npos);
+  const std::string& wrong = desk.form.wrong.look().caption;
+  EXPECT_NE(wrong.find("127.0.0.300"), std::string::npos) << wrong;
   EXPECT_EQ(desk.form.sent.look().caption, "Nothing is sent: no output is chosen.");
   event([this] { desk.setup.address.setText("127.0.0.1"); });
-  EXPECT_EQ(desk.form.wrong.look().caption, "");
+  EXPECT_EQ(wrong.find("127.0.0.300"), std::string::npos) << wrong;
   EXPECT_EQ(desk.form.sent.look().caption, "sACN universe 1 to 127.0.0.1:5568. DMX is off");
 }
 

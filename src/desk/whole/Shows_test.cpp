@@ -48,8 +48,8 @@ TEST_F(Shows, OneClickOpensAnExampleOnItsGrid) {
 // Whatever was on the desk before, a show plays as in a plug-in that was just made.
 TEST_F(Shows, AShowPlaysAlikeWhateverWasThereBefore) {
   const auto play = [](Desk& where, PicturePlatform& on, const std::string& path) {
-    where.session.open(path);
     where.engine().random.seed(7);
+    where.session.open(path);
     TimerQueue& timers = where.engine().timers;
     timers.advanceTo(timers.now() + 4000, [&](const auto& tick) { runEvent(on, tick); });
     const Variablen& state = where.engine().v;

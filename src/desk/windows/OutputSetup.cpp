@@ -75,19 +75,22 @@ void OutputSetup::apply() {
   refresh();
 }
 
-void OutputSetup::use(const OutputTarget& target) {
-  std::string given =
-      target.address == target.protocol->address(target.universe) ? "" : target.address;
+std::string OutputSetup::givenAddress(const OutputTarget& target) {
+  const bool own = target.address == target.protocol->address(target.universe);
+  std::string given = own ? "" : target.address;
   if (target.port != target.protocol->port)
     given = target.address + ":" + std::to_string(target.port);
-  if (!target.interface.empty()) given += "%" + target.interface;
+  return target.interface.empty() ? given : given + "%" + target.interface;
+}
+
+void OutputSetup::use(const OutputTarget& target) {
   const auto quiet = [](auto& control, const auto& set) {
     const auto handler = std::exchange(control.onChange, nullptr);
     set();
     control.onChange = handler;
   };
   quiet(universe, [&] { universe.setText(std::to_string(target.universe)); });
-  quiet(address, [&] { address.setText(given); });
+  quiet(address, [&] { address.setText(givenAddress(target)); });
   protocol.setIndex(1 + static_cast<int>(target.protocol - protocols().data()));
   apply();
 }

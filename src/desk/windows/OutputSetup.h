@@ -16,9 +16,11 @@ class OutputSetup : public Form {
 
   OutputSetup(Desktop& desktop, NetworkOutput& output);
 
-  /// Shows a target in the fields and sends to it. The address stays empty if it is the protocol's
-  /// own: another universe or protocol has another one.
+  /// Shows a target in the fields and sends to it.
   void use(const OutputTarget& target);
+  /// What stands in the address field for a target: nothing if the address is the protocol's own,
+  /// as another universe or protocol has another one.
+  static std::string givenAddress(const OutputTarget& target);
   /// Whether levels are sent.
   bool sending() const { return !applied_.empty() && complaint_.empty(); }
   WhenOff whenOff() const { return static_cast<WhenOff>(off.index()); }

@@ -53,6 +53,7 @@ class DeskStand : public Stand {
   void start(bool closed) override {
     desk_.show();
     if (!closed) desk_.session.openTool();
+    desk_.refresh();
   }
 
  private:
