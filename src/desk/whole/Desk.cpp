@@ -124,7 +124,9 @@ void Desk::bindKeysOfDialogs() {
   Plugin& plugin = session.plugin;
   Desktop& desktop = engine().desktop;
   const auto press = [](Button& button) { return [&button] { button.click(); }; };
-  const auto close = [&desktop](Form& window) { return [&] { desktop.close(window); }; };
+  const auto close = [&desktop](Form& window) {
+    return [&desktop, &window] { desktop.close(window); };
+  };
   for (EffectDialog* dialog : plugin.dialogs.byType) {
     if (dialog == nullptr) continue;
     dialog->onEnter = press(dialog->OK);
