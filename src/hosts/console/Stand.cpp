@@ -1,7 +1,11 @@
 #include "hosts/console/Stand.h"
 
+#include <stdexcept>
+
 #include "commands/ConsoleHost.h"
+#include "desk/output/LampFeed.h"
 #include "desk/whole/Desk.h"
+#include "hosts/console/Options.h"
 #include "platform/TextFile.h"
 
 namespace korvane {
@@ -9,19 +13,18 @@ namespace {
 
 class PlainStand : public Stand {
  public:
-  PlainStand(Platform& platform, NetworkOutput& output, const std::string& base,
-             std::int32_t channels)
-      : base_(base), output_(output), host_({fileTitle(base), base}, channels), plugin_(platform) {
-    host_.onChannel = [this](std::int32_t channel, std::int32_t value) {
-      output_.setChannel(channel, static_cast<std::uint8_t>(value));
-    };
+  PlainStand(Platform& platform, const std::string& base, std::int32_t channels)
+      : base_(base), host_({fileTitle(base), base}, channels), plugin_(platform) {
+    host_.onPass = [this] { feed_.announce(); };
   }
 
   Plugin& plugin() override { return plugin_; }
   Host& host() override { return host_; }
   HostCalls& calls() override { return host_.calls; }
-  void use(const OutputTarget& target) override { output_.start(target); }
-  void settle() override { output_.endOfPass(); }
+  void send(const OutputConfig& output) override { feed_.outputs.add(output).switchOn(); }
+  bool sending() override { return !feed_.outputs.empty(); }
+  std::vector<std::string> news() override { return feed_.news(); }
+  void settle() override { feed_.endOfPass(plugin_.engine.v); }
   void start(bool closed) override {
     plugin_.plugIn.ITharnModule_ModuleInfo();
     plugin_.plugIn.ITharnPlugin_Init("korvane-console", base_, host_);
@@ -30,15 +33,15 @@ class PlainStand : public Stand {
 
  private:
   std::string base_;
-  NetworkOutput& output_;
   ConsoleHost host_;
+  LampFeed feed_{"korvane-console"};
   Plugin plugin_;
 };
 
+/// The desk sends one universe, as its window says.
 class DeskStand : public Stand {
  public:
-  DeskStand(Platform& platform, NetworkOutput& output, const std::string& base)
-      : desk_(platform, output, {base}) {
+  DeskStand(Platform& platform, const std::string& base) : desk_(platform, output_, {base}) {
     desk_.session.host.onPass = [this] { calls_.add(HostCall::userInteraction()); };
     desk_.session.host.onCall = [this](std::int32_t channel, std::int32_t value) {
       calls_.add(HostCall::setChannel(channel, value));
@@ -48,8 +51,22 @@ class DeskStand : public Stand {
   Plugin& plugin() override { return desk_.session.plugin; }
   Host& host() override { return desk_.session.host; }
   HostCalls& calls() override { return calls_; }
-  void use(const OutputTarget& target) override { desk_.setup.use(target); }
+  bool sending() override { return desk_.setup.sending(); }
+  std::vector<std::string> news() override {
+    const std::string now = desk_.setup.fault();
+    if (now.empty() || now == told_) return {};
+    told_ = now;
+    return {now};
+  }
   void settle() override { desk_.refresh(); }
+  void send(const OutputConfig& output) override {
+    try {
+      desk_.setup.use(parseOutputTarget(outputText(output)));
+    } catch (const std::invalid_argument& error) {
+      throw UsageError(std::string("with --desk, one universe by sACN or Art-Net: ") +
+                       error.what());
+    }
+  }
   void start(bool closed) override {
     desk_.show();
     if (!closed) desk_.session.openTool();
@@ -58,19 +75,20 @@ class DeskStand : public Stand {
 
  private:
   HostCalls calls_{ConsoleHost::kMostCalls};
+  NetworkOutput output_{"korvane-console"};
   Desk desk_;
+  std::string told_;
 };
 
 }  // namespace
 
-std::unique_ptr<Stand> makePlainStand(Platform& platform, NetworkOutput& output,
-                                      const std::string& base, std::int32_t channels) {
-  return std::make_unique<PlainStand>(platform, output, base, channels);
+std::unique_ptr<Stand> makePlainStand(Platform& platform, const std::string& base,
+                                      std::int32_t channels) {
+  return std::make_unique<PlainStand>(platform, base, channels);
 }
 
-std::unique_ptr<Stand> makeDeskStand(Platform& platform, NetworkOutput& output,
-                                     const std::string& base) {
-  return std::make_unique<DeskStand>(platform, output, base);
+std::unique_ptr<Stand> makeDeskStand(Platform& platform, const std::string& base) {
+  return std::make_unique<DeskStand>(platform, base);
 }
 
 }  // namespace korvane

@@ -3,9 +3,10 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "commands/HostCalls.h"
-#include "desk/network/NetworkOutput.h"
+#include "desk/output/OutputConfig.h"
 #include "platform/Platform.h"
 #include "shell/Plugin.h"
 
@@ -20,18 +21,21 @@ class Stand {
   virtual Plugin& plugin() = 0;
   virtual Host& host() = 0;
   virtual HostCalls& calls() = 0;
+  /// Sends the lamps their values from now on. UsageError for an output that it can't have.
+  virtual void send(const OutputConfig& output) = 0;
   /// Announces the plug-in to its desk, and opens the tool window unless `closed`.
   virtual void start(bool closed) = 0;
-  /// Sends the levels there from now on.
-  virtual void use(const OutputTarget& target) = 0;
-  /// After each command, and after each pass over the timers: hands the levels over to be sent.
+  /// After each command, and after each pass over the timers: hands on what the lamps are to show.
   virtual void settle() = 0;
+  /// Whether it has outputs.
+  virtual bool sending() = 0;
+  /// What is to be told of the outputs now.
+  virtual std::vector<std::string> news() = 0;
 };
 
 /// `base` is the project's path without its ending.
-std::unique_ptr<Stand> makePlainStand(Platform& platform, NetworkOutput& output,
-                                      const std::string& base, std::int32_t channels);
-std::unique_ptr<Stand> makeDeskStand(Platform& platform, NetworkOutput& output,
-                                     const std::string& base);
+std::unique_ptr<Stand> makePlainStand(Platform& platform, const std::string& base,
+                                      std::int32_t channels);
+std::unique_ptr<Stand> makeDeskStand(Platform& platform, const std::string& base);
 
 }  // namespace korvane
