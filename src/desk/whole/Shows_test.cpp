@@ -104,7 +104,8 @@ TEST_F(Shows, AShowOfOnesOwnIsItsOwnProject) {
 
 TEST_F(Shows, TheOutputGoesOnAndTheChannelsOfTheOldShowGoToZero) {
   light();
-  write("small.Korvane", bytesOf(examples[0].path));
+  machine.answers = {folder + "small.Korvane"};
+  click(tool.save);
   write("small.korvaneconf", "small\r\n1,1,False\r\n2,3,4\r\n");
   open(folder + "small.Korvane");
   EXPECT_EQ(name(), "small");
