@@ -135,12 +135,14 @@ void DeskSession::selectRowsAgain() {
 
 void DeskSession::commitDialog(const Deck& deck) {
   if (&plugin.engine.editedDeck() != &deck) return;
-  for (EffectDialog* dialog : plugin.dialogs.byType) {
-    if (dialog == nullptr || !dialog->visible()) continue;
-    runEvent(platform, [dialog] { dialog->OK_Click(); });
+  for (const auto& dialog : plugin.dialogs.byType) {
+    runEvent(platform, [&dialog] {
+      dialog->commit();
+      if (dialog->visible()) dialog->OK_Click();  // Paint is committed by its OK alone
+    });
     plugin.engine.desktop.hide(*dialog);
+    for (Form* window : dialog->windows()) plugin.engine.desktop.hide(*window);
   }
-  plugin.engine.desktop.hide(plugin.dialogs.imageList);
 }
 
 void DeskSession::commitDialogs() { commitDialog(plugin.engine.editedDeck()); }

@@ -127,16 +127,16 @@ void Desk::bindKeysOfDialogs() {
   const auto close = [&desktop](Form& window) {
     return [&desktop, &window] { desktop.close(window); };
   };
-  for (EffectDialog* dialog : plugin.dialogs.byType) {
-    if (dialog == nullptr) continue;
-    dialog->onEnter = press(dialog->OK);
-    dialog->onEscape = close(*dialog);
-  }
   const auto bind = [&](Form& window, Button& ok) {
     window.onEnter = press(ok);
     window.onEscape = close(window);
   };
-  bind(plugin.dialogs.imageList, plugin.dialogs.imageList.OK);
+  for (const auto& dialog : plugin.dialogs.byType) {
+    bind(*dialog, dialog->OK);
+    for (Form* window : dialog->windows()) {
+      if (auto* ok = dynamic_cast<Button*>(window->find("OK"))) bind(*window, *ok);
+    }
+  }
   bind(plugin.dialogs.mixer, plugin.dialogs.mixer.Bok);
   bind(plugin.matrixConf, plugin.matrixConf.OK);
   bind(plugin.matrixConf.detail, plugin.matrixConf.detail.setConfig);

@@ -158,11 +158,11 @@ TEST_F(TestDesk, AnOpenPaintDialogNeverDrawsIntoTheOtherDeck) {
   click(desk.form.tool);
   event([this] { v.A.type.setIndex(kPaint); });
   click(tool.panelA.edit);
-  event([this] { plugin.dialogs.paint.myName.setText("drawn"); });
+  event([this] { plugin.dialogs.byType.at(kPaint)->myName.setText("drawn"); });
   click(tool.panelB.edit);
-  EXPECT_FALSE(plugin.dialogs.paint.visible());
+  EXPECT_FALSE(plugin.dialogs.byType.at(kPaint)->visible());
   EXPECT_EQ(v.A.effect().name, "drawn");
-  EXPECT_TRUE(plugin.dialogs.color.visible());
+  EXPECT_TRUE(plugin.dialogs.byType.at(kColor)->visible());
 }
 
 TEST_F(TestDesk, ReopeningTheToolPlaysOn) {
@@ -200,13 +200,13 @@ TEST_F(TestDesk, ATimeIsTypedWithAPointOrAComma) {
 
 TEST_F(TestDesk, EscapeClosesADialogAndEnterPressesItsOk) {
   click(desk.form.tool);
-  for (EffectDialog* dialog : plugin.dialogs.byType) {
+  for (const auto& dialog : plugin.dialogs.byType) {
     SCOPED_TRACE(dialog->name());
-    event([dialog] { dialog->open(); });
-    event([dialog] { dialog->key(27); });
+    event([&dialog] { dialog->open(); });
+    event([&dialog] { dialog->key(27); });
     EXPECT_FALSE(dialog->visible());
-    event([dialog] { dialog->open(); });
-    event([dialog] { dialog->key(13); });
+    event([&dialog] { dialog->open(); });
+    event([&dialog] { dialog->key(13); });
     EXPECT_FALSE(dialog->visible());
   }
 }
@@ -215,7 +215,7 @@ TEST_F(TestDesk, ARowOfTheOtherDeckLeavesTheDialogOpen) {
   click(desk.form.tool);
   click(tool.panelA.edit);
   pick(v.B.efxList, 0);
-  EXPECT_TRUE(plugin.dialogs.color.visible());
+  EXPECT_TRUE(plugin.dialogs.byType.at(kColor)->visible());
 }
 
 TEST_F(TestDesk, AnotherGridStartsTheEffectsAgain) {

@@ -95,7 +95,7 @@ TEST_F(DeskView, AKeyBringsTheDeskToTheFrontOfAnotherWindow) {
 TEST_F(DeskView, EscapeClosesADialogAndEnterPressesItsOk) {
   openTool();
   press(tool.panelA.edit);
-  MxColorForm& dialog = desk.session.plugin.dialogs.color;
+  EffectDialog& dialog = *desk.session.plugin.dialogs.byType.at(kColor);
   qt::FormWindow& shown = view.window(dialog);
   ASSERT_TRUE(QTest::qWaitForWindowActive(&shown));
   QTest::keyClick(&on(dialog.OK), Qt::Key_Escape);
