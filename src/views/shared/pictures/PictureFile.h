@@ -8,9 +8,9 @@
 namespace korvane {
 
 /// Reads a bmp, jpg, png, gif (its first frame) or ico file (its largest picture); transparent
-/// pixels are laid over black, as lamps that are off. Needs no display. kFileNotFound if there is no such
-/// file; kInvalidPicture, with the path and the reason, for a file of another kind, a broken one,
-/// or a picture that is too large.
+/// pixels are laid over black, as lamps that are off. Needs no display. kFileNotFound if there is
+/// no such file; kInvalidPicture, with the path and the reason, for a file of another kind, a
+/// broken one, or a picture that is too large.
 ///
 /// A matrix of 50 by 50 lamps travels no farther over a picture than kMostPicturePixels reach, so
 /// no more are kept. A larger jpg, as cameras make them, is decoded to a half, a quarter or an
