@@ -1,0 +1,176 @@
+#pragma once
+
+#include <sys/resource.h>
+
+#include <csignal>
+#include <filesystem>
+#include <fstream>
+#include <map>
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "commands/ConsoleHost.h"
+#include "commands/ConsolePlatform.h"
+#include "commands/Interpreter.h"
+#include "commands/Operations.h"
+#include "commands/ShowContents.h"
+#include "commands/Tokens.h"
+#include "persistence/MatrixDefinition.h"
+
+namespace korvane {
+
+/// A plug-in in a console, for as long as a test plays with it.
+struct OperatorConsole {
+  OperatorConsole(const std::string& base, std::uint64_t seed) : host({"show", base}, 512) {
+    platform.clock = [this] { return plugin.engine.timers.now(); };
+    platform.pictures = [](const std::string& path) {
+      if (!std::filesystem::exists(path)) throw Failure(kInvalidPicture, path);
+      return Raster(9, 7, rgb(200, 100, 50));
+    };
+    plugin.engine.random.seed(seed);
+    plugin.plugIn.ITharnPlugin_Init("", "", host);
+    answer("open");
+  }
+  Json answer(const std::string& line) {
+    host.calls.clear();
+    return Json::parse(interpreter.answer(line).value_or("{}"));
+  }
+  Engine& engine() { return plugin.engine; }
+
+  ConsolePlatform platform;
+  ConsoleHost host;
+  Plugin plugin{platform};
+  Interpreter interpreter{{plugin.engine, platform, host.calls, operationsOf(plugin, host),
+                           [this](std::int64_t time, const TimerQueue::Gate& gate) {
+                             plugin.engine.timers.advanceTo(plugin.engine.timers.now() + time,
+                                                            gate);
+                           }}};
+};
+
+/// One command of a session, and the most bytes that a file may get while it
+/// runs: a full disk.
+struct Action {
+  static constexpr long kNoLimit = -1;
+  std::string line;
+  long limit = kNoLimit;
+};
+
+/// A show was lost; the text says how.
+struct ShowLost : std::runtime_error {
+  using std::runtime_error::runtime_error;
+};
+
+/// An operator's evening: commands, one after another, and after each of them
+/// whatever must hold of the shows on the disk. The same commands from the same
+/// seed do the same.
+class OperatorSession {
+ public:
+  /// The folder is made anew and holds the examples besides what the session
+  /// saves.
+  OperatorSession(std::string folder, const std::string& examples, std::uint64_t seed)
+      : folder_(std::move(folder)) {
+    std::signal(SIGXFSZ, SIG_IGN);
+    std::filesystem::remove_all(folder_);
+    for (const char* made : {"/again", "/dir.Korvane", "/dir.korvaneconf"})
+      std::filesystem::create_directories(folder_ + made);
+    std::filesystem::copy(examples, folder_, std::filesystem::copy_options::recursive);
+    console_ = std::make_unique<OperatorConsole>(folder_ + "/show", seed);
+  }
+  ~OperatorSession() { std::filesystem::remove_all(folder_); }
+  OperatorSession(const OperatorSession&) = delete;
+  OperatorSession& operator=(const OperatorSession&) = delete;
+
+  /// Carries it out; ShowLost if something that was saved is not there any
+  /// more.
+  void perform(const Action& action) {
+    if (action.line.starts_with("answer ")) answered_ = tokens(action.line).at(1);
+    const std::map<std::string, std::string> before = {{answered_, bytesOf(answered_)}};
+    console_->platform.questions.clear();
+    {
+      const Limit limit(action.limit);
+      reply = console_->answer(action.line);
+    }
+    if (action.line.starts_with("answer ")) return;
+    asked = console_->platform.questions;
+    console_->platform.answers.clear();
+    const std::vector<std::string> boxes = std::exchange(console_->platform.boxes, {});
+    checkSave(boxes, action.limit == Action::kNoLimit, before.begin()->second);
+    answered_.clear();
+  }
+
+  const Engine& engine() const { return console_->plugin.engine; }
+  const std::string& folder() const { return folder_; }
+
+  Json reply;                       ///< to the last command
+  std::vector<FileQuestion> asked;  ///< what its file dialogs asked
+  int saved = 0;                    ///< shows that said that they are saved
+  int refused = 0;                  ///< saves that did not
+
+ private:
+  /// No file grows beyond so many bytes.
+  struct Limit {
+    explicit Limit(long bytes) {
+      if (bytes == Action::kNoLimit) return;
+      getrlimit(RLIMIT_FSIZE, &before);
+      rlimit now = before;
+      now.rlim_cur = static_cast<rlim_t>(bytes);
+      setrlimit(RLIMIT_FSIZE, &now);
+      set = true;
+    }
+    ~Limit() {
+      if (set) setrlimit(RLIMIT_FSIZE, &before);
+    }
+    Limit(const Limit&) = delete;
+    Limit& operator=(const Limit&) = delete;
+    rlimit before{};
+    bool set = false;
+  };
+
+  static std::string bytesOf(const std::string& path) {
+    if (!std::filesystem::is_regular_file(path)) return {};
+    std::ifstream stream(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
+  }
+
+  void checkSave(const std::vector<std::string>& boxes, bool room, const std::string& before) {
+    const bool show = !asked.empty() && asked.back().purpose == FileQuestion::Purpose::Save &&
+                      asked.back().filter.find("*.Korvane") != std::string::npos;
+    if (!show || answered_.empty() || answered_ == "cancel") return;
+    if (std::find(boxes.begin(), boxes.end(), "Matrix Project saved") != boxes.end()) {
+      ++saved;
+      checkLoads(answered_);
+      return;
+    }
+    ++refused;
+    if (room && std::filesystem::is_directory(std::filesystem::path(answered_).parent_path()) &&
+        !std::filesystem::is_directory(answered_)) {
+      throw ShowLost("a show could not be saved to " + answered_);
+    }
+    if (before != bytesOf(answered_) && before != bytesOf(answered_ + ".bak"))
+      throw ShowLost("a save that failed left no whole version of " + answered_);
+  }
+
+  /// What was saved can be loaded by another plug-in with the same grid, and
+  /// holds the same.
+  void checkLoads(const std::string& path) {
+    const std::string again = folder_ + "/again/show";
+    writeDefinition(console_->engine(), again + ".korvaneconf", "again");
+    OperatorConsole other(again, 1);
+    other.answer("answer " + path);
+    const Json loaded = other.answer("click MatrixForm.load");
+    if (loaded["ok"] != true) throw ShowLost(path + " can't be loaded: " + loaded.dump());
+    const Json kept = ShowContents::of(engine()), found = ShowContents::of(other.engine());
+    if (kept != found)
+      throw ShowLost(path + " holds something else: " + Json::diff(kept, found).dump());
+    for (const char* ending : {".korvaneconf", ".korvaneconf.bak"})
+      std::filesystem::remove(again + ending);
+  }
+
+  std::string folder_;
+  std::string answered_;  // the path given to the next file dialog
+  std::unique_ptr<OperatorConsole> console_;
+};
+
+}  // namespace korvane

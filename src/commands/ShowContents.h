@@ -1,0 +1,83 @@
+#pragma once
+
+#include <cmath>
+
+#include "commands/Json.h"
+#include "commands/Values.h"
+#include "generators/Effects.h"
+#include "playback/ListRows.h"
+#include "state/Effect.h"
+#include "state/EffectFields.h"
+#include "state/Engine.h"
+
+namespace korvane {
+
+/// Everything of a show that a project and a definition keep, to be compared:
+/// the rows of the lists in their order with what was edited in them, what is
+/// selected, the master, the grid and its channels.
+class ShowContents {
+ public:
+  static Json of(const Engine& engine) {
+    const Variablen& v = engine.v;
+    return {{"master", std::lround(v.masterValue * 200)},
+            {"A", deck(v.A)},
+            {"B", deck(v.B)},
+            {"fades", fades(engine)},
+            {"grid", grid(v)}};
+  }
+
+  static Json grid(const Variablen& v) {
+    return {{"cols", v.matrixCols},
+            {"rows", v.matrixRows},
+            {"channels", rowsOf(v.matrixCols, v.matrixRows,
+                                [&](int col, int row) { return v.channelMap.at(col, row); })}};
+  }
+
+ private:
+  static std::size_t slotAt(const ListView& list, int row) {
+    return std::stoul(list.cell(row, kSlotColumn));
+  }
+
+  static Json deck(const Deck& deck) {
+    Json rows = Json::array();
+    for (int row = 0; row < deck.efxList.count(); ++row) {
+      const std::size_t slot = slotAt(deck.efxList, row);
+      // A row that nobody edited has nothing to keep.
+      rows.push_back(deck.efxEdited.at(slot) ? record(deck.efx.at(slot)) : Json());
+    }
+    return {{"selected", deck.efxList.selected()}, {"rows", rows}};
+  }
+
+  /// The fields that the record's type uses, lists without their spare slot.
+  static Json record(const Effect& effect) {
+    const Json all = toJson(effect);
+    // An empty name comes back as that of a new effect (docs/kept.md, show-empty-name).
+    const std::string name = effect.name.empty() ? "new effect" : effect.name;
+    Json kept = {{"type", effect.type}, {"name", name}};
+    for (const EffectField& field : effectFields(effect.type)) {
+      kept[field.name] = all.at(field.name);
+      const auto* list = std::get_if<ItemList>(&field.value);
+      if (list == nullptr) continue;
+      const auto count = static_cast<std::size_t>(effect.*list->count);
+      for (const ItemColumn& column : list->columns)
+        kept[column.name] = first(count, all.at(column.name));
+    }
+    return kept;
+  }
+
+  static Json first(std::size_t count, const Json& items) {
+    Json some = Json::array();
+    for (std::size_t i = 0; i < count && i < items.size(); ++i) some.push_back(items[i]);
+    return some;
+  }
+
+  static Json fades(const Engine& engine) {
+    const ListView& list = engine.master.efxXList;
+    Json rows = Json::array();
+    for (int row = 0; row < list.count(); ++row)
+      rows.push_back(toJson(engine.v.efxX.at(slotAt(list, row))));
+    return {{"selected", list.selected()}, {"rows", rows}};
+  }
+};
+
+}  // namespace korvane
