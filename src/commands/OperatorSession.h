@@ -144,12 +144,22 @@ class OperatorSession {
       return;
     }
     ++refused;
-    if (room && std::filesystem::is_directory(std::filesystem::path(answered_).parent_path()) &&
+    if (room && complete() &&
+        std::filesystem::is_directory(std::filesystem::path(answered_).parent_path()) &&
         !std::filesystem::is_directory(answered_)) {
       throw ShowLost("a show could not be saved to " + answered_);
     }
     if (before != bytesOf(answered_) && before != bytesOf(answered_ + ".bak"))
       throw ShowLost("a save that failed left no whole version of " + answered_);
+  }
+
+  /// A load that broke off can leave a list empty, or a fade of no type: such a show is not saved.
+  bool complete() const {
+    const Variablen& v = engine().v;
+    const ListView& fades = engine().master.efxXList;
+    if (v.A.efxList.count() == 0 || v.B.efxList.count() == 0 || fades.count() == 0) return false;
+    const std::int16_t type = v.efxX.at(static_cast<std::size_t>(slotOfCurrent(fades))).type;
+    return type >= 0 && type < kFadeTypes;
   }
 
   /// What was saved can be loaded by another plug-in with the same grid, and

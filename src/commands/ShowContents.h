@@ -51,7 +51,7 @@ class ShowContents {
   /// The fields that the record's type uses, lists without their spare slot.
   static Json record(const Effect& effect) {
     const Json all = toJson(effect);
-    // An empty name comes back as that of a new effect (docs/kept.md, show-empty-name).
+    // An empty name comes back as that of a new effect (docs/kept.md, show-names).
     const std::string name = effect.name.empty() ? "new effect" : effect.name;
     Json kept = {{"type", effect.type}, {"name", name}};
     for (const EffectField& field : effectFields(effect.type)) {

@@ -199,12 +199,17 @@ void readComposition(Engine& engine, LineReader& in) {
   for (Deck* deck : {&engine.v.A, &engine.v.B}) deck->imageIndex = 0;
 }
 
-// Such a list has no line for its selection, and a file without rows can't be read.
-void requireRows(const Engine& engine) {
+// What could be saved but not be loaded. A list without a row has no line for its selection, and a
+// fade of a type that does not exist, from a file that lost its place, can't be shown.
+void requireLoadable(const Engine& engine) {
   const Variablen& v = engine.v;
   for (const ListView* list : {&v.A.efxList, &v.B.efxList, &engine.master.efxXList}) {
     if (list->count() == 0) throw Failure(kSubscript, list->name() + " has no row");
   }
+  const std::int16_t type =
+      v.efxX.at(slotOf(engine.master.efxXList, engine.master.efxXList.current())).type;
+  if (type < 0 || type >= kFadeTypes)
+    throw Failure(kInvalidPropertyValue, "the fade has no type " + std::to_string(type));
 }
 
 }  // namespace
@@ -235,7 +240,7 @@ bool saveProject(Engine& engine) {
   try {
     readProjectNames(engine);
     path = chosenFile(engine.platform, question(FileQuestion::Purpose::Save, engine));
-    requireRows(engine);
+    requireLoadable(engine);
     replaceTextFile(
         path,
         [&](TextWriter& file) {

@@ -71,6 +71,15 @@ TEST_F(ProjectSave, EndsWithoutAWordWhereNoFileCanBeMade) {
   EXPECT_EQ(takeBoxes(), Texts{});
 }
 
+TEST_F(ProjectSave, AFadeThatCanNotBeShownIsNotSaved) {
+  writeFile(path, "the show of yesterday\r\n");
+  v.efxX.at(0).type = kFadeTypes;  // as a file that loses its place leaves it
+  EXPECT_EQ(save(), "the show of yesterday\r\n");
+  EXPECT_EQ(takeBoxes(), Texts{});
+  v.efxX.at(0).type = kAdd;
+  EXPECT_TRUE(save().starts_with("p.Korvane\r\n"));
+}
+
 TEST_F(ProjectSave, AFileThatCanNotBeFinishedStaysAsFarAsItWasWritten) {
   setEffect(v.A, kPaint, "no picture", [](Effect&) {});
   writeFile(path, "the show of yesterday\r\n");
