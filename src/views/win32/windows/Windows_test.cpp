@@ -157,7 +157,14 @@ TEST_F(Monitors, OfTwiceTheScaleGetTypeAndControlsOfTwiceTheSize) {
   const LONG iconWidth = width(on(plugin.matrixForm.addX));
   const RECT wanted{0, 0, 2 * (before.right - before.left), 2 * (before.bottom - before.top)};
   moveTo(192, wanted);
-  EXPECT_TRUE(EqualRect(&wanted, std::array{place(main)}.data()));
+  EXPECT_EQ(place(main).left, wanted.left);
+  EXPECT_EQ(place(main).top, wanted.top);
+  MINMAXINFO limits{};
+  limits.ptMaxTrackSize.x = GetSystemMetrics(SM_CXMAXTRACK);
+  SendMessageW(main, WM_GETMINMAXINFO, 0, reinterpret_cast<LPARAM>(&limits));
+  EXPECT_EQ(width(main),
+            std::max(limits.ptMinTrackSize.x, std::min(wanted.right, limits.ptMaxTrackSize.x)))
+      << "as wide as was asked for, within what the screen and the controls allow";
   EXPECT_EQ(fontOf(list).lfHeight, 2 * listType);
   EXPECT_STREQ(fontOf(list).lfFaceName, L"Verdana") << "the font of a list stays its own";
   EXPECT_EQ(fontOf(button).lfHeight, 2 * buttonType);
