@@ -20,8 +20,8 @@ class ShowContents {
   static Json of(const Engine& engine) {
     const Variablen& v = engine.v;
     return {{"master", std::lround(v.masterValue * 200)},
-            {"A", deck(v.A)},
-            {"B", deck(v.B)},
+            {"A", deck(v, v.A)},
+            {"B", deck(v, v.B)},
             {"fades", fades(engine)},
             {"grid", grid(v)}};
   }
@@ -38,24 +38,30 @@ class ShowContents {
     return std::stoul(list.cell(row, kSlotColumn));
   }
 
-  static Json deck(const Deck& deck) {
+  static Json deck(const Variablen& v, const Deck& deck) {
     Json rows = Json::array();
     for (int row = 0; row < deck.efxList.count(); ++row) {
       const std::size_t slot = slotAt(deck.efxList, row);
       // A row that nobody edited has nothing to keep.
-      rows.push_back(deck.efxEdited.at(slot) ? record(deck.efx.at(slot)) : Json());
+      rows.push_back(deck.efxEdited.at(slot) ? record(v, deck.efx.at(slot)) : Json());
     }
     return {{"selected", deck.efxList.selected()}, {"rows", rows}};
   }
 
-  /// The fields that the record's type uses, lists without their spare slot.
-  static Json record(const Effect& effect) {
+  /// The fields that the record's type uses: lists without their spare slot, pictures as far as the
+  /// grid goes. A type that does not exist keeps its number alone.
+  static Json record(const Variablen& v, const Effect& effect) {
     const Json all = toJson(effect);
+    Json kept = {{"type", effect.type}};
     // An empty name comes back as that of a new effect (docs/kept.md, show-names).
-    const std::string name = effect.name.empty() ? "new effect" : effect.name;
-    Json kept = {{"type", effect.type}, {"name", name}};
+    if (!effectFields(effect.type).empty())
+      kept["name"] = effect.name.empty() ? "new effect" : effect.name;
     for (const EffectField& field : effectFields(effect.type)) {
       kept[field.name] = all.at(field.name);
+      if (std::holds_alternative<Grid<Color> Effect::*>(field.value))
+        kept[field.name] = rowsOf(v.matrixCols, v.matrixRows, [&](int col, int row) {
+          return effect.paintPixels.at(col, row);
+        });
       const auto* list = std::get_if<ItemList>(&field.value);
       if (list == nullptr) continue;
       const auto count = static_cast<std::size_t>(effect.*list->count);
