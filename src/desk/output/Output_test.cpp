@@ -65,8 +65,14 @@ std::size_t descriptors() { return count("/proc/self/fd"); }
 TEST(Outputs, OffMeansNoThreadAndNoSocket) {
   const Receiver receiver;
   Outputs outputs("korvane-test-off");
-  const std::size_t threadsBefore = threads(), descriptorsBefore = descriptors();
+  const std::size_t threadsOfNone = threads();
   Output& output = outputs.add(parseOutput("sacn:1-3" + receiver.place()));
+  EXPECT_EQ(threads(), threadsOfNone);
+  output.switchOn();  // a sanitizer has a thread of its own from the first one on
+  receiver.packet();
+  output.switchOff();
+  const std::size_t threadsBefore = threads(), descriptorsBefore = descriptors();
+  outputs.add(parseOutput("artnet:1" + receiver.place()));
   EXPECT_EQ(threads(), threadsBefore);
   EXPECT_EQ(descriptors(), descriptorsBefore);
   output.switchOn();
