@@ -178,7 +178,7 @@ std::string describe(const Patch& patch) {
       lampsThat(dark, "has no channel and stays dark.", "have no channel and stay dark.");
   return std::to_string(lamps) + (lamps == 1 ? " lamp" : " lamps") +
          (last > 0 ? " in " + reach : "") + "." +
-         (wrong.empty() ? " Each has channels of its own." : wrong);
+         (wrong.empty() && lamps > 0 ? " Each has channels of its own." : wrong);
 }
 
 }  // namespace korvane

@@ -177,6 +177,19 @@ TEST_F(WiringWindow, AGridTooLargeForTheListsIsShownAllTheSame) {
   EXPECT_FALSE(wiring.apply.look().enabled);
 }
 
+// The window may be the first one that a person opens.
+TEST_F(DefinitionTest, AWallCanBeWiredBeforeTheToolIsOpened) {
+  Wiring wiring{engine, conf};
+  EXPECT_TRUE(event([&] { engine.desktop.show(wiring); }));
+  EXPECT_EQ(wiring.words.look().caption, "0 lamps. None of the choices above gives this.");
+  wiring.setPlan({.cols = 16, .rows = 9, .path = {.snake = true}, .order = ColorOrder::GRB});
+  EXPECT_TRUE(click(wiring.apply));
+  EXPECT_EQ(takeFailure(), 0);
+  EXPECT_TRUE(open());
+  EXPECT_EQ(v.matrixCols, 16);
+  EXPECT_EQ(v.channelMap.at(15, 1), (Codes{50, 49, 51}));
+}
+
 TEST_F(WiringWindow, ThePointerTellsOfTheLampUnderIt) {
   event([&] { wiring.wall.resize(120, 120); });
   event([&] { wiring.wall.mouse(Mouse::Move, 15, 25); });
