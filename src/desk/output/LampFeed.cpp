@@ -12,12 +12,24 @@ void LampFeed::endOfPass(const Variablen& v) {
       v.frameM.rows() != v.channelMap.codes().rows())
     return;
   taken_ = patch_.take(v.frameM);
-  outputs.show(stage_.pass(taken_, levels_));
+  send();
+}
+
+// A test has no layout, so no output's look acts on it.
+void LampFeed::send() {
+  const LevelledPicture show = stage_.pass(taken_, levels_);
+  outputs.show(test_ ? LevelledPicture{*test_, 100} : show);
+}
+
+void LampFeed::setTest(const std::optional<WallPicture>& test) {
+  test_ = test;
+  if (test_) test_->layout = nullptr;
+  send();
 }
 
 void LampFeed::setLevels(const WallLevels& levels) {
   levels_ = levels;
-  outputs.show(stage_.pass(taken_, levels_));
+  send();
 }
 
 std::vector<std::string> LampFeed::news() {

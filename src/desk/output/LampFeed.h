@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -34,17 +35,24 @@ class LampFeed {
   /// Grand master, blackout and freeze, on what stands on the wall at once.
   void setLevels(const WallLevels& levels);
 
+  /// Sends a lamp test's picture instead of the show, byte for byte: past levels, curves and white
+  /// balance. No picture ends the test: what the show has become goes out again.
+  void setTest(const std::optional<WallPicture>& test);
+
   /// What is to be told of the outputs now: each problem once, and once that it works again.
   std::vector<std::string> news();
 
   Outputs outputs;
 
  private:
+  void send();
+
   bool announced_ = false;
   Patch patch_;
   WallPicture taken_;
   WallLevels levels_;
   LevelStage stage_;
+  std::optional<WallPicture> test_;
   std::vector<ErrorNews> news_;
 };
 

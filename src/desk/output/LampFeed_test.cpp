@@ -153,6 +153,29 @@ TEST_F(LampFeeds, LevelsActAtOnceOnWhatLeaves) {
   EXPECT_TRUE(wall.shows(wanted()));
 }
 
+TEST_F(LampFeeds, ALampTestGoesPastLevelsAndLooksUntilItEnds) {
+  OutputConfig config =
+      parseOutput("sacn:1-15@127.0.0.1:" + std::to_string(wall.port) + ",rate=1000");
+  config.look = {.gamma = 2.2, .balance = {50, 50, 50}};
+  feed.outputs.add(config).switchOn();
+  paint(1);
+  feed.announce();
+  feed.endOfPass(v);
+  feed.setLevels({.master = 30, .blackout = true, .freeze = false});
+  WallPicture test = wanted();
+  test.universe(1).fill(0);
+  test.universe(2)[7] = 200;
+  feed.setTest(test);
+  EXPECT_TRUE(wall.shows(test)) << "as it is, in a blackout too";
+  paint(2);
+  feed.announce();
+  feed.endOfPass(v);
+  feed.setLevels({.master = 40, .blackout = true, .freeze = false});
+  EXPECT_EQ(feed.outputs.at(0).newest().universes[0], test.universe(1)) << "the test goes on";
+  feed.setTest(std::nullopt);
+  EXPECT_TRUE(wall.shows({})) << "the blackout again";
+}
+
 TEST_F(LampFeeds, NewsOfEachOutputAreToldOnce) {
   feed.outputs.add(parseOutput("sacn:4711%nosuchif")).switchOn();
   std::vector<std::string> told;
