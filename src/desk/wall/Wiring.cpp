@@ -129,7 +129,7 @@ void Wiring::wall_Click() {
 
 void Wiring::apply_Click() {
   const ChannelMap map = wire(planPanel.plan());
-  const bool resized = takeSize(map.codes().cols(), map.codes().rows());
+  takeSize(map.codes().cols(), map.codes().rows());
   Variablen& v = engine_.v;
   v.channelMap = map;
   for (int col = 0; col < v.matrixCols; ++col) {
@@ -140,29 +140,18 @@ void Wiring::apply_Click() {
   v.quickConfigured = false;
   conf_.redraw_config();
   conf_.OK.click();
-  if (resized) paintAnew();
+  if (onRewired) onRewired();
   if (v.outputActive) sendFrame(engine_);
   takeGrid();
 }
 
 // By the lists of the window that defines the grid, as a definition that is loaded: another size
 // clears all pictures, the same one leaves them alone.
-bool Wiring::takeSize(int cols, int rows) {
-  const Variablen& v = engine_.v;
-  const bool resized = cols != v.matrixCols || rows != v.matrixRows;
+void Wiring::takeSize(int cols, int rows) {
   static_cast<Form&>(conf_).load();
-  if (!resized) return false;
   conf_.onActivate();  // the lists may show a size of long ago
   conf_.ncol.setEntry(cols);
   conf_.nrow.setEntry(rows);
-  return true;
-}
-
-// An effect that stands still lost its picture with the old size.
-void Wiring::paintAnew() {
-  for (Deck* deck : {&engine_.v.A, &engine_.v.B}) {
-    if (deck->efxList.selected() >= 0) deck->efxList.click(deck->efxList.selected(), 0);
-  }
 }
 
 std::string describe(const Patch& patch) {

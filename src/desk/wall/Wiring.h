@@ -31,6 +31,8 @@ class Wiring : public Form {
 
   /// For the desk: what the lamp test sends instead of the show; nothing when it ends.
   std::function<void(const std::optional<WallPicture>&)> onTest;
+  /// For the desk: the lamps have other channels; what the old ones hold is of no lamp.
+  std::function<void()> onRewired;
 
  private:
   void bind();
@@ -43,8 +45,7 @@ class Wiring : public Form {
   void pointAt(int x, int y);
   void wall_Click();
   void apply_Click();
-  bool takeSize(int cols, int rows);
-  void paintAnew();
+  void takeSize(int cols, int rows);
 
   Engine& engine_;
   MatrixConf& conf_;

@@ -86,17 +86,6 @@ TEST_F(WiringWindow, TheSameSizeLeavesThePicturesAlone) {
   EXPECT_EQ(v.channelMap.at(0, 0), (Codes{3, 2, 1}));
 }
 
-TEST_F(WiringWindow, AnotherSizePaintsTheSelectedEffectsAnew) {
-  pick(v.A.efxList, 0);
-  move(master.faderM, -100);
-  const Rgb color = v.frameM.at(0, 0);
-  ASSERT_NE(color, (Rgb{0, 0, 0}));
-  size(5, 4);
-  click(wiring.apply);
-  EXPECT_EQ(v.frameM.cols(), 5);
-  EXPECT_EQ(v.frameM.at(4, 3), color);
-}
-
 TEST_F(WiringWindow, AfterApplyTheDeskIsToldOfANewPass) {
   plugin.matrixForm.active.setValue(1);
   takeCalls();

@@ -43,6 +43,7 @@ Desk::Desk(Platform& machine, NetworkOutput& output, const DeskPlaces& places)
       form(session.plugin.matrixForm, places.examples),
       question(engine().desktop),
       setup(engine().desktop, output),
+      wiring(engine(), session.plugin.matrixConf),
       monitor(engine().desktop),
       helpWindow(engine().desktop, form.menus()),
       output_(output),
@@ -91,6 +92,9 @@ void Desk::bindWindows() {
   form.tool.onClick = [this] { session.openTool(); };
   form.front.onClick = [this, &desktop] { desktop.show(form); };
   form.configure.onClick = [this] { session.plugin.plugIn.ITharnPlugin_Configure(); };
+  form.wiring.onClick = [this, &desktop] { desktop.show(wiring); };
+  wiring.onTest = [this](const std::optional<WallPicture>& test) { test_ = test; };
+  wiring.onRewired = [this] { session.host.clearLevels(); };
   form.output.onClick = [this, &desktop] { desktop.show(setup); };
   form.channels.onClick = [this, &desktop] { desktop.show(monitor); };
   form.help.onClick = [this, &desktop] { desktop.show(helpWindow); };
@@ -137,6 +141,7 @@ void Desk::bindKeysOfDialogs() {
       if (auto* ok = dynamic_cast<Button*>(window->find("OK"))) bind(*window, *ok);
     }
   }
+  wiring.onEscape = close(wiring);
   bind(plugin.dialogs.mixer, plugin.dialogs.mixer.Bok);
   bind(plugin.matrixConf, plugin.matrixConf.OK);
   bind(plugin.matrixConf.detail, plugin.matrixConf.detail.setConfig);
@@ -228,6 +233,7 @@ void Desk::close() {
 }
 
 void Desk::finish(bool dark) {
+  test_.reset();
   grand.dark = dark;
   send();
   output_.stop();
@@ -274,11 +280,17 @@ void Desk::followGrid() {
 }
 
 void Desk::send() {
-  const Levels& leaving = grand.leaving(session.host.levels());
+  const Levels now = leaving();
   for (std::int32_t channel = 1; channel <= DeskHost::kChannels; ++channel)
-    output_.setChannel(channel, leaving[static_cast<std::size_t>(channel)]);
+    output_.setChannel(channel, now[static_cast<std::size_t>(channel)]);
   output_.endOfPass();
-  if (monitor.visible()) monitor.take(leaving);
+  if (monitor.visible()) monitor.take(now);
+}
+
+Levels Desk::leaving() {
+  Levels now = grand.leaving(session.host.levels());
+  if (test_) std::copy(test_->universe(1).begin(), test_->universe(1).end(), now.begin() + 1);
+  return now;
 }
 
 // A load of the tool's window stops all timers and gives them its own interval.
@@ -313,6 +325,7 @@ void Desk::showTitle() {
 std::string Desk::whatIsSent() {
   if (!setup.sending()) return "Nothing is sent: no output is chosen.";
   const auto state = [this]() -> std::string {
+    if (test_) return "The lamp test is on";
     if (grand.blackout) return "Blackout: all lamps are dark";
     if (grand.frozen()) return "Freeze: the lamps hold what they show";
     if (engine().v.outputActive)

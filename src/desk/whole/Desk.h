@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -8,6 +9,7 @@
 #include "desk/show/DeskSession.h"
 #include "desk/show/Grand.h"
 #include "desk/show/RecentShows.h"
+#include "desk/wall/Wiring.h"
 #include "desk/windows/ChannelMonitor.h"
 #include "desk/windows/DeskForm.h"
 #include "desk/windows/DeskHelp.h"
@@ -42,12 +44,15 @@ class Desk {
   bool closed() const { return closing_; }
 
   Engine& engine() { return session.plugin.engine; }
+  /// The levels that leave the desk now: those of the lamp test while there is one.
+  Levels leaving();
   bool sending() { return session.plugin.engine.v.outputActive && setup.sending(); }
 
   DeskSession session;
   DeskForm form;
   DeskQuestion question;
   OutputSetup setup;
+  Wiring wiring;
   ChannelMonitor monitor;
   DeskHelp helpWindow;
   Grand grand;
@@ -85,6 +90,7 @@ class Desk {
   bool gridOpen_ = false;
   int loads_ = 0;
   std::pair<int, int> grid_;
+  std::optional<WallPicture> test_;  // of the lamps
 };
 
 }  // namespace korvane

@@ -122,9 +122,10 @@ TEST_F(TestDesk, TheViewsOfTheToolAreItsMessages) {
 
 TEST_F(TestDesk, EveryWindowComesWhenItIsAskedFor) {
   const std::pair<MenuItem*, const char*> cases[] = {
-      {&desk.form.output, "DeskOutput"},    {&desk.form.channels, "DeskChannels"},
-      {&desk.form.configure, "MatrixConf"}, {&desk.form.help, "DeskHelp"},
-      {&desk.form.front, "Desk"},           {&desk.form.tool, "MatrixForm"}};
+      {&desk.form.output, "DeskOutput"}, {&desk.form.channels, "DeskChannels"},
+      {&desk.form.wiring, "Wiring"},     {&desk.form.configure, "MatrixConf"},
+      {&desk.form.help, "DeskHelp"},     {&desk.form.front, "Desk"},
+      {&desk.form.tool, "MatrixForm"}};
   for (const auto& [item, name] : cases) {
     click(*item);
     ASSERT_NE(plugin.engine.desktop.active(), nullptr);
@@ -225,6 +226,34 @@ TEST_F(TestDesk, AnotherGridStartsTheEffectsAgain) {
   event([this] { plugin.matrixConf.ncol.setIndex(4); });
   EXPECT_EQ(v.matrixCols, 5);
   EXPECT_EQ(rgb(v.frameA.at(4, 11)), rgb(255, 0, 0)) << "the red of the selected row";
+}
+
+TEST_F(TestDesk, AWallIsWiredAndItsEffectsStartAgain) {
+  light();
+  click(desk.form.wiring);
+  Wiring& wiring = desk.wiring;
+  event([&] { wiring.setPlan({.cols = 16, .rows = 9, .order = ColorOrder::GRB}); });
+  click(wiring.apply);
+  EXPECT_EQ(v.matrixCols, 16);
+  EXPECT_EQ(v.frameM.at(15, 8)[0], 255) << "the effect that was selected";
+  EXPECT_EQ(level(1), 0);
+  EXPECT_EQ(level(2), 255) << "green comes first";
+}
+
+TEST_F(TestDesk, TheLampTestGoesPastBlackoutAndShowsOnTheMonitor) {
+  light();
+  click(desk.form.blackout);
+  click(desk.form.wiring);
+  check(desk.wiring.testPanel.test);
+  EXPECT_EQ(level(1), 255);
+  EXPECT_EQ(level(2), 0) << "red of the first lamp alone";
+  click(desk.wiring.testPanel.next);
+  EXPECT_EQ(level(1), 0);
+  EXPECT_EQ(level(2), 255);
+  event([&] { desk.engine().desktop.close(desk.wiring); });
+  EXPECT_EQ(level(2), 0) << "the blackout again";
+  click(desk.form.blackout);
+  EXPECT_EQ(level(1), 255);
 }
 
 TEST_F(TestDesk, LampsBeyondTheFirstUniverseAreCounted) {

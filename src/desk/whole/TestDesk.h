@@ -61,9 +61,7 @@ class TestDesk : public testing::Test {
     click(desk.form.open);
   }
   /// The level of a channel as it leaves the desk.
-  int level(std::size_t channel) {
-    return desk.grand.leaving(desk.session.host.levels()).at(channel);
-  }
+  int level(std::size_t channel) { return desk.leaving().at(channel); }
   /// Lets the first lamp be lit in full by the left deck.
   void light() {
     click(desk.form.tool);

@@ -33,6 +33,9 @@ DeskForm::DeskForm(Form& toolWindow, const std::vector<Example>& shows)
       configure("configure",
                 {.caption = "Configure lamps", .toolTip = "define the lamp grid and its channels"},
                 "F3"),
+      wiring("wiring",
+             {.caption = "Wiring", .toolTip = "say how the lamps are wired, and test them"},
+             "Shift+F3"),
       output("output", {.caption = "Output ...", .toolTip = "choose where the levels are sent"},
              "F5"),
       channels("channels",
@@ -51,8 +54,8 @@ DeskForm::DeskForm(Form& toolWindow, const std::vector<Example>& shows)
       begin("begin", {}),
       pane("pane", {}),
       welcome("welcome", {.caption = "Begin with a show"}),
-      hint("hint", {.caption = "Configure lamps says how many lamps you have and which channels "
-                               "they listen to; Output says where the channels are sent."}),
+      hint("hint", {.caption = "Wiring says how many lamps you have and how they are wired; Output "
+                               "says where the channels are sent."}),
       grandMaster(
           "grandMaster", SliderRange{0, Grand::kFull},
           {.caption = "Grand master", .toolTip = "percent of every level that leaves the desk"}),
@@ -73,9 +76,8 @@ DeskForm::DeskForm(Form& toolWindow, const std::vector<Example>& shows)
 void DeskForm::addControls() {
   add({&begin, &welcome, &newShow, &open});
   for (const auto& item : examples) add({item.get()});
-  add({&hint, &configure, &output, &pane, &blackout, &freeze, &dmx, &beat, &grandMaster,
-       &channels});
-  add({&save, &saveAs, &quit, &tool, &front, &narrow, &full, &help, &sent, &wrong});
+  add({&hint, &wiring, &output, &pane, &blackout, &freeze, &dmx, &beat, &grandMaster, &channels});
+  add({&save, &saveAs, &quit, &configure, &tool, &front, &narrow, &full, &help, &sent, &wrong});
   for (const auto& item : recent) add({item.get()});
 }
 
@@ -89,7 +91,7 @@ void DeskForm::declareMenus() {
   std::vector<Menu> menus = {{"Show", shows}};
   if (!tries.empty()) menus.push_back({"Examples", tries});
   menus.push_back({"Play", {&dmx, &blackout, &freeze, nullptr, &beat}});
-  menus.push_back({"Lamps", {&configure, &output, &channels}});
+  menus.push_back({"Lamps", {&wiring, &configure, &output, &channels}});
   menus.push_back({"View", {&tool, &front, nullptr, &narrow, &full}});
   menus.push_back({"Help", {&help}});
   setMenus(std::move(menus));
@@ -107,10 +109,10 @@ Layout DeskForm::beginPage() {
 }
 
 void DeskForm::declareLayout(Form& toolWindow) {
-  setLayout(column(
-      {beginPage(), boxed(pane, toolWindow.layout(), 1),
-       row({dmx, blackout, freeze, beat, Layout(grandMaster, 1), channels, configure, output}),
-       row({sent, space(), wrong})}));
+  setLayout(
+      column({beginPage(), boxed(pane, toolWindow.layout(), 1),
+              row({dmx, blackout, freeze, beat, Layout(grandMaster, 1), channels, wiring, output}),
+              row({sent, space(), wrong})}));
   hold(toolWindow, pane);
 }
 

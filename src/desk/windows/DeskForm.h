@@ -23,7 +23,7 @@ class DeskForm : public Form {
 
   MenuItem newShow, open, save, saveAs, quit;
   std::vector<std::unique_ptr<MenuItem>> recent, examples;
-  MenuItem tool, configure, output, channels, front, narrow, full;
+  MenuItem tool, configure, wiring, output, channels, front, narrow, full;
   MenuItem beat, blackout, freeze, dmx;
   MenuItem help;
   Group begin, pane;

@@ -6,8 +6,9 @@ namespace {
 constexpr int kLines = 30;
 
 constexpr const char* kHowTo = R"(A SHOW FROM NOTHING
-1. Configure lamps (F3): choose how many columns and rows you have. Fast Configuration gives all
-   lamps their channels in one step; a double click on a lamp gives it its own. OK takes the grid.
+1. Wiring (Shift+F3): choose how many columns and rows you have and how the wire runs; the picture
+   shows it, and Apply takes it. The lamp test lights one lamp after the other, to see that it is so.
+   Configure lamps (F3) gives a single lamp channels of its own, by a double click on it.
 2. New (Ctrl+N) begins an empty show on that grid.
 3. Each deck has a list of effects. + adds a row. Click the new row, then choose its kind in the box
    above the list, then press Edit. What you change shows on the deck at once; OK takes the name.

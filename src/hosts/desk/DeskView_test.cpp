@@ -69,7 +69,8 @@ TEST_F(DeskView, TheMenusHoldTheItemsWithTheirKeys) {
             "Show: New Ctrl+N\nShow: Open ... Ctrl+O\nShow: Save Ctrl+S\n"
             "Show: Save as ... Ctrl+Shift+S\nShow: Quit Ctrl+Q\n"
             "Play: Output on F12\nPlay: Blackout F10\nPlay: Freeze F11\nPlay: Beat F9\n"
-            "Lamps: Configure lamps F3\nLamps: Output ... F5\nLamps: Channels F8\n"
+            "Lamps: Wiring Shift+F3\nLamps: Configure lamps F3\nLamps: Output ... F5\n"
+            "Lamps: Channels F8\n"
             "View: Matrix F2\nView: Desk F4\nView: Narrow view F6\nView: Full view F7\n"
             "Help: Help F1");
 }

@@ -53,6 +53,7 @@ class Photographer {
     for (int row = 0; std::cmp_less(row, kinds().size()); ++row) takeDialog(row);
     show_.mixOrange();
     takeFullScreen();
+    takeWiring();
     for (Form* form : plugin_.engine.desktop.forms()) takeForm(*form);
     return failed_ ? 1 : 0;
   }
@@ -81,6 +82,28 @@ class Photographer {
     save(view_.window(sim), sim.name() + "-full-screen");
     gate_.run([&sim] { sim.onKeyPress(kSpace); });
     gate_.run([&] { plugin_.engine.desktop.hide(sim); });
+  }
+
+  // A wall that is planned, and its lamp test.
+  void takeWiring() {
+    Wiring& wiring = desk_.wiring;
+    gate_.run([&] {
+      plugin_.engine.desktop.show(wiring);
+      wiring.setPlan({.cols = 16,
+                      .rows = 9,
+                      .path = {.snake = true},
+                      .order = ColorOrder::GRB,
+                      .fill = UniverseFill::Count,
+                      .lampsPerUniverse = 80});
+    });
+    if (!size_.isEmpty()) view_.window(wiring).resize(size_);
+    save(view_.window(wiring), wiring.name());
+    gate_.run([&] {
+      wiring.testPanel.test.setValue(1);
+      wiring.testPanel.goTo({4, 2});
+    });
+    save(view_.window(wiring), wiring.name() + "-test");
+    gate_.run([&] { plugin_.engine.desktop.close(wiring); });
   }
 
   void takeForm(Form& form) {
