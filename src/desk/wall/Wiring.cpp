@@ -46,6 +46,7 @@ Wiring::Wiring(Engine& engine, MatrixConf& conf)
 }
 
 void Wiring::bind() {
+  onLoad = [this] { static_cast<Form&>(conf_).load(); };  // which finds the grid
   onActivate = [this] {
     if (!edited_) takeGrid();
   };
