@@ -192,7 +192,9 @@ QLayout* LayoutBuilder::makeGrid(const Layout& part) {
 }
 
 void LayoutBuilder::fillBox(const Layout& part) {
-  widgets_.at(part.control)->setLayout(make(part.children.front()));
+  QLayout* inside = make(part.children.front());
+  widgets_.at(part.control)->setLayout(inside);
+  if (part.control->look().caption.empty()) inside->setContentsMargins(0, 0, 0, 0);
 }
 
 QLayout* LayoutBuilder::makeBoxed(const Layout& part) {

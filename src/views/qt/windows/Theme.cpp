@@ -22,8 +22,6 @@ QGroupBox::title {
   subcontrol-origin: margin; left: 12px; padding: 0 6px; color: {quiet}; background: {window};
 }
 
-QGroupBox[title=""] { border: none; margin: 0; padding: 0; }
-
 QMenuBar { background: {face}; color: {text}; }
 QMenuBar::item { padding: 6px 11px; background: transparent; }
 QMenuBar::item:selected { background: {accent}; color: {onAccent}; }
