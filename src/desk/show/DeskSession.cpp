@@ -48,6 +48,7 @@ DeskSession::DeskSession(Platform& machine, const std::string& stem)
     : platform(machine),
       host(stem),
       plugin(platform),
+      home_(folderOf(host.ProjectBaseFilename())),
       composition_{compositionText, {}},
       definition_{definitionText, {}} {
   runEvent(platform, [this, &stem] {
@@ -184,7 +185,7 @@ bool DeskSession::load(const std::function<void()>& steps) {
 void DeskSession::begin() {
   commitDialogs();
   path_.clear();
-  host.setProject(folder() + "untitled");
+  host.setProject(home_ + "untitled");
   load([this] {
     loadToolAfresh();
     plugin.engine.master.faderM.setValue(0);

@@ -76,6 +76,7 @@ class DeskSession {
   void keep(Document& document);
   bool changed(const Document& document);
 
+  std::string home_;  // the folder in which new shows begin
   std::string path_;
   bool loading_ = false;
   int loads_ = 0;

@@ -170,7 +170,7 @@ TEST_F(WiringWindow, AGridTooLargeForTheListsIsShownAllTheSame) {
 TEST_F(DefinitionTest, AWallCanBeWiredBeforeTheToolIsOpened) {
   Wiring wiring{engine, conf};
   EXPECT_TRUE(event([&] { engine.desktop.show(wiring); }));
-  EXPECT_EQ(wiring.words.look().caption, "0 lamps. None of the choices above gives this.");
+  EXPECT_EQ(wiring.words.look().caption, "144 lamps in universe 1. Each has channels of its own.");
   wiring.setPlan({.cols = 16, .rows = 9, .path = {.snake = true}, .order = ColorOrder::GRB});
   EXPECT_TRUE(click(wiring.apply));
   EXPECT_EQ(takeFailure(), 0);

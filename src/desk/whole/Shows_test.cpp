@@ -265,6 +265,7 @@ TEST_F(Shows, ANewShowKeepsTheGridAndCanBeSavedAsItStands) {
   EXPECT_FALSE(desk.session.changed());
   machine.answers = {folder + "new.Korvane"};
   click(desk.form.saveAs);
+  EXPECT_EQ(machine.questions.back().initialDirectory, folder) << "not among the examples";
   openExample(0);
   open(folder + "new.Korvane");
   EXPECT_EQ(name(), "new");

@@ -1,7 +1,9 @@
+#include <QAbstractItemView>
 #include <QComboBox>
 #include <QListWidget>
 #include <QWheelEvent>
 
+#include "platform/Text.h"
 #include "views/qt/testing/ShownForm.h"
 
 namespace korvane::qt {
@@ -26,6 +28,31 @@ TEST_F(ListBoxes, ADropDownTakesKeysOncePerChange) {
   QTest::keyClick(&on<QComboBox>(closed), Qt::Key_Down);
   EXPECT_EQ(closed.text(), "two");
   EXPECT_EQ(clicks, 2);
+}
+
+TEST_F(ListBoxes, ANumberIsTakenAsItIsTyped) {
+  closed.setItems(numbersUpTo(50));
+  closed.setIndex(11);
+  auto& widget = on<QComboBox>(closed);
+  QTest::keyClick(&widget, Qt::Key_1);
+  EXPECT_EQ(closed.text(), "1");
+  QTest::keyClick(&widget, Qt::Key_7);
+  EXPECT_EQ(closed.text(), "17");
+  widget.showPopup();
+  QTest::qWait(QApplication::keyboardInputInterval() + 50);
+  QTest::keyClick(widget.view(), Qt::Key_4);
+  QTest::keyClick(widget.view(), Qt::Key_Return);
+  EXPECT_EQ(closed.text(), "4") << "in the open list as well";
+}
+
+TEST_F(ListBoxes, APopupShowsAllOfNineKinds) {
+  closed.setItems({"a", "b", "c", "d", "e", "f", "g", "h", "last"});
+  auto& widget = on<QComboBox>(closed);
+  widget.showPopup();
+  const QAbstractItemView& entries = *widget.view();
+  const QRect last = entries.visualRect(entries.model()->index(8, 0));
+  EXPECT_TRUE(entries.viewport()->rect().contains(last));
+  widget.hidePopup();
 }
 
 TEST_F(ListBoxes, TheWheelLeavesAClosedListAlone) {

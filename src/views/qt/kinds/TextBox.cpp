@@ -31,10 +31,12 @@ class Line : public QLineEdit {
   Line(TextBox& box, const Seat& seat) : QLineEdit(seat.parent), box_(box), seat_(seat) {}
 
  protected:
-  // By the Tab key this is so anyway; a click would put the cursor somewhere in the text.
+  // By the Tab key this is so anyway; a click would put the cursor somewhere in the text, and a
+  // window that opens would put it behind the text.
   void focusInEvent(QFocusEvent* event) override {
     QLineEdit::focusInEvent(event);
-    if (event->reason() == Qt::MouseFocusReason) QTimer::singleShot(0, this, &QLineEdit::selectAll);
+    if (event->reason() == Qt::MouseFocusReason || event->reason() == Qt::ActiveWindowFocusReason)
+      QTimer::singleShot(0, this, &QLineEdit::selectAll);
   }
 
   void keyPressEvent(QKeyEvent* event) override {

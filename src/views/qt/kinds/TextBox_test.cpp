@@ -51,6 +51,13 @@ TEST_F(TextBoxes, ABoxThatWaitsCommitsOnceByLeaving) {
   EXPECT_EQ(changes, 1);
 }
 
+TEST_F(TextBoxes, AClickIntoABoxSelectsItsText) {
+  on<QLineEdit>(live).setFocus();
+  auto& line = on<QLineEdit>(late);
+  QTest::mouseClick(&line, Qt::LeftButton);
+  EXPECT_TRUE(QTest::qWaitFor([&line] { return line.selectedText() == "3.00"; }));
+}
+
 TEST_F(TextBoxes, ShowWhatTheHandlerMadeOfTheText) {
   late.onChange = [this] { late.setText("3.00"); };
   auto& line = on<QLineEdit>(late);

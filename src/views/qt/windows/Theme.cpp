@@ -45,7 +45,7 @@ QPushButton#menuItem:checked { background: {live}; border-color: {live}; color: 
 QToolButton:checked { background: {accent}; border-color: {accent}; }
 QToolButton:checked:focus { border: 2px solid {text}; }
 
-QComboBox { padding: 6px 10px; }
+QComboBox { padding: 6px 10px; combobox-popup: 0; }
 QComboBox:focus { padding: 5px 9px; }
 QComboBox::drop-down { border: none; width: 26px; }
 QComboBox::down-arrow { image: none; }
