@@ -13,7 +13,7 @@ namespace korvane {
 /// A desk that only counts what it is handed.
 class CountingHost : public Host {
  public:
-  std::int32_t ChannelMAXCHANNELS() override { return 512; }
+  std::int32_t ChannelMAXCHANNELS() override { return kChannelsPerUniverse; }
   std::string ProjectName() override { return {}; }
   std::string ProjectBaseFilename() override { return {}; }
   void UserInteraction() override { ++passes; }
@@ -29,13 +29,7 @@ inline void wire(Engine& engine, int side) {
   Variablen& v = engine.v;
   v.matrixCols = v.matrixRows = static_cast<std::int16_t>(side);
   dimensionMatrix(engine);
-  std::int32_t channel = 1;
-  for (int col = 0; col < side; ++col) {
-    for (int row = 0; row < side; ++row) {
-      for (int component = 0; component < 3; ++component)
-        v.channelMap.set(col, row, component, channel++);
-    }
-  }
+  v.matrix.countChannelsUp(1, Matrix::Order::ColumnByColumn);
   for (PictureBox* box : {&v.A.picture, &v.B.picture, &engine.master.picture})
     set_matrix_values(engine, *box);
 }

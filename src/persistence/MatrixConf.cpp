@@ -10,8 +10,6 @@
 namespace korvane {
 namespace {
 
-constexpr std::int32_t kChannelsOfUniverse = 512;
-constexpr std::int32_t kUniverses = 16;
 constexpr const char* kFilter = "RGB-Matrix (*.korvaneconf)|*.korvaneconf";
 
 }  // namespace
@@ -183,8 +181,8 @@ void MatrixConf::prefill() {
   for (const MatrixConfDetail::Choice& choice : detail.choices()) {
     const std::int32_t code = codes[component++];
     if (configured) {
-      choice.universe->setIndex(divTrunc(code, kChannelsOfUniverse));
-      choice.channel->setIndex(modTrunc(code, kChannelsOfUniverse) - 1);
+      choice.universe->setIndex(divTrunc(code, kChannelsPerUniverse));
+      choice.channel->setIndex(modTrunc(code, kChannelsPerUniverse) - 1);
     } else {
       suggest(*choice.channel, *choice.universe);
     }
@@ -194,7 +192,7 @@ void MatrixConf::prefill() {
 // The counters advance before they are used, so channel 1 is never suggested (docs/kept.md,
 // grid-suggestion).
 void MatrixConf::suggest(ListBox& channel, ListBox& universe) {
-  if (nextChannel_ != kChannelsOfUniverse) {
+  if (nextChannel_ != kChannelsPerUniverse) {
     ++nextChannel_;
   } else {
     nextUniverse_ = nextUniverse_ == kUniverses ? 1 : nextUniverse_ + 1;

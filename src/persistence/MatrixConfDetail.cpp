@@ -4,12 +4,6 @@
 #include "state/ChannelMap.h"
 
 namespace korvane {
-namespace {
-
-constexpr int kUniverses = 16;
-
-}  // namespace
-
 MatrixConfDetail::MatrixConfDetail(Engine& engine)
     : Form("MatrixConfDetail", "Konfiguration"),
       red("red", {.caption = "Red"}),
@@ -43,7 +37,8 @@ void MatrixConfDetail::setConfig_Click() {
   int component = 0;
   for (const Choice& choice : choices()) {
     const std::int32_t channel = toInteger32(choice.channel->text());
-    v.channelMap.set(v.cellCol, v.cellRow, component++, channel + choice.universe->index() * 512);
+    v.channelMap.set(v.cellCol, v.cellRow, component++,
+                     channel + choice.universe->index() * kChannelsPerUniverse);
   }
   v.cellConfigured.at(v.cellCol, v.cellRow) = true;
   v.configChanged = true;

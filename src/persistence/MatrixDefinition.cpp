@@ -75,8 +75,7 @@ void dimensionMatrix(Engine& engine) {
   Variablen& v = engine.v;
   const int cols = v.matrixCols;
   const int rows = v.matrixRows;
-  v.channelMap.redim(cols, rows);
-  v.cellConfigured.redim(cols, rows);
+  v.matrix.redim();
   for (Frame* frame : {&v.frameA, &v.frameB, &v.frameWorkA, &v.frameWorkB, &v.frameM})
     frame->redim(cols, rows);
   v.fadeMap.redim(cols, rows);
@@ -98,13 +97,7 @@ void makeDefaultDefinition(Engine& engine) {
   v.matrixCols = kDefaultSide;
   v.matrixRows = kDefaultSide;
   dimensionMatrix(engine);
-  std::int32_t channel = 1;
-  for (int col = 0; col < v.matrixCols; ++col) {
-    for (int row = 0; row < v.matrixRows; ++row) {
-      for (int component = 0; component < 3; ++component)
-        v.channelMap.set(col, row, component, channel++);
-    }
-  }
+  v.matrix.countChannelsUp(1, Matrix::Order::ColumnByColumn);
   v.matrixConfigured = true;
 }
 

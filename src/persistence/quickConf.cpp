@@ -8,9 +8,7 @@
 namespace korvane {
 namespace {
 
-constexpr std::int32_t kChannelsOfUniverse = 512;
-constexpr std::int32_t kUniverses = 16;
-constexpr std::int32_t kLastCode = kUniverses * kChannelsOfUniverse;
+constexpr std::int32_t kLastCode = kUniverses * kChannelsPerUniverse;
 constexpr int kComponents = 3;
 
 constexpr const char* kExplanation =
@@ -43,7 +41,7 @@ quickConf::quickConf(Engine& engine, MatrixConf& conf)
   setLayout(column({Label1, Label2, row({Label3, BaseAddress, space(), Label4, Universe}), space(),
                     row({CreateDDF, space(), OKButton, CancelButton})}));
   onLoad = [this] {
-    BaseAddress.setItems(numbersUpTo(kChannelsOfUniverse));
+    BaseAddress.setItems(numbersUpTo(kChannelsPerUniverse));
     Universe.setItems(numbersUpTo(kUniverses));
   };
   CreateDDF.onClick = [this] { CreateDDF_Click(); };
@@ -56,19 +54,13 @@ quickConf::quickConf(Engine& engine, MatrixConf& conf)
 // map that starts in or reaches a higher universe is taken, though only the first one is sent.
 void quickConf::OKButton_Click() {
   Variablen& v = engine_.v;
-  const std::int32_t base = number(BaseAddress) + (number(Universe) - 1) * kChannelsOfUniverse;
+  const std::int32_t base = number(BaseAddress) + (number(Universe) - 1) * kChannelsPerUniverse;
   if (base + mul16(mul16(v.matrixCols, v.matrixRows), kComponents) > kLastCode) {
     engine_.platform.messageBox("Base Address not valid ! Value is too large for this Matrix !");
     return;
   }
-  std::int32_t code = base;
-  for (int row = 0; row < v.matrixRows; ++row) {
-    for (int col = 0; col < v.matrixCols; ++col) {
-      for (int component = 0; component < kComponents; ++component)
-        v.channelMap.set(col, row, component, code++);
-      v.cellConfigured.at(col, row) = true;
-    }
-  }
+  v.matrix.countChannelsUp(base, Matrix::Order::RowByRow);
+  v.matrix.configureAll();
   v.configChanged = true;
   v.quickConfigured = true;
   conf_.redraw_config();

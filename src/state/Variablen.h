@@ -7,10 +7,10 @@
 #include "platform/Grid.h"
 #include "platform/TimerQueue.h"
 #include "state/Boolean.h"
-#include "state/ChannelMap.h"
 #include "state/Deck.h"
 #include "state/Effect.h"
 #include "state/Host.h"
+#include "state/Matrix.h"
 
 namespace korvane {
 
@@ -23,16 +23,16 @@ struct Variablen {
   Deck B;
 
   // Matrix geometry and its mapping.
-  std::int16_t matrixCols = 0;
-  std::int16_t matrixRows = 0;
+  Matrix matrix;
+  std::int16_t &matrixCols = matrix.cols, &matrixRows = matrix.rows;
   Boolean matrixConfigured;  ///< a definition exists since start
   Boolean quickConfigured;   ///< the last change of the map came from the quick configuration
   Boolean configChanged;     ///< set by the definition windows, never read
   std::string matrixName;
   std::string projectName, projectBaseFilename, projectDirectory;
   std::string showFolder;  ///< of the project file loaded last; empty before
-  ChannelMap channelMap;
-  Grid<Boolean> cellConfigured;
+  ChannelMap& channelMap = matrix.channelMap;
+  Grid<Boolean>& cellConfigured = matrix.cellConfigured;
   std::int32_t cellCol = 0, cellRow = 0;  ///< cell under edit in the definition windows
 
   // Frames.

@@ -136,13 +136,7 @@ void CellEffects::dimension(int cols, int rows) {
   v.matrixCols = static_cast<std::int16_t>(cols);
   v.matrixRows = static_cast<std::int16_t>(rows);
   dimensionMatrix(engine);
-  std::int32_t channel = 1;
-  for (int col = 0; col < cols; ++col) {
-    for (int row = 0; row < rows; ++row) {
-      for (int component = 0; component < 3; ++component)
-        v.channelMap.set(col, row, component, channel++);
-    }
-  }
+  v.matrix.countChannelsUp(1, Matrix::Order::ColumnByColumn);
   for (PictureBox* box : {&v.A.picture, &v.B.picture, &master.picture}) {
     box->clear();
     set_matrix_values(engine, *box);

@@ -20,19 +20,12 @@ class EngineTest : public testing::Test {
   void redim(int cols, int rows) {
     v.matrixCols = static_cast<std::int16_t>(cols);
     v.matrixRows = static_cast<std::int16_t>(rows);
-    v.channelMap.redim(cols, rows);
-    v.cellConfigured.redim(cols, rows);
+    v.matrix.redim();
+    v.matrix.countChannelsUp(1, Matrix::Order::ColumnByColumn);
     for (Frame* frame : {&v.frameA, &v.frameB, &v.frameWorkA, &v.frameWorkB, &v.frameM})
       frame->redim(cols, rows);
     v.fadeMap.redim(cols, rows);
     v.frameSent.redim(cols, rows);
-    std::int32_t channel = 1;
-    for (int col = 0; col < cols; ++col) {
-      for (int row = 0; row < rows; ++row) {
-        for (int component = 0; component < 3; ++component)
-          v.channelMap.set(col, row, component, channel++);
-      }
-    }
   }
 
   HeadlessPlatform platform;

@@ -13,9 +13,8 @@
 namespace korvane {
 
 /// Universes of a wall; a channel code counts on over them: 1 - 512 first, 513 - 1024 second, ...
-inline constexpr int kWallUniverses = 16;
-inline constexpr int kUniverseChannels = 512;
-inline constexpr std::int32_t kLastWallCode = kWallUniverses * kUniverseChannels;
+inline constexpr int kWallUniverses = kUniverses;
+inline constexpr std::int32_t kLastWallCode = kWallUniverses * kChannelsPerUniverse;
 
 /// What stands behind the values of a wall's pictures; the same for all that one patch takes.
 struct WallLayout {

@@ -69,13 +69,8 @@ const std::vector<DemoShow::Row>& DemoShow::rightRows() {
 // Gives the lamps of the default grid the channels from 1 on, as many as there are.
 void DemoShow::wireLamps() {
   Variablen& v = plugin_.engine.v;
-  std::int32_t channel = 0;
-  for (int row = 0; row < v.matrixRows; ++row) {
-    for (int col = 0; col < v.matrixCols; ++col) {
-      for (int part = 0; part < 3; ++part) v.channelMap.set(col, row, part, ++channel);
-      v.cellConfigured.at(col, row) = true;
-    }
-  }
+  v.matrix.countChannelsUp(1, Matrix::Order::RowByRow);
+  v.matrix.configureAll();
 }
 
 void DemoShow::make() {

@@ -9,7 +9,7 @@ namespace korvane {
 
 /// A desk with nothing behind it.
 struct SilentHost : Host {
-  std::int32_t ChannelMAXCHANNELS() override { return 512; }
+  std::int32_t ChannelMAXCHANNELS() override { return kChannelsPerUniverse; }
   std::string ProjectName() override { return "show"; }
   std::string ProjectBaseFilename() override { return "show"; }
   void UserInteraction() override {}
