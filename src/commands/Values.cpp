@@ -26,6 +26,10 @@ Rows one(const char* name, T Variablen::*member) {
   return {{name, [member](const Variablen& v) { return json(v.*member); }}};
 }
 
+Rows side(const char* name, std::int16_t Matrix::*member) {
+  return {{name, [member](const Variablen& v) { return json(v.matrix.*member); }}};
+}
+
 Rows color(const char* name, Color Variablen::*member) {
   return {{name, [member](const Variablen& v) { return hexColor(v.*member); }}};
 }
@@ -45,8 +49,8 @@ Rows preview(const std::string& name, std::int16_t PreviewGeometry::*member) {
 
 std::vector<Rows> sharedScalars() {
   return {
-      one("matrixCols", &Variablen::matrixCols),
-      one("matrixRows", &Variablen::matrixRows),
+      side("matrixCols", &Matrix::cols),
+      side("matrixRows", &Matrix::rows),
       one("matrixConfigured", &Variablen::matrixConfigured),
       one("quickConfigured", &Variablen::quickConfigured),
       one("configChanged", &Variablen::configChanged),

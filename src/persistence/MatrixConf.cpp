@@ -73,7 +73,6 @@ void MatrixConf::Form_Load() {
   redraw_config();
 }
 
-// Setting the lists to a new size clears the map, so the cells are filled in only after that.
 void MatrixConf::takeDefinition() {
   readProjectNames(engine_);
   const std::string path = definitionFile(engine_);
@@ -82,20 +81,16 @@ void MatrixConf::takeDefinition() {
     showSize();
     return makeDefaultDefinition(engine_);
   }
-  orDefaultDefinition(engine_, [&] { readDefinition(path); });
+  orDefaultDefinition(engine_, [&] {
+    apply(readDefinition(path));
+    engine_.v.matrixConfigured = true;
+  });
 }
 
-void MatrixConf::readDefinition(const std::string& path) {
-  LineReader file(path, {});
-  std::string name;
-  file.take(name);
-  MName.setText(name);
-  readDefinitionSize(engine_, file);
-  dimensionMatrix(engine_);
-  resizePaintPictures(engine_);
-  takeSize();
-  readDefinitionCells(engine_, file);
-  engine_.v.matrixConfigured = true;
+// Setting the lists to a new size clears the map, so the cells are filled in only after that.
+void MatrixConf::apply(const MatrixDefinition& definition) {
+  if (definition.name) MName.setText(*definition.name);
+  applyDefinition(engine_, definition, [this] { takeSize(); });
 }
 
 void MatrixConf::showSize() {
@@ -233,18 +228,13 @@ void MatrixConf::save_Click() {
 void MatrixConf::loadFile() {
   Form::load();
   readProjectNames(engine_);
-  LineReader file(chosenFile(engine_.platform, {.purpose = FileQuestion::Purpose::Open,
-                                                .title = "Load Configuration ...",
-                                                .filter = kFilter,
-                                                .initialDirectory = engine_.v.projectDirectory}),
-                  {});
-  file.take(engine_.v.matrixName);
-  MName.setText(engine_.v.matrixName);
-  readDefinitionSize(engine_, file);
-  dimensionMatrix(engine_);
-  resizePaintPictures(engine_);
-  takeSize();
-  readDefinitionCells(engine_, file);
+  const MatrixDefinition definition = readDefinition(
+      chosenFile(engine_.platform, {.purpose = FileQuestion::Purpose::Open,
+                                    .title = "Load Configuration ...",
+                                    .filter = kFilter,
+                                    .initialDirectory = engine_.v.projectDirectory}));
+  if (definition.name) engine_.v.matrixName = *definition.name;
+  apply(definition);
   showGrid();
   engine_.v.matrixConfigured = true;
   engine_.platform.messageBox("Configuration loaded !");

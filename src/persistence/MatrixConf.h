@@ -4,6 +4,7 @@
 #include <string>
 
 #include "persistence/MatrixConfDetail.h"
+#include "persistence/MatrixDefinition.h"
 #include "platform/Controls.h"
 #include "platform/Form.h"
 #include "platform/PictureBox.h"
@@ -41,7 +42,7 @@ class MatrixConf : public Form {
   void bind();
   void Form_Load();
   void takeDefinition();
-  void readDefinition(const std::string& path);
+  void apply(const MatrixDefinition& definition);
   void showSize();
   /// The same for a size that was just read from a file.
   void takeSize();

@@ -1,5 +1,6 @@
 #include "persistence/MatrixDefinition.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <exception>
 #include <vector>
@@ -13,6 +14,7 @@ namespace korvane {
 namespace {
 
 constexpr std::int16_t kDefaultSide = 12;
+constexpr int kComponents = 3;
 
 std::vector<std::string> nextFields(LineReader& file) {
   std::string line;
@@ -32,6 +34,11 @@ void fitEffects(const Engine& engine, Deck& deck) {
   for (Effect& effect : deck.efx) {
     if (const EffectKind* kind = kindOf(effect.type)) kind->gridChanged(engine, effect);
   }
+}
+
+// A size beyond what a grid can be is never filled.
+std::int64_t cellsToRead(const MatrixDefinition& definition) {
+  return std::min(std::int64_t{*definition.cols} * *definition.rows, Grid<Color>::kMostCells);
 }
 
 bool definitionEndsEarly(const std::string& path) {
@@ -101,20 +108,42 @@ void makeDefaultDefinition(Engine& engine) {
   v.matrixConfigured = true;
 }
 
-void readDefinitionSize(Engine& engine, LineReader& file) {
-  const std::vector<std::string> size = nextFields(file);
-  engine.v.matrixCols = file.integer16(field(size, 0, file));
-  engine.v.matrixRows = file.integer16(field(size, 1, file));
+MatrixDefinition readDefinition(const std::string& path) {
+  LineReader file(path, {});
+  MatrixDefinition definition;
+  try {
+    std::string name;
+    file.take(name);
+    definition.name = name;
+    const std::vector<std::string> size = nextFields(file);
+    definition.cols = file.integer16(field(size, 0, file));
+    definition.rows = file.integer16(field(size, 1, file));
+    for (std::int64_t cells = cellsToRead(definition); cells > 0; --cells) {
+      const std::vector<std::string> codes = nextFields(file);
+      for (std::size_t component = 0; component < kComponents; ++component)
+        definition.codes.push_back(file.integer32(field(codes, component, file)));
+    }
+  } catch (const Failure&) {
+    definition.end = std::current_exception();
+  }
+  return definition;
 }
 
-void readDefinitionCells(Engine& engine, LineReader& file) {
+void applyDefinition(Engine& engine, const MatrixDefinition& definition,
+                     const std::function<void()>& sized) {
   Variablen& v = engine.v;
+  if (definition.cols) v.matrixCols = *definition.cols;
+  if (!definition.rows) std::rethrow_exception(definition.end);
+  v.matrixRows = *definition.rows;
+  dimensionMatrix(engine);
+  resizePaintPictures(engine);
+  if (sized) sized();
+  auto code = definition.codes.begin();
   for (int col = 0; col < v.matrixCols; ++col) {
     for (int row = 0; row < v.matrixRows; ++row) {
-      const std::vector<std::string> codes = nextFields(file);
-      for (int component = 0; component < 3; ++component) {
-        v.channelMap.set(col, row, component,
-                         file.integer32(field(codes, static_cast<std::size_t>(component), file)));
+      for (int component = 0; component < kComponents; ++component) {
+        if (code == definition.codes.end()) std::rethrow_exception(definition.end);
+        v.channelMap.set(col, row, component, *code++);
       }
       v.cellConfigured.at(col, row) = true;
     }
@@ -156,12 +185,9 @@ void loadDefinitionAtStart(Engine& engine) {
   const std::string path = definitionFile(engine);
   if (!fileExists(path)) return makeDefaultDefinition(engine);
   orDefaultDefinition(engine, [&] {
-    LineReader file(path, {});
-    file.take(engine.v.matrixName);
-    readDefinitionSize(engine, file);
-    dimensionMatrix(engine);
-    resizePaintPictures(engine);
-    readDefinitionCells(engine, file);
+    const MatrixDefinition definition = readDefinition(path);
+    if (definition.name) engine.v.matrixName = *definition.name;
+    applyDefinition(engine, definition);
     engine.v.matrixConfigured = true;
   });
 }

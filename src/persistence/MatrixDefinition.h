@@ -1,7 +1,11 @@
 #pragma once
 
+#include <cstdint>
+#include <exception>
 #include <functional>
+#include <optional>
 #include <string>
+#include <vector>
 
 #include "persistence/RecordLines.h"
 #include "state/Engine.h"
@@ -28,11 +32,22 @@ void resizePaintPictures(Engine& engine);
 /// The grid of a project without a definition: 12 by 12, channels counted up column by column.
 void makeDefaultDefinition(Engine& engine);
 
-/// The second line of a definition file, behind the name: the size, which goes to `matrixCols` and
-/// `matrixRows` as it stands.
-void readDefinitionSize(Engine& engine, LineReader& file);
-/// The lines of the cells, column by column; each cell read is marked as configured.
-void readDefinitionCells(Engine& engine, LineReader& file);
+/// What a definition file says, as far as it can be read. Taking it to the matrix is another step.
+struct MatrixDefinition {
+  std::optional<std::string> name;
+  std::optional<std::int16_t> cols, rows;  ///< as they stand
+  /// Of the cells, red, green and blue of each, column by column.
+  std::vector<std::int32_t> codes;
+  std::exception_ptr end;  ///< why no more could be read: the end of the file, or a fault in it
+};
+
+/// Reads a definition file; kFileNotFound, kPathAccess.
+MatrixDefinition readDefinition(const std::string& path);
+/// Gives the matrix the size and its cells their channels; each such cell is marked as configured.
+/// `sized` runs between the two. Where the definition ends before the last cell, what it has is
+/// taken, and its end is the failure.
+void applyDefinition(Engine& engine, const MatrixDefinition& definition,
+                     const std::function<void()>& sized = {});
 /// The lines of a definition file.
 void writeDefinition(const Engine& engine, const std::string& name, TextWriter& file);
 /// Writes a whole definition file; one that it replaces is kept as NAME.bak. A failure goes to

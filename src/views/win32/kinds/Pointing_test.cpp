@@ -160,6 +160,17 @@ class Pictures : public Pointing {
     ReleaseDC(window, screen);
     return found;
   }
+  // Counts how often a window is painted.
+  static LRESULT CALLBACK count(HWND window, UINT message, WPARAM w, LPARAM l, UINT_PTR,
+                                DWORD_PTR times) {
+    if (message == WM_PAINT) ++*reinterpret_cast<int*>(times);
+    return DefSubclassProc(window, message, w, l);
+  }
+  static void paintCells(PictureBox& box, int color) {
+    for (int y = 0; y < 50; ++y) {
+      for (int x = 0; x < 50; ++x) box.fillRect(x * 2, y * 2, x * 2, y * 2, rgb(color, x, y));
+    }
+  }
   std::vector<std::string> told;
 };
 
@@ -218,6 +229,55 @@ TEST_F(Pictures, PixelsStandSharpOnTheScreen) {
   EXPECT_EQ(pixel(on(box), 10, 10), RGB(255, 128, 0));
   EXPECT_EQ(pixel(on(box), 19, 19), RGB(255, 128, 0));
   EXPECT_EQ(pixel(on(box), 20, 19), RGB(0, 0, 0));
+}
+
+TEST_F(Pictures, ThousandsOfChangedCellsArePaintedAtOnce) {
+  auto& box = make<PictureBox>("picture", PictureBox::Size{120, 120, PictureBox::Sizing::Grow});
+  show({&box});
+  pump();
+  int times = 0;
+  SetWindowSubclass(on(box), count, 1, reinterpret_cast<DWORD_PTR>(&times));
+  paintCells(box, 10);
+  paintCells(box, 20);
+  EXPECT_EQ(times, 0) << "not within the event";
+  pump();
+  EXPECT_EQ(times, 1);
+  RemoveWindowSubclass(on(box), count, 1);
+  EXPECT_EQ(pixel(on(box), 0, 0), RGB(20, 0, 0));
+  EXPECT_EQ(pixel(on(box), 98, 64), RGB(20, 49, 32));
+  EXPECT_EQ(pixel(on(box), 97, 64), RGB(0, 0, 0));
+}
+
+TEST_F(Pictures, AWindowThatWasHiddenShowsWhatChangedMeanwhile) {
+  auto& box = make<PictureBox>("picture", PictureBox::Size{120, 120, PictureBox::Sizing::Grow});
+  show({&box});
+  pump();
+  const HWND window = GetAncestor(on(box), GA_ROOT);
+  ShowWindow(window, SW_HIDE);
+  paintCells(box, 30);
+  pump();
+  ShowWindow(window, SW_SHOW);
+  pump();
+  EXPECT_EQ(pixel(on(box), 4, 6), RGB(30, 2, 3));
+  paintCells(box, 40);
+  pump();
+  EXPECT_EQ(pixel(on(box), 4, 6), RGB(40, 2, 3));
+}
+
+TEST_F(Pictures, APartThatIsUncoveredIsPaintedAsItWas) {
+  auto& box = make<PictureBox>("picture", PictureBox::Size{120, 120, PictureBox::Sizing::Grow});
+  show({&box});
+  paintCells(box, 50);
+  pump();
+  const RECT part{8, 12, 15, 21};
+  const HDC screen = GetDC(on(box));
+  FillRect(screen, &part, GetSysColorBrush(COLOR_HIGHLIGHT));
+  ReleaseDC(on(box), screen);
+  InvalidateRect(on(box), &part, FALSE);
+  pump();
+  for (int y = 10; y < 24; y += 2) {
+    for (int x = 6; x < 18; x += 2) EXPECT_EQ(pixel(on(box), x, y), RGB(50, x / 2, y / 2));
+  }
 }
 
 }  // namespace
