@@ -13,7 +13,7 @@ namespace korvane {
 /// A desk that only counts what it is handed.
 class CountingHost : public Host {
  public:
-  std::int32_t ChannelMAXCHANNELS() override { return kChannelsPerUniverse; }
+  std::int32_t ChannelMAXCHANNELS() override { return kUniverseChannels; }
   std::string ProjectName() override { return {}; }
   std::string ProjectBaseFilename() override { return {}; }
   void UserInteraction() override { ++passes; }

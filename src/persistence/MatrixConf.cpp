@@ -176,8 +176,8 @@ void MatrixConf::prefill() {
   for (const MatrixConfDetail::Choice& choice : detail.choices()) {
     const std::int32_t code = codes[component++];
     if (configured) {
-      choice.universe->setIndex(divTrunc(code, kChannelsPerUniverse));
-      choice.channel->setIndex(modTrunc(code, kChannelsPerUniverse) - 1);
+      choice.universe->setIndex(divTrunc(code, kUniverseChannels));
+      choice.channel->setIndex(modTrunc(code, kUniverseChannels) - 1);
     } else {
       suggest(*choice.channel, *choice.universe);
     }
@@ -187,7 +187,7 @@ void MatrixConf::prefill() {
 // The counters advance before they are used, so channel 1 is never suggested (docs/kept.md,
 // grid-suggestion).
 void MatrixConf::suggest(ListBox& channel, ListBox& universe) {
-  if (nextChannel_ != kChannelsPerUniverse) {
+  if (nextChannel_ != kUniverseChannels) {
     ++nextChannel_;
   } else {
     nextUniverse_ = nextUniverse_ == kUniverses ? 1 : nextUniverse_ + 1;

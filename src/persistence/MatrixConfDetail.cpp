@@ -38,7 +38,7 @@ void MatrixConfDetail::setConfig_Click() {
   for (const Choice& choice : choices()) {
     const std::int32_t channel = toInteger32(choice.channel->text());
     v.channelMap.set(v.cellCol, v.cellRow, component++,
-                     channel + choice.universe->index() * kChannelsPerUniverse);
+                     channel + choice.universe->index() * kUniverseChannels);
   }
   v.cellConfigured.at(v.cellCol, v.cellRow) = true;
   v.configChanged = true;

@@ -8,7 +8,7 @@
 namespace korvane {
 namespace {
 
-constexpr std::int32_t kLastCode = kUniverses * kChannelsPerUniverse;
+constexpr std::int32_t kLastCode = kUniverses * kUniverseChannels;
 constexpr int kComponents = 3;
 
 constexpr const char* kExplanation =
@@ -41,7 +41,7 @@ quickConf::quickConf(Engine& engine, MatrixConf& conf)
   setLayout(column({Label1, Label2, row({Label3, BaseAddress, space(), Label4, Universe}), space(),
                     row({CreateDDF, space(), OKButton, CancelButton})}));
   onLoad = [this] {
-    BaseAddress.setItems(numbersUpTo(kChannelsPerUniverse));
+    BaseAddress.setItems(numbersUpTo(kUniverseChannels));
     Universe.setItems(numbersUpTo(kUniverses));
   };
   CreateDDF.onClick = [this] { CreateDDF_Click(); };
@@ -54,7 +54,7 @@ quickConf::quickConf(Engine& engine, MatrixConf& conf)
 // map that starts in or reaches a higher universe is taken, though only the first one is sent.
 void quickConf::OKButton_Click() {
   Variablen& v = engine_.v;
-  const std::int32_t base = number(BaseAddress) + (number(Universe) - 1) * kChannelsPerUniverse;
+  const std::int32_t base = number(BaseAddress) + (number(Universe) - 1) * kUniverseChannels;
   if (base + mul16(mul16(v.matrixCols, v.matrixRows), kComponents) > kLastCode) {
     engine_.platform.messageBox("Base Address not valid ! Value is too large for this Matrix !");
     return;

@@ -8,10 +8,10 @@
 namespace korvane {
 
 /// Channels of a universe. A channel code is channel + universe index x 512, universes 1 - 16.
-inline constexpr std::int32_t kChannelsPerUniverse = 512;
+inline constexpr std::int32_t kUniverseChannels = 512;
 inline constexpr std::int32_t kUniverses = 16;
 /// Last channel code that is sent: the first universe.
-inline constexpr std::int32_t kLastSentChannel = kChannelsPerUniverse;
+inline constexpr std::int32_t kLastSentChannel = kUniverseChannels;
 
 /// The channel codes of each lamp's red, green and blue, and with them which bytes of a frame can
 /// be sent at all.

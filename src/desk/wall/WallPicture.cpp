@@ -51,11 +51,11 @@ std::uint8_t threshold(const LampAt& lamp) {
 
 std::optional<WallChannel> wallChannel(std::int32_t code) {
   if (code < 1 || code > kLastWallCode) return std::nullopt;
-  return WallChannel{(code - 1) / kChannelsPerUniverse + 1, (code - 1) % kChannelsPerUniverse + 1};
+  return WallChannel{(code - 1) / kUniverseChannels + 1, (code - 1) % kUniverseChannels + 1};
 }
 
 std::int32_t codeOf(const WallChannel& channel) {
-  return (channel.universe - 1) * kChannelsPerUniverse + channel.channel;
+  return (channel.universe - 1) * kUniverseChannels + channel.channel;
 }
 
 Patch::Patch(const ChannelMap& map) : codes_(map.codes()) {
@@ -119,7 +119,7 @@ void Patch::connect() {
     if (feeds[to] != kNone) transfers_.push_back({feeds[to], to});
   }
   if (!transfers_.empty())
-    lastUniverse_ = static_cast<int>(transfers_.back().to) / kChannelsPerUniverse + 1;
+    lastUniverse_ = static_cast<int>(transfers_.back().to) / kUniverseChannels + 1;
 }
 
 void Patch::layWire() {

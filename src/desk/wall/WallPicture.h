@@ -14,7 +14,7 @@ namespace korvane {
 
 /// Universes of a wall; a channel code counts on over them: 1 - 512 first, 513 - 1024 second, ...
 inline constexpr int kWallUniverses = kUniverses;
-inline constexpr std::int32_t kLastWallCode = kWallUniverses * kChannelsPerUniverse;
+inline constexpr std::int32_t kLastWallCode = kWallUniverses * kUniverseChannels;
 
 /// What stands behind the values of a wall's pictures; the same for all that one patch takes.
 struct WallLayout {

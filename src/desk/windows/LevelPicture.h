@@ -12,7 +12,7 @@ namespace korvane {
 /// that fades away. Only what looks different is painted, and only when refresh() is called.
 class LevelPicture {
  public:
-  static constexpr int kChannels = kChannelsPerUniverse;
+  static constexpr int kChannels = kUniverseChannels;
   static constexpr int kCols = 32;
   static constexpr int kRows = 16;
   static constexpr int kFadeMilliseconds = 700;

@@ -37,7 +37,7 @@ class PlayerHost : public Host {
   PlayerHost(const std::filesystem::path& show, LampFeed& feed)
       : stem_(show.parent_path() / show.stem()), feed_(feed) {}
 
-  std::int32_t ChannelMAXCHANNELS() override { return kChannelsPerUniverse; }
+  std::int32_t ChannelMAXCHANNELS() override { return kUniverseChannels; }
   std::string ProjectName() override { return stem_.filename().string(); }
   std::string ProjectBaseFilename() override { return stem_.string(); }
   void UserInteraction() override { feed_.announce(); }

@@ -9,7 +9,7 @@ namespace korvane {
 
 /// A desk with nothing behind it.
 struct SilentHost : Host {
-  std::int32_t ChannelMAXCHANNELS() override { return kChannelsPerUniverse; }
+  std::int32_t ChannelMAXCHANNELS() override { return kUniverseChannels; }
   std::string ProjectName() override { return "show"; }
   std::string ProjectBaseFilename() override { return "show"; }
   void UserInteraction() override {}
