@@ -16,7 +16,7 @@ namespace korvane {
 namespace {
 
 struct QuietHost : Host {
-  std::int32_t ChannelMAXCHANNELS() override { return 512; }
+  std::int32_t ChannelMAXCHANNELS() override { return kUniverseChannels; }
   std::string ProjectName() override { return "bench"; }
   std::string ProjectBaseFilename() override { return "bench"; }
   void UserInteraction() override {}

@@ -5,17 +5,18 @@
 #include <functional>
 #include <string>
 
+#include "state/ChannelMap.h"
 #include "state/Host.h"
 
 namespace korvane {
 
 /// The levels of the desk's channels, 1 - 512, by their number; 0 stands for a lamp without one.
-using Levels = std::array<std::uint8_t, 513>;
+using Levels = std::array<std::uint8_t, kUniverseChannels + 1>;
 
 /// The stand-alone desk as the plug-in sees it: names the project and keeps the levels.
 class DeskHost : public Host {
  public:
-  static constexpr std::int32_t kChannels = 512;
+  static constexpr std::int32_t kChannels = kUniverseChannels;
 
   /// `stem` is the project's path without its ending; the project is named after its last part.
   explicit DeskHost(const std::string& stem) { setProject(stem); }
