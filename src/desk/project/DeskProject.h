@@ -1,0 +1,63 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "desk/project/Member.h"
+
+namespace korvane {
+
+/// Ending of a desk project's file.
+inline constexpr const char* kDeskProjectEnding = ".korvanedesk";
+/// The version that is written, and the newest that is read.
+inline constexpr int kDeskProjectVersion = 1;
+
+/// What one part of the program keeps in the project: one member of the file.
+struct Section {
+  std::string name;
+  /// What is to be kept now. All members of an object are there each time: one that has no value
+  /// is null, and is then left out of the file.
+  std::function<Json()> write;
+  /// Takes what the file has; called for each project, with a member that isn't given if the file
+  /// has none.
+  std::function<void(const Member&)> read;
+};
+
+/// The file NAME.korvanedesk: what belongs to a show on a desk beside the show and its grid.
+/// Members that this version does not know are kept as they were read.
+class DeskProject {
+ public:
+  /// Adds a part; the file has them in this order.
+  void add(Section section) { sections_.push_back(std::move(section)); }
+
+  /// Reads a project's file into all parts; of a file that isn't there they take nothing. What is
+  /// wrong, for people, a line each: the rest was taken.
+  std::vector<std::string> open(const std::string& path);
+  /// The same with the file's text.
+  std::vector<std::string> read(const std::string& text);
+  /// Begins a project of no file.
+  void begin();
+  /// Writes the file, safely; the one before is kept as PATH.bak. A Failure if that can't be done,
+  /// and for a file of a newer version, which is left as it is.
+  void save(const std::string& path);
+
+  /// What would be written now, in ASCII: other characters are escaped.
+  std::string text();
+
+ private:
+  Json document();
+  void take(const Json& document, std::vector<std::string>& faults);
+
+  std::vector<Section> sections_;
+  Json kept_ = Json::object();  // the document as it was read
+  bool newer_ = false;
+};
+
+/// What is to be written over what was read: members that `now` has not stay, objects are merged,
+/// and so are elements of lists that have the same name or target; members that are null in `now`
+/// go.
+Json mergedWith(const Json& before, const Json& now);
+
+}  // namespace korvane

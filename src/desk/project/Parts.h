@@ -1,0 +1,35 @@
+#pragma once
+
+#include <vector>
+
+#include "desk/output/OutputConfig.h"
+#include "desk/project/Member.h"
+#include "desk/wall/WallLevels.h"
+#include "desk/wall/WiringPlan.h"
+
+namespace korvane {
+
+/// An output of a project.
+struct ProjectOutput {
+  OutputConfig config;
+  bool on = true;  ///< it sends while the desk does
+
+  bool operator==(const ProjectOutput&) const = default;
+};
+
+// The parts of a project's file that the desk and the player have in common: to JSON and back. What
+// is wrong in a member is noted, and what stands beside it is taken.
+
+Json toJson(const std::vector<ProjectOutput>& outputs);
+/// Nothing for a file that says nothing of outputs.
+std::vector<ProjectOutput> outputsOf(const Member& member);
+
+/// The grand master alone: nobody wants to open a show in a blackout of last night.
+Json toJson(const WallLevels& levels);
+WallLevels levelsOf(const Member& member);
+
+Json toJson(const WiringPlan& plan);
+/// A plan without a fault. One that can't be laid is noted, and the usual one is returned.
+WiringPlan wiringOf(const Member& member);
+
+}  // namespace korvane
