@@ -73,8 +73,8 @@ class DeskAtWork {
 
  private:
   TickingPlatform platform_;
-  NetworkOutput output_{"korvane-bench"};
-  Desk desk_{platform_, output_, {"/nowhere/bench"}};
+  LampFeed feed_{"korvane-bench"};
+  Desk desk_{platform_, feed_, {"/nowhere/bench"}};
   Plugin& plugin_ = desk_.session.plugin;
   qt::LoopGate gate_{platform_, plugin_.engine.timers};
   qt::DesktopView view_{plugin_.engine.desktop, gate_, desk_.form};

@@ -4,7 +4,6 @@
 #include <string_view>
 #include <vector>
 
-#include "desk/network/ErrorNews.h"
 #include "desk/output/Outputs.h"
 #include "desk/wall/WallLevels.h"
 #include "state/Variablen.h"
@@ -32,8 +31,13 @@ class LampFeed {
   void endOfPass(const Variablen& v);
 
   const WallLevels& levels() const { return levels_; }
-  /// Grand master, blackout and freeze, on what stands on the wall at once.
+  /// Grand master, blackout and freeze, on what stands on the wall at once, or on the picture of a
+  /// pass that was announced.
   void setLevels(const WallLevels& levels);
+  /// Forgets what stands on the wall: its lamps have got other channels.
+  void clear();
+  /// What goes out now, before the outputs' curves and white balance.
+  WallPicture leaving() const;
 
   /// Sends a lamp test's picture instead of the show, byte for byte: past levels, curves and white
   /// balance. No picture ends the test: what the show has become goes out again.
@@ -52,8 +56,8 @@ class LampFeed {
   WallPicture taken_;
   WallLevels levels_;
   LevelStage stage_;
+  LevelledPicture leaving_;
   std::optional<WallPicture> test_;
-  std::vector<ErrorNews> news_;
 };
 
 }  // namespace korvane

@@ -20,29 +20,50 @@ std::vector<std::string> placesOf(const OutputConfig& config) {
   return places;
 }
 
+/// Whether they differ in nothing that the thread of an output knows.
+bool sendsAlike(OutputConfig one, const OutputConfig& other) {
+  one.name = other.name;
+  one.look = other.look;
+  one.atEnd = other.atEnd;
+  return one == other;
+}
+
 }  // namespace
 
 Output::Output(OutputConfig config, const SenderIdentity& identity, Network& network)
-    : config_(std::move(config)), identity_(identity), network_(network) {
+    : config_(std::move(config)), identity_(identity), network_(network), news_(title()) {
   stage_.setLook(config_.look);
   newest_ = pictureFor(config_, {});
 }
 
 void Output::configure(const OutputConfig& config) {
   if (config == config_) return;
+  const OutputConfig old = std::exchange(config_, config);
   const bool wasOn = on();
-  switchOff();
-  config_ = config;
+  const bool restarts = wasOn && !sendsAlike(old, config);
+  news_ = ErrorNews(title());
   stage_.setLook(config_.look);
+  if (!restarts) return show(LevelledPicture(wall_));
+  if (placesOf(old) == placesOf(config)) {
+    {
+      const std::lock_guard lock(mutex_);
+      leaving_ = true;
+    }
+    stop();
+  } else {
+    beginEnd(old.atEnd);
+    stop();
+  }
   newest_ = pictureFor(config_, stage_.pass(wall_));
-  if (wasOn) switchOn();
+  switchOn();
 }
 
 void Output::switchOn() {
   if (on()) return;
   for (const std::string& place : placesOf(config_)) claims_.emplace_back(place);
   next_.reset();
-  ending_ = false;
+  ending_.reset();
+  leaving_ = false;
   figures_ = {};
   figures_.concern = rival();
   thread_ = std::thread([this, carrier = makeCarrier(config_, identity_, network_),
@@ -51,10 +72,10 @@ void Output::switchOn() {
   });
 }
 
-void Output::beginEnd() {
+void Output::beginEnd(std::optional<AtEnd> how) {
   {
     const std::lock_guard lock(mutex_);
-    ending_ = true;
+    if (!ending_) ending_ = how.value_or(config_.atEnd);
   }
   wake_.notify_one();
 }
@@ -62,6 +83,11 @@ void Output::beginEnd() {
 void Output::switchOff() {
   if (!on()) return;
   beginEnd();
+  stop();
+}
+
+void Output::stop() {
+  wake_.notify_one();
   thread_.join();
   claims_.clear();
 }
@@ -83,10 +109,10 @@ void Output::show(const LevelledPicture& wall) {
 /// The sender's thread. The lock is not held while anything is sent.
 void Output::run(Sender sender, const std::string& rival) {
   std::unique_lock lock(mutex_);
-  while (!sender.ended()) {
+  while (!sender.ended() && !leaving_) {
     if (auto picture = std::exchange(next_, std::nullopt))
       sender.show(std::move(*picture), shownAt_);
-    if (ending_) sender.end();
+    if (ending_) sender.end(*ending_);
     const TimePoint due = sender.due();
     if (!sender.ended() && clockNow() >= due) {
       lock.unlock();
@@ -118,8 +144,12 @@ OutputFigures Output::figures() const {
 std::string Output::status() const {
   if (!on()) return "off";
   const std::string problem = figures().problem();
-  return (config_.name.empty() ? describe(config_) : config_.name) +
-         (problem.empty() ? "" : ": " + problem);
+  return title() + (problem.empty() ? "" : ": " + problem);
+}
+
+std::optional<std::string> Output::news() {
+  if (!on()) return std::nullopt;
+  return news_.of(figures().problem());
 }
 
 }  // namespace korvane

@@ -7,6 +7,7 @@
 #include <thread>
 
 #include "desk/network/Claim.h"
+#include "desk/network/ErrorNews.h"
 #include "desk/output/Sender.h"
 #include "desk/wall/OutputLook.h"
 
@@ -23,15 +24,19 @@ class Output {
   Output& operator=(const Output&) = delete;
 
   const OutputConfig& config() const { return config_; }
-  /// Other settings; an output that is on ends as it was set and begins anew.
+  /// Its name, or what describe says.
+  std::string title() const { return config_.name.empty() ? describe(config_) : config_.name; }
+  /// Other settings. The lamps of an output that is on see no gap while it goes to the same places;
+  /// else it ends as it was set, and begins anew.
   void configure(const OutputConfig& config);
 
   bool on() const { return thread_.joinable(); }
   void switchOn();
   /// Ends the stream cleanly and waits for that, about 0.1 s.
   void switchOff();
-  /// Begins to end without waiting, so that several outputs end at once; switchOff waits.
-  void beginEnd();
+  /// Begins to end without waiting, so that several outputs end at once; switchOff waits. It ends
+  /// as it is set, unless told otherwise.
+  void beginEnd(std::optional<AtEnd> how = {});
 
   /// The newest picture, which the output's curve and white balance make its bytes of; an output
   /// that is off keeps it for when it is switched on.
@@ -40,10 +45,13 @@ class Output {
   const OutputPicture& newest() const { return newest_; }
 
   OutputFigures figures() const;
-  /// For people: the name or what describe says, and the problem if there is one; "off".
+  /// For people: the title, and the problem if there is one; "off".
   std::string status() const;
+  /// What is to be told of it now: each problem once, and once that it works again.
+  std::optional<std::string> news();
 
  private:
+  void stop();
   void run(Sender sender, const std::string& rival);
   std::string rival() const;
 
@@ -55,12 +63,14 @@ class Output {
   OutputPicture newest_;
   std::vector<Claim> claims_;  ///< of the places that are sent to, while on
   std::thread thread_;
+  ErrorNews news_;
 
   mutable std::mutex mutex_;  ///< Guards what follows.
   std::condition_variable wake_;
   std::optional<OutputPicture> next_;
   TimePoint shownAt_{};
-  bool ending_ = false;
+  std::optional<AtEnd> ending_;
+  bool leaving_ = false;  ///< It stops without a word, as another one goes on for it.
   OutputFigures figures_;
 };
 

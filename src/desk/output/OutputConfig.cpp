@@ -119,10 +119,32 @@ AtEnd readEnd(Text value) {
   failTarget("end must be black, hold or release, not " + quotedTarget(value));
 }
 
+std::optional<unsigned> hexDigit(char digit) {
+  const auto at = Text("0123456789ABCDEF").find(digit);
+  return at == Text::npos ? std::nullopt : std::optional(static_cast<unsigned>(at));
+}
+
+/// A "%" without two digits stands for itself.
+std::string unescaped(Text text) {
+  std::string name;
+  for (std::size_t at = 0; at < text.size(); ++at) {
+    const auto high = at + 2 < text.size() ? hexDigit(text[at + 1]) : std::nullopt;
+    const auto low = high ? hexDigit(text[at + 2]) : std::nullopt;
+    if (text[at] == '%' && low) {
+      name += static_cast<char>(*high << 4 | *low);
+      at += 2;
+    } else {
+      name += text[at];
+    }
+  }
+  return name;
+}
+
 std::string readName(const std::string& what, Text value, std::size_t most) {
-  if (value.empty() || value.size() > most)
+  std::string name = unescaped(value);
+  if (name.empty() || name.size() > most)
     failTarget(what + " must be 1 to " + std::to_string(most) + " bytes long");
-  return std::string(value);
+  return name;
 }
 
 void readSetting(Text setting, OutputConfig& config) {
@@ -242,6 +264,33 @@ const OutputKindRow& rowOf(OutputKind kind) {
   return *std::ranges::find(kKinds, kind, &OutputKindRow::kind);
 }
 
+// What would end a name within its text, and what not every file can hold, is written as in "%2C".
+std::string escapedName(std::string_view name) {
+  std::string text;
+  for (const char letter : name) {
+    const auto code = static_cast<unsigned char>(letter);
+    if (letter != ',' && letter != '%' && code >= ' ' && code < 127) {
+      text += letter;
+    } else {
+      text += '%';
+      text += "0123456789ABCDEF"[code >> 4];
+      text += "0123456789ABCDEF"[code & 15];
+    }
+  }
+  return text;
+}
+
+std::string entryText(const OutputEntry& entry) {
+  return (entry.on ? "on " : "off ") + outputText(entry.config);
+}
+
+OutputEntry parseEntry(std::string_view text) {
+  const auto target = cutOff(text, ' ');
+  if (!target || (text != "on" && text != "off"))
+    failTarget("an output of a list begins with on or off, not " + quotedTarget(text));
+  return {parseOutput(*target), text == "on"};
+}
+
 OutputConfig parseOutput(std::string_view text) try {
   return parse(text);
 } catch (const std::invalid_argument& error) {
@@ -267,7 +316,7 @@ std::string outputText(const OutputConfig& config) {
   if (!config.interface.empty()) text += "%" + config.interface;
   if (config.rate != usual.rate) text += ",rate=" + number(config.rate);
   if (config.priority != usual.priority) text += ",priority=" + number(config.priority);
-  if (config.source != usual.source) text += ",source=" + config.source;
+  if (config.source != usual.source) text += ",source=" + escapedName(config.source);
   if (config.synchronisation != 0) text += ",sync=" + number(config.synchronisation);
   if (config.artSync) text += ",sync=on";
   for (const auto& [word, end] : kEnds) {
@@ -280,7 +329,7 @@ std::string outputText(const OutputConfig& config) {
     const auto& [red, green, blue] = config.look.balance;
     text += ",balance=" + number(red) + "/" + number(green) + "/" + number(blue);
   }
-  if (!config.name.empty()) text += ",name=" + config.name;
+  if (!config.name.empty()) text += ",name=" + escapedName(config.name);
   return text;
 }
 

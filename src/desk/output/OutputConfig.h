@@ -67,8 +67,24 @@ const OutputKindRow& rowOf(OutputKind kind);
 /// "sacn:3=101+4-5=7-8". Throws std::invalid_argument whose text says what is wrong.
 OutputConfig parseOutput(std::string_view text);
 
-/// The text that parseOutput reads.
+/// The text that parseOutput reads; "," and "%" in names are written as in "%2C".
 std::string outputText(const OutputConfig& config);
+
+/// A name as it stands within such a text.
+std::string escapedName(std::string_view name);
+
+/// An output of a list, and whether it is on: what is remembered of it.
+struct OutputEntry {
+  OutputConfig config;
+  bool on = true;
+
+  bool operator==(const OutputEntry&) const = default;
+};
+
+/// One line: "on sacn:1-15,rate=30" or "off artnet:0".
+std::string entryText(const OutputEntry& entry);
+/// Reads such a line. Throws as parseOutput does.
+OutputEntry parseEntry(std::string_view text);
 
 /// For people: "sACN universe 1 to 239.255.0.1:5568", "sACN universes 1-15 to their groups".
 std::string describe(const OutputConfig& config);

@@ -49,6 +49,17 @@ TEST(OutputConfig, TextsThatAreUnderstoodAndWrittenAsTheyWere) {
   }
 }
 
+TEST(OutputConfig, AnEntryOfAListIsALineWhateverItsNameHolds) {
+  OutputEntry entry{parseOutput("sacn:1-2,source=Left%2C 50 %"), false};
+  EXPECT_EQ(entry.config.source, "Left, 50 %") << "a % alone stands for itself";
+  entry.config.name = "T\u00fcr, 100 %2C\nright";
+  const std::string line = entryText(entry);
+  EXPECT_EQ(line, "off sacn:1-2,source=Left%2C 50 %25,name=T%C3%BCr%2C 100 %252C%0Aright");
+  EXPECT_EQ(parseEntry(line), entry);
+  EXPECT_THROW(parseEntry("sacn:1"), std::invalid_argument);
+  EXPECT_THROW(parseEntry("maybe sacn:1"), std::invalid_argument);
+}
+
 TEST(OutputConfig, UniversesFollowTheWallsUnlessTheyAreNamed) {
   EXPECT_EQ(parseOutput("sacn:7-8+20").routes, (std::vector<Route>{{1, 7}, {2, 8}, {3, 20}}));
   EXPECT_EQ(parseOutput("artnet:4-5=0-1+9").routes, (std::vector<Route>{{4, 0}, {5, 1}, {6, 9}}));

@@ -129,6 +129,36 @@ TEST(Outputs, SettingsChangeWhileItRuns) {
   EXPECT_EQ(last.at(112), 0x40) << "the old place was told of the end";
 }
 
+TEST(Outputs, LampsSeeNoGapWhenSettingsOfTheSamePlaceChange) {
+  const Receiver receiver;
+  Outputs outputs("korvane-test-no-gap");
+  Output& output = outputs.add(parseOutput("sacn:1" + receiver.place()));
+  outputs.show(look(9));
+  output.switchOn();
+  receiver.packet();
+  output.configure(parseOutput("sacn:1" + receiver.place() + ",rate=100,priority=120"));
+  auto packet = receiver.packet();
+  while (packet.at(108) != 120) packet = receiver.packet();  // the repeats of the old settings
+  EXPECT_EQ(packet.at(126), 9);
+  EXPECT_EQ(packet.at(112), 0) << "the stream was not terminated";
+  output.configure(parseOutput("sacn:1" + receiver.place() + ",rate=100,priority=120,gamma=2"));
+  EXPECT_EQ(output.newest().universes[0][0], 9) << "no lamp stands there, so no curve";
+  for (packet = receiver.packet(false); !packet.empty(); packet = receiver.packet(false))
+    EXPECT_EQ(packet.at(112), 0);
+}
+
+TEST(Outputs, AnEndCanBeAnotherThanTheOneThatIsSet) {
+  const Receiver receiver;
+  Outputs outputs("korvane-test-other-end");
+  outputs.add(parseOutput("artnet:1" + receiver.place()));
+  outputs.show(look(9));
+  outputs.switchAllOn();
+  receiver.packet();
+  outputs.switchAllOff(AtEnd::Hold);
+  for (auto packet = receiver.packet(false); !packet.empty(); packet = receiver.packet(false))
+    EXPECT_EQ(packet.at(18), 9);
+}
+
 TEST(Outputs, TwoCopiesOfAProgramHaveIdentitiesOfTheirOwnAndAreTold) {
   const Receiver receiver;
   Outputs first("korvane-test-copies");

@@ -40,8 +40,8 @@ void Outputs::switchAllOn() {
   for (const auto& output : outputs_) output->switchOn();
 }
 
-void Outputs::switchAllOff() {
-  for (const auto& output : outputs_) output->beginEnd();
+void Outputs::switchAllOff(std::optional<AtEnd> how) {
+  for (const auto& output : outputs_) output->beginEnd(how);
   for (const auto& output : outputs_) output->switchOff();
 }
 

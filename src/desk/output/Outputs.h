@@ -26,8 +26,8 @@ class Outputs {
   const Output& at(std::size_t index) const { return *outputs_.at(index); }
 
   void switchAllOn();
-  /// Ends all streams at the same time.
-  void switchAllOff();
+  /// Ends all streams at the same time, each as it is set unless told otherwise.
+  void switchAllOff(std::optional<AtEnd> how = {});
 
   /// The newest picture of the wall, for all.
   void show(const LevelledPicture& wall);

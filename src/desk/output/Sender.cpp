@@ -32,12 +32,12 @@ void Sender::show(OutputPicture picture, TimePoint now) {
   fresh_ = true;
 }
 
-void Sender::end() {
+void Sender::end(AtEnd how) {
   if (ending_) return;
   ending_ = true;
   farewells_ = carrier_->farewells();
-  if (config_.atEnd == AtEnd::Black) picture_ = blackLike(picture_);
-  if (config_.atEnd != AtEnd::Release) lastPictures_ = farewells_ > 0 ? 1 : kLastPictures;
+  if (how == AtEnd::Black) picture_ = blackLike(picture_);
+  if (how != AtEnd::Release) lastPictures_ = farewells_ > 0 ? 1 : kLastPictures;
 }
 
 TimePoint Sender::pictureDue() const {
@@ -74,6 +74,7 @@ void Sender::note(const Sent& sent, TimePoint now) {
   recent_.emplace_back(now, sent.packets);
   while (now - recent_.front().first > 1s) recent_.pop_front();
   error_.note(now, sent.error);
+  if (!sent.error.empty()) lastError_ = sent.error;
 }
 
 OutputFigures Sender::figures(TimePoint now) const {
@@ -83,6 +84,7 @@ OutputFigures Sender::figures(TimePoint now) const {
   figures.packets = packets_;
   figures.late = late_;
   figures.error = error_.text();
+  figures.lastError = lastError_;
   figures.concern = carrier_->concern();
   figures.receivers = carrier_->receivers();
   return figures;

@@ -13,7 +13,8 @@ struct OutputFigures {
   double packetsPerSecond = 0;           ///< Over the last second.
   std::int64_t packets = 0;              ///< Since it was switched on.
   std::int64_t late = 0;                 ///< Pictures that left more than 5 ms after they could.
-  std::string error{};                   ///< The last one, until it has been well for some seconds.
+  std::string error{};                   ///< Until it has been well for some seconds.
+  std::string lastError{};               ///< Of all since it was switched on.
   std::string concern{};                 ///< What else a person should know, in words.
   std::vector<std::string> receivers{};  ///< Those that were found: name and address.
 
@@ -35,9 +36,8 @@ class Sender {
   /// A new picture, shown at this time: it replaces one that still waits. The picture that is shown
   /// already is no news.
   void show(OutputPicture picture, TimePoint now);
-  /// Begins the end as it is set: black, the last picture or nothing, then the protocol's
-  /// farewells.
-  void end();
+  /// Begins the end: black, the last picture or nothing, then the protocol's farewells.
+  void end(AtEnd how);
   /// True when the last packet of the end has been sent.
   bool ended() const { return ending_ && lastPictures_ == 0 && farewells_ == 0; }
 
@@ -68,6 +68,7 @@ class Sender {
   std::int64_t packets_ = 0;
   std::int64_t late_ = 0;
   LastError error_;
+  std::string lastError_;
 };
 
 }  // namespace korvane

@@ -145,7 +145,7 @@ TEST_F(Senders, TheEndIsBlackTheLastPictureOrNothingAsItIsSet) {
     times.clear();
     begin(c.text);
     runUntil(5ms);
-    sender->end();
+    sender->end(parseOutput(c.text).atEnd);
     runUntil(10s);
     EXPECT_EQ(log(), c.log);
     EXPECT_TRUE(sender->ended());
@@ -156,7 +156,7 @@ TEST_F(Senders, APictureThatWaitsIsTheOneThatIsHeld) {
   begin("artnet:1,end=hold");
   runUntil(5ms);
   show(7);
-  sender->end();
+  sender->end(AtEnd::Hold);
   runUntil(10s);
   EXPECT_EQ(log(), "1@0 7@22 7@45 7@68");
 }
@@ -181,7 +181,7 @@ TEST_F(Senders, SynchronisedPicturesNameTheUniverseWhosePacketReleasesThem) {
   }
   EXPECT_EQ(picture[2].bytes, sacnSynchronisation(kOurs, 7, picture[2].bytes[44]));
   EXPECT_EQ(addressText(picture[2].to.address), "239.255.0.7");
-  sender->end();
+  sender->end(AtEnd::Black);
   runUntil(1s);
   const auto& farewell = network.calls.back().datagrams;
   ASSERT_EQ(farewell.size(), 2U);

@@ -11,26 +11,15 @@ namespace {
 constexpr int kMonitorMilliseconds = 50;
 constexpr int kStateMilliseconds = 500;
 
+constexpr int kMasterStep = 5;      // per cent a key
+constexpr double kCurveStep = 0.1;  // gamma a key
+constexpr int kFull = 100;          // per cent
+
 // First argument of a view change.
 constexpr std::int32_t kNarrowView = 1;
 constexpr std::int32_t kFullView = 0;
 
 constexpr const char* kShowFilter = "Matrix Project (*.Korvane)|*.Korvane";
-
-// Lamps with a channel that no universe of the desk carries.
-std::string darkLamps(const Variablen& v) {
-  int beyond = 0;
-  for (int col = 0; col < v.matrixCols; ++col) {
-    for (int row = 0; row < v.matrixRows; ++row) {
-      const ChannelMap::Codes& codes = v.channelMap.at(col, row);
-      beyond += std::any_of(codes.begin(), codes.end(),
-                            [](std::int32_t code) { return code > DeskHost::kChannels; });
-    }
-  }
-  if (beyond == 0) return {};
-  return std::to_string(beyond) + " of " + std::to_string(v.matrixCols * v.matrixRows) +
-         " lamps stay dark: their channels lie beyond the first universe.";
-}
 
 void setCaption(Control& control, const std::string& caption) {
   if (control.look().caption != caption) control.setCaption(caption);
@@ -38,27 +27,31 @@ void setCaption(Control& control, const std::string& caption) {
 
 }  // namespace
 
-Desk::Desk(Platform& machine, NetworkOutput& output, const DeskPlaces& places)
+Desk::Desk(Platform& machine, LampFeed& feed, const DeskPlaces& places)
     : session(machine, places.project),
       form(session.plugin.matrixForm, places.examples),
       question(engine().desktop),
-      setup(engine().desktop, output),
+      setup(engine().desktop, feed.outputs, [this] { return universesOfWall(); }),
       wiring(engine(), session.plugin.matrixConf),
       monitor(engine().desktop),
       helpWindow(engine().desktop, form.menus()),
-      output_(output),
+      feed_(feed),
       recent_(places.recentShows),
+      kept_(places.outputs),
       refresh_(engine().timers, "timerDesk"),
       grid_{engine().v.matrixCols, engine().v.matrixRows} {
   engine().desktop.add(form);
   bindFiles();
   bindWindows();
   bindPlay();
+  bindLevels();
+  takeOutputs();
   bindKeysOfDialogs();
   bindFields();
   for (std::size_t i = 0; i < form.examples.size(); ++i)
     form.examples[i]->onClick = [this, path = places.examples[i].path] { openShow(path); };
   form.showRecent(recent_.paths());
+  session.host.onPass = [this] { feed_.announce(); };
   refresh_.onTimer = [] {};
 }
 
@@ -93,8 +86,14 @@ void Desk::bindWindows() {
   form.front.onClick = [this, &desktop] { desktop.show(form); };
   form.configure.onClick = [this] { session.plugin.plugIn.ITharnPlugin_Configure(); };
   form.wiring.onClick = [this, &desktop] { desktop.show(wiring); };
-  wiring.onTest = [this](const std::optional<WallPicture>& test) { test_ = test; };
-  wiring.onRewired = [this] { session.host.clearLevels(); };
+  wiring.onTest = [this](const std::optional<WallPicture>& test) {
+    testing_ = test.has_value();
+    feed_.setTest(test);
+  };
+  wiring.onRewired = [this] {
+    session.host.clearLevels();
+    feed_.clear();
+  };
   form.output.onClick = [this, &desktop] { desktop.show(setup); };
   form.channels.onClick = [this, &desktop] { desktop.show(monitor); };
   form.help.onClick = [this, &desktop] { desktop.show(helpWindow); };
@@ -107,19 +106,34 @@ void Desk::bindPlay() {
   form.narrow.onClick = [this] { message(kMessageViewChange, kNarrowView); };
   form.full.onClick = [this] { message(kMessageViewChange, kFullView); };
   form.blackout.onClick = [this] {
-    grand.blackout = !grand.blackout;
+    levels_.blackout = !levels_.blackout;
     message(kMessageBlackout);
   };
   form.freeze.onClick = [this] {
-    grand.freeze(!grand.frozen());
+    levels_.freeze = !levels_.freeze;
     message(kMessageFreeze);
   };
-  form.grandMaster.onChange = [this] { grand.master = form.grandMaster.value(); };
   form.dmx.onClick = [this] {
     CheckBox& active = session.plugin.matrixForm.active;
     if (!active.checked()) session.openTool();
     active.setValue(active.checked() ? 0 : 1);
   };
+}
+
+void Desk::bindLevels() {
+  Slider& master = form.grandMaster;
+  master.onChange = [this] { levels_.master = form.grandMaster.value(); };
+  form.masterUp.onClick = [&master] { master.setValue(master.value() + kMasterStep); };
+  form.masterDown.onClick = [&master] { master.setValue(master.value() - kMasterStep); };
+  form.steeper.onClick = [this] { setup.bendCurve(kCurveStep); };
+  form.flatter.onClick = [this] { setup.bendCurve(-kCurveStep); };
+}
+
+// The outputs of the last time.
+void Desk::takeOutputs() {
+  for (const OutputEntry& entry : kept_.entries()) setup.take(entry);
+  setup.off.setIndex(kept_.whenOff());
+  setup.onKept = [this] { kept_.keep(setup.entries(), setup.off.index()); };
 }
 
 // Cancel of an effect's dialog takes back more than what was typed, so Escape closes it as its
@@ -216,27 +230,24 @@ bool Desk::mayClose() {
     return closing_;
   }
   question.ask("The matrix is sending to the lamps. Close the desk all the same?",
-               {"Close, lamps dark", "Close, lamps hold", "Cancel"}, [this](std::size_t answer) {
+               {"Close", "Close, lamps hold", "Cancel"}, [this](std::size_t answer) {
                  if (answer == 2) return;
                  leaveShow([this, answer] {
-                   grand.dark = answer == 0;
-                   close();
+                   close(answer == 1 ? std::optional(AtEnd::Hold) : std::nullopt);
                  });
                });
   return false;
 }
 
-void Desk::close() {
+void Desk::close(std::optional<AtEnd> how) {
   closing_ = true;
-  finish(grand.dark);
+  finish(how);
   if (onQuit) onQuit();
 }
 
-void Desk::finish(bool dark) {
-  test_.reset();
-  grand.dark = dark;
-  send();
-  output_.stop();
+void Desk::finish(std::optional<AtEnd> how) {
+  feed_.setTest({});
+  feed_.outputs.switchAllOff(how);
 }
 
 void Desk::settle() {
@@ -258,10 +269,10 @@ void Desk::followDmx() {
   const bool active = engine().v.outputActive;
   if (active == wasActive_) return;
   wasActive_ = active;
-  grand.dark = !active && setup.whenOff() == OutputSetup::WhenOff::Dark;
+  dark_ = !active && setup.whenOff() == OutputSetup::WhenOff::Dark;
   if (active || setup.whenOff() != OutputSetup::WhenOff::Ask || !setup.sending()) return;
   question.ask("DMX is off. What shall the lamps do?", {"Go dark", "Hold"},
-               [this](std::size_t answer) { grand.dark = answer == 0; });
+               [this](std::size_t answer) { dark_ = answer == 0; });
 }
 
 // A grid that gets another size, or is left by OK, has empty pictures.
@@ -280,17 +291,23 @@ void Desk::followGrid() {
 }
 
 void Desk::send() {
-  const Levels now = leaving();
-  for (std::int32_t channel = 1; channel <= DeskHost::kChannels; ++channel)
-    output_.setChannel(channel, now[static_cast<std::size_t>(channel)]);
-  output_.endOfPass();
-  if (monitor.visible()) monitor.take(now);
+  WallLevels now = levels_;
+  now.blackout = now.blackout || dark_;
+  if (now != feed_.levels()) feed_.setLevels(now);
+  feed_.endOfPass(engine().v);
+  if (monitor.visible()) monitor.take(feed_, universesOfWall());
 }
 
-Levels Desk::leaving() {
-  Levels now = grand.leaving(session.host.levels());
-  if (test_) std::copy(test_->universe(1).begin(), test_->universe(1).end(), now.begin() + 1);
-  return now;
+int Desk::universesOfWall() {
+  const Variablen& v = engine().v;
+  std::int32_t last = 1;
+  for (int col = 0; col < v.matrixCols; ++col) {
+    for (int row = 0; row < v.matrixRows; ++row) {
+      for (const std::int32_t code : v.channelMap.at(col, row))
+        last = std::max(last, std::min(code, kLastWallCode));
+    }
+  }
+  return (last - 1) / kUniverseChannels + 1;
 }
 
 // A load of the tool's window stops all timers and gives them its own interval.
@@ -304,8 +321,8 @@ void Desk::keepTime() {
 void Desk::showState() {
   if (monitor.visible()) monitor.refresh(engine().timers.now());
   if (setup.visible()) setup.refresh();
-  form.blackout.setLit(grand.blackout);
-  form.freeze.setLit(grand.frozen());
+  form.blackout.setLit(levels_.blackout);
+  form.freeze.setLit(levels_.freeze);
   form.dmx.setLit(engine().v.outputActive);
   const bool open = session.plugin.matrixForm.visible();
   if (form.begin.look().visible == open) form.begin.setVisible(!open);
@@ -323,24 +340,46 @@ void Desk::showTitle() {
 }
 
 std::string Desk::whatIsSent() {
-  if (!setup.sending()) return "Nothing is sent: no output is chosen.";
+  if (!setup.sending()) return "Nothing is sent: no output is on.";
   const auto state = [this]() -> std::string {
-    if (test_) return "The lamp test is on";
-    if (grand.blackout) return "Blackout: all lamps are dark";
-    if (grand.frozen()) return "Freeze: the lamps hold what they show";
+    if (testing_) return "The lamp test is on";
+    if (levels_.blackout) return "Blackout: all lamps are dark";
+    if (levels_.freeze) return "Freeze: the lamps hold what they show";
     if (engine().v.outputActive)
-      return grand.master == Grand::kFull
-                 ? ""
-                 : "grand master at " + std::to_string(grand.master) + " %";
-    return grand.dark ? "DMX is off, the lamps are dark" : "DMX is off";
+      return levels_.master == kFull ? ""
+                                     : "grand master at " + std::to_string(levels_.master) + " %";
+    return dark_ ? "DMX is off, the lamps are dark" : "DMX is off";
   }();
   return setup.target() + (state.empty() ? "" : ". " + state);
 }
 
+// Lamps with a channel that no output carries.
+std::string Desk::darkLamps() {
+  const std::vector<bool> lit = setup.universesSent();
+  if (lit.empty()) return {};
+  const Variablen& v = engine().v;
+  int dark = 0;
+  for (int col = 0; col < v.matrixCols; ++col) {
+    for (int row = 0; row < v.matrixRows; ++row) {
+      const ChannelMap::Codes& codes = v.channelMap.at(col, row);
+      dark += std::any_of(codes.begin(), codes.end(), [&lit](std::int32_t code) {
+        const auto channel = wallChannel(code);
+        return code > kLastWallCode ||
+               (channel && !lit[static_cast<std::size_t>(channel->universe)]);
+      });
+    }
+  }
+  if (dark == 0) return {};
+  return std::to_string(dark) + " of " + std::to_string(v.matrixCols * v.matrixRows) +
+         " lamps stay dark: no output carries their universe.";
+}
+
 std::string Desk::whatIsWrong() {
-  const std::string fault = setup.fault();
-  const std::string dark = darkLamps(engine().v);
-  return fault + (fault.empty() || dark.empty() ? "" : " ") + dark;
+  std::string text = kept_.fault();
+  for (const std::string& one : {setup.fault(), darkLamps()}) {
+    if (!one.empty()) text += (text.empty() ? "" : " ") + one;
+  }
+  return text;
 }
 
 }  // namespace korvane

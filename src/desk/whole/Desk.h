@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
-#include "desk/network/NetworkOutput.h"
+#include "desk/output/LampFeed.h"
 #include "desk/show/DeskSession.h"
-#include "desk/show/Grand.h"
+#include "desk/show/KeptOutputs.h"
 #include "desk/show/RecentShows.h"
 #include "desk/wall/Wiring.h"
 #include "desk/windows/ChannelMonitor.h"
@@ -23,13 +23,14 @@ struct DeskPlaces {
   std::string project;                 ///< path of the first project, without an ending
   std::vector<Example> examples = {};  ///< shows that come with the program
   std::string recentShows = {};        ///< file that keeps them; empty: not kept
+  std::string outputs = {};            ///< file that keeps them; empty: not kept
 };
 
 /// The stand-alone desk without a screen: a show, the desk's windows beside the plug-in's, and what
 /// leaves the desk. Whoever drives it calls settle() and refresh() as they say.
 class Desk {
  public:
-  Desk(Platform& machine, NetworkOutput& output, const DeskPlaces& places);
+  Desk(Platform& machine, LampFeed& feed, const DeskPlaces& places);
 
   /// Shows the desk's window.
   void show();
@@ -39,13 +40,14 @@ class Desk {
   void settle();
   /// After each event of a person: as settle(), and shows all that such an event can change.
   void refresh();
-  /// Ends the sending, with the lamps dark or holding what they show.
-  void finish(bool dark);
+  /// Ends the sending, each output as it is set unless told otherwise.
+  void finish(std::optional<AtEnd> how = {});
   bool closed() const { return closing_; }
 
   Engine& engine() { return session.plugin.engine; }
-  /// The levels that leave the desk now: those of the lamp test while there is one.
-  Levels leaving();
+  /// What leaves the desk now, before the outputs' curves and white balance.
+  WallPicture leaving() const { return feed_.leaving(); }
+  const WallLevels& levels() const { return feed_.levels(); }
   bool sending() { return session.plugin.engine.v.outputActive && setup.sending(); }
 
   DeskSession session;
@@ -55,7 +57,6 @@ class Desk {
   Wiring wiring;
   ChannelMonitor monitor;
   DeskHelp helpWindow;
-  Grand grand;
 
   std::function<void()> onQuit;  ///< the desk was closed
 
@@ -63,6 +64,8 @@ class Desk {
   void bindFiles();
   void bindWindows();
   void bindPlay();
+  void bindLevels();
+  void takeOutputs();
   void bindKeysOfDialogs();
   void bindFields();
   void message(std::int32_t number, std::int32_t argument = 0);
@@ -70,10 +73,11 @@ class Desk {
   bool save();
   bool saveAs();
   bool mayClose();
-  void close();
+  void close(std::optional<AtEnd> how = {});
 
   /// The one place where levels leave the desk.
   void send();
+  int universesOfWall();
   void followDmx();
   void followGrid();
   void keepTime();
@@ -81,16 +85,20 @@ class Desk {
   void showTitle();
   std::string whatIsSent();
   std::string whatIsWrong();
+  std::string darkLamps();
 
-  NetworkOutput& output_;
+  LampFeed& feed_;
   RecentShows recent_;
+  KeptOutputs kept_;
+  WallLevels levels_;  // as a person sets them
+  bool dark_ = false;  // all lamps, since the output was switched off
   Timer refresh_;
   bool wasActive_ = false;
   bool closing_ = false;
   bool gridOpen_ = false;
   int loads_ = 0;
   std::pair<int, int> grid_;
-  std::optional<WallPicture> test_;  // of the lamps
+  bool testing_ = false;  // the lamps
 };
 
 }  // namespace korvane

@@ -61,7 +61,7 @@ TEST_F(Shows, AShowPlaysAlikeWhateverWasThereBefore) {
   };
   for (std::size_t i = 0; i < examples.size(); ++i) {
     PicturePlatform freshMachine;
-    NetworkOutput off("korvane-tests");
+    LampFeed off("korvane-tests");
     Desk fresh(freshMachine, off, {folder + "fresh"});
     fresh.show();
     const auto expected = play(fresh, freshMachine, examples[i].path);
@@ -117,7 +117,7 @@ TEST_F(Shows, TheOutputGoesOnAndTheChannelsOfTheOldShowGoToZero) {
 
 TEST_F(Shows, WhatIsShownGoesToTheLamps) {
   Receiver receiver;
-  event([&] { desk.setup.use(parseOutputTarget(receiver.target())); });
+  event([&] { desk.setup.use(parseOutput(receiver.target())); });
   light();
   std::vector<std::array<int, 3>> frames;
   for (int tries = 0; tries < 500 && (frames.empty() || frames.back()[0] != 255); ++tries) {

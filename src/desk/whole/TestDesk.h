@@ -61,7 +61,7 @@ class TestDesk : public testing::Test {
     click(desk.form.open);
   }
   /// The level of a channel as it leaves the desk.
-  int level(std::size_t channel) { return desk.leaving().at(channel); }
+  int level(std::size_t channel) { return desk.leaving().universe(1).at(channel - 1); }
   /// Lets the first lamp be lit in full by the left deck.
   void light() {
     click(desk.form.tool);
@@ -77,9 +77,9 @@ class TestDesk : public testing::Test {
        "")
           .string();
   PicturePlatform machine;
-  NetworkOutput output{"korvane-tests"};
+  LampFeed feed{"korvane-tests"};
   std::vector<Example> examples = examplesIn(KORVANE_SOURCE_DIR "/examples");
-  Desk desk{machine, output, {folder + "mine", examples, folder + "config/recent"}};
+  Desk desk{machine, feed, {folder + "mine", examples, folder + "config/recent"}};
   Plugin& plugin = desk.session.plugin;
   MatrixForm& tool = plugin.matrixForm;
   Variablen& v = plugin.engine.v;

@@ -1,8 +1,10 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
+#include <vector>
 
-#include "desk/show/DeskHost.h"
+#include "desk/output/LampFeed.h"
 #include "desk/windows/LevelPicture.h"
 #include "platform/Controls.h"
 #include "platform/Desktop.h"
@@ -10,24 +12,43 @@
 
 namespace korvane {
 
-/// The 512 levels that leave the desk, as a picture of 32 by 16.
+/// The 512 levels of a universe, as a picture of 32 by 16: of the wall as it leaves the desk, or
+/// the bytes that one of the outputs sends.
 class ChannelMonitor : public Form {
  public:
   explicit ChannelMonitor(Desktop& desktop);
 
-  /// Takes what leaves the desk. Channels whose level is another one are marked.
-  void take(const Levels& levels);
+  /// Takes what leaves the desk, for a wall of so many universes. Channels whose level is another
+  /// one are marked.
+  void take(const LampFeed& feed, int universes);
   /// Shows it; `now` in milliseconds. False if nothing will change any more by itself.
   bool refresh(std::int64_t now);
+  /// The levels that are shown.
+  const Slots& shown() const { return taken_; }
 
+  ListBox universe;
   PictureBox levels;
   Label channel;
 
  private:
+  /// What an entry of the list stands for.
+  struct View {
+    std::string name;
+    int output = -1;  ///< -1: the wall
+    int part = 0;     ///< universe, or for DDP block of lamps, from 0
+
+    bool operator==(const View&) const = default;
+  };
+
+  static std::vector<View> viewsOf(const LampFeed& feed, int universes);
+  static Slots slotsOf(const LampFeed& feed, const View& view);
+  void setViews(std::vector<View> views);
   void tell(int x, int y);
 
   LevelPicture picture_;
-  Levels taken_{};
+  std::vector<View> views_;
+  View viewed_;  // whose levels are shown
+  Slots taken_{};
 };
 
 }  // namespace korvane

@@ -1,12 +1,12 @@
 #include "desk/windows/DeskForm.h"
 
-#include "desk/show/Grand.h"
 #include "desk/show/ShowPath.h"
 
 namespace korvane {
 namespace {
 
 constexpr int kExamplesInARow = 3;
+constexpr int kFull = 100;  // percent
 
 std::string numbered(const char* name, std::size_t index) {
   return std::string(name) + "(" + std::to_string(index) + ")";
@@ -36,7 +36,8 @@ DeskForm::DeskForm(Form& toolWindow, const std::vector<Example>& shows)
       wiring("wiring",
              {.caption = "Wiring", .toolTip = "say how the lamps are wired, and test them"},
              "Shift+F3"),
-      output("output", {.caption = "Output ...", .toolTip = "choose where the levels are sent"},
+      output("output",
+             {.caption = "Outputs ...", .toolTip = "say where the levels are sent, and see how"},
              "F5"),
       channels("channels",
                {.caption = "Channels", .toolTip = "watch the levels that leave the desk"}, "F8"),
@@ -49,15 +50,30 @@ DeskForm::DeskForm(Form& toolWindow, const std::vector<Example>& shows)
       freeze("freeze",
              {.caption = "Freeze", .toolTip = "the lamps hold what they show, until pressed again"},
              "F11"),
+      masterUp("masterUp",
+               {.caption = "Grand master up", .toolTip = "five per cent more of every level"},
+               "Shift+F12"),
+      masterDown("masterDown",
+                 {.caption = "Grand master down", .toolTip = "five per cent less of every level"},
+                 "Shift+F11"),
+      steeper("steeper",
+              {.caption = "Curve steeper",
+               .toolTip = "gamma 0.1 more on the output that is lit in Outputs"},
+              "Shift+F10"),
+      flatter("flatter",
+              {.caption = "Curve flatter",
+               .toolTip = "gamma 0.1 less on the output that is lit in Outputs"},
+              "Shift+F9"),
       dmx("dmx", {.caption = "Output on", .toolTip = "the lamps follow the show"}, "F12"),
       help("help", {.caption = "Help", .toolTip = "how to work with the desk"}, "F1"),
       begin("begin", {}),
       pane("pane", {}),
       welcome("welcome", {.caption = "Begin with a show"}),
-      hint("hint", {.caption = "Wiring says how many lamps you have and how they are wired; Output "
-                               "says where the channels are sent."}),
+      hint("hint",
+           {.caption = "Wiring says how many lamps you have and how they are wired; Outputs "
+                       "says where the channels are sent."}),
       grandMaster(
-          "grandMaster", SliderRange{0, Grand::kFull},
+          "grandMaster", SliderRange{0, kFull},
           {.caption = "Grand master", .toolTip = "percent of every level that leaves the desk"}),
       sent("sent", {.toolTip = "what is sent"}),
       wrong("wrong", {.toolTip = "what is wrong"}) {
@@ -67,7 +83,7 @@ DeskForm::DeskForm(Form& toolWindow, const std::vector<Example>& shows)
     examples.push_back(std::make_unique<MenuItem>(
         numbered("example", i),
         Look{.caption = shows[i].title, .toolTip = "open " + shows[i].path}));
-  grandMaster.setValue(Grand::kFull);
+  grandMaster.setValue(kFull);
   addControls();
   declareMenus();
   declareLayout(toolWindow);
@@ -78,6 +94,7 @@ void DeskForm::addControls() {
   for (const auto& item : examples) add({item.get()});
   add({&hint, &wiring, &output, &pane, &blackout, &freeze, &dmx, &beat, &grandMaster, &channels});
   add({&save, &saveAs, &quit, &configure, &tool, &front, &narrow, &full, &help, &sent, &wrong});
+  add({&masterUp, &masterDown, &steeper, &flatter});
   for (const auto& item : recent) add({item.get()});
 }
 
@@ -90,8 +107,9 @@ void DeskForm::declareMenus() {
   append(tries, examples);
   std::vector<Menu> menus = {{"Show", shows}};
   if (!tries.empty()) menus.push_back({"Examples", tries});
-  menus.push_back({"Play", {&dmx, &blackout, &freeze, nullptr, &beat}});
-  menus.push_back({"Lamps", {&wiring, &configure, &output, &channels}});
+  menus.push_back({"Play", {&dmx, &blackout, &freeze, &masterUp, &masterDown, nullptr, &beat}});
+  menus.push_back(
+      {"Lamps", {&wiring, &configure, &output, &channels, nullptr, &steeper, &flatter}});
   menus.push_back({"View", {&tool, &front, nullptr, &narrow, &full}});
   menus.push_back({"Help", {&help}});
   setMenus(std::move(menus));

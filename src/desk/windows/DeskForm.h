@@ -24,7 +24,7 @@ class DeskForm : public Form {
   MenuItem newShow, open, save, saveAs, quit;
   std::vector<std::unique_ptr<MenuItem>> recent, examples;
   MenuItem tool, configure, wiring, output, channels, front, narrow, full;
-  MenuItem beat, blackout, freeze, dmx;
+  MenuItem beat, blackout, freeze, masterUp, masterDown, steeper, flatter, dmx;
   MenuItem help;
   Group begin, pane;
   Label welcome, hint;

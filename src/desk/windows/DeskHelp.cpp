@@ -16,8 +16,9 @@ constexpr const char* kHowTo = R"(A SHOW FROM NOTHING
 5. Save (Ctrl+S) writes the show and, beside it, its grid.
 
 LAMPS
-Output (F5) chooses how and where the channels are sent. "Output on" (F12), or DMX in the main
-functions, lets the lamps follow the show; when it goes off they do what Output says.
+Outputs (F5) says how and where the levels are sent: Add, choose the kind, the universes and who
+receives them, check On. "Output on" (F12), or DMX in the main functions, lets the lamps follow the
+show; when it goes off they do what Outputs says.
 Blackout and Freeze act on what leaves the desk: the decks play on behind them. So does the grand
 master, percent of every level.
 

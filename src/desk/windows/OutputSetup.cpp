@@ -1,114 +1,244 @@
 #include "desk/windows/OutputSetup.h"
 
+#include <algorithm>
+#include <cmath>
 #include <stdexcept>
 
 namespace korvane {
 namespace {
 
-constexpr TextBoxStyle kTakenAtTheEnd{.commit = TextBoxStyle::Commit::OnLeave};
+constexpr int kReceiverLines = 4;
 
-std::string trimmed(const std::string& text) {
-  const std::size_t first = text.find_first_not_of(' ');
-  if (first == std::string::npos) return {};
-  return text.substr(first, text.find_last_not_of(' ') - first + 1);
+std::string rounded(double value) { return std::to_string(std::lround(value)); }
+
+// The cells of an output's row.
+std::vector<std::string> cellsOf(const Output& output) {
+  const OutputConfig& config = output.config();
+  if (!output.on()) return {config.name, "off", describe(config), "", "", ""};
+  const OutputFigures figures = output.figures();
+  const std::string& problem = figures.problem();
+  return {config.name,
+          "on",
+          describe(config),
+          rounded(figures.packetsPerSecond),
+          std::to_string(figures.late),
+          problem.empty() ? "well" : problem};
+}
+
+std::string figuresOf(const Output& output) {
+  if (!output.on()) return "Off: there is no thread and no socket of it.";
+  const OutputFigures figures = output.figures();
+  const std::string concern = figures.concern.empty() ? "" : " " + figures.concern + ".";
+  return rounded(figures.packetsPerSecond) + " packets a second, " +
+         std::to_string(figures.packets) + " in all; " + std::to_string(figures.late) +
+         " pictures late; last error: " + (figures.lastError.empty() ? "none" : figures.lastError) +
+         "." + concern;
+}
+
+std::string receiversOf(const Output& output) {
+  if (!output.config().toNodes || !output.on()) return {};
+  std::string text;
+  for (const std::string& line : output.figures().receivers) text += line + "\n";
+  return text.empty() ? "no node has answered yet" : text;
 }
 
 }  // namespace
 
-OutputSetup::OutputSetup(Desktop& desktop, NetworkOutput& output)
-    : Form("DeskOutput", "Output"),
-      protocol("protocol",
-               {.toolTip = "how the levels are sent to the lamps", .label = "Send by : "}),
-      universe("universe",
-               {.toolTip = "number of the universe that carries the 512 channels",
-                .label = "Universe : "},
-               "1", kTakenAtTheEnd),
-      address("address",
-              {.toolTip = "address of one receiver, such as 192.168.1.20; empty: all receivers",
-               .label = "Address : "},
-              "", kTakenAtTheEnd),
+OutputSetup::OutputSetup(Desktop& desktop, Outputs& outputs, std::function<int()> universesOfWall)
+    : Form("DeskOutput", "Outputs"),
+      list("outputs", {.toolTip = "where the levels go; what is below is of the row that is lit"}),
+      addOutput("addOutput", {.caption = "Add", .toolTip = "one more output, which is off"}),
+      removeOutput("removeOutput",
+                   {.caption = "Remove", .toolTip = "end this output and forget it"}),
+      on("on", {.caption = "On", .toolTip = "send by this output"}),
+      figures("figures", {.caption = " ", .toolTip = "how this output fares"}),
+      receivers("receivers",
+                {.toolTip = "the Art-Net nodes that answered, with their names, addresses and "
+                            "universes",
+                 .label = "Nodes : "},
+                "", {.readOnly = true, .lines = kReceiverLines}),
       off("off", {.toolTip = "what the lamps do when DMX is switched off or the tool is closed",
                   .label = "DMX off : "}),
-      state("state", {.toolTip = "where the levels go, and the last error of the network"}),
+      state("state", {.toolTip = "what is wrong with the settings or with the network"}),
       OK("OK", {.caption = "Close", .toolTip = "close this window"}),
-      output_(output) {
-  add({&protocol, &universe, &address, &off, &state, &OK});
-  setLayout(
-      column({fields({protocol, universe, address, off}), state, space(), row({space(), OK})}));
-  std::vector<std::string> names = {"Off"};
-  for (const Protocol& one : protocols()) names.emplace_back(one.name);
-  protocol.setItems(names);
-  protocol.setIndex(0);
+      outputs_(outputs),
+      universesOfWall_(std::move(universesOfWall)) {
+  add({&list, &addOutput, &removeOutput, &on});
+  add(panel.controls());
+  add({&figures, &receivers, &off, &state, &OK});
+  list.setColumns({{"Name", 0.15},
+                   {"On", 0.07},
+                   {"Sends", 0.37},
+                   {"Packets/s", 0.11},
+                   {"Late", 0.07},
+                   {"State", 0.23}});
   off.setItems({"lamps go dark", "lamps hold what they show", "ask"});
   off.setIndex(0);
-  protocol.onClick = [this] { apply(); };
-  universe.onChange = [this] { apply(); };
-  address.onChange = [this] { apply(); };
+  declareLayout();
+  bind();
   OK.onClick = [this, &desktop] { desktop.hide(*this); };
   onEnter = onEscape = OK.onClick;
-  refresh();
+  showChosen();
   desktop.add(*this);
 }
 
-const Protocol* OutputSetup::chosen() const {
-  const int index = protocol.index();
-  return index <= 0 ? nullptr : &protocols()[static_cast<std::size_t>(index - 1)];
+void OutputSetup::declareLayout() {
+  setLayout(column({Layout(list, 1), row({addOutput, removeOutput, on, space()}), panel.layout(),
+                    figures, receivers, fields({off}), row({Layout(state, 1), OK})}));
 }
 
-void OutputSetup::apply() {
-  std::string target;
-  if (const Protocol* one = chosen()) {
-    target = std::string(one->word) + ":" + trimmed(universe.text());
-    const std::string given = trimmed(address.text());
-    if (!given.empty()) target += (given.front() == '%' ? "" : "@") + given;
-  }
-  if (target == applied_) return refresh();
-  applied_ = target;
+void OutputSetup::bind() {
+  panel.universesOfWall = universesOfWall_;
+  panel.onChange = [this] { apply(); };
+  list.onClick = [this](int row, int) { choose(row); };
+  addOutput.onClick = [this] { addOne(); };
+  removeOutput.onClick = [this] { removeChosen(); };
+  on.onClick = [this] {
+    if (filling_ || chosen() < 0) return;
+    on.checked() ? output().switchOn() : output().switchOff();
+    kept();
+  };
+  off.onClick = [this] { kept(); };
+}
+
+void OutputSetup::kept() {
+  refresh();
+  if (onKept) onKept();
+}
+
+void OutputSetup::take(const OutputEntry& entry) {
+  Output& added = outputs_.add(entry.config);
+  if (entry.on) added.switchOn();
+  list.add("", std::vector<std::string>(5));
+  choose(list.count() - 1);
+}
+
+void OutputSetup::addOne() {
+  const int universes = universesOfWall_();
+  take({parseOutput("sacn:" + usualUniverses(OutputKind::Sacn, universes)), false});
+  kept();
+}
+
+void OutputSetup::removeChosen() {
+  if (chosen() < 0) return;
+  outputs_.remove(static_cast<std::size_t>(chosen()));
+  list.remove(chosen());
+  choose(list.current());
+  kept();
+}
+
+std::vector<OutputEntry> OutputSetup::entries() const {
+  std::vector<OutputEntry> all;
+  for (std::size_t i = 0; i < outputs_.size(); ++i)
+    all.push_back({outputs_.at(i).config(), outputs_.at(i).on()});
+  return all;
+}
+
+void OutputSetup::choose(int row) {
+  if (row >= 0) list.select(row);
+  showChosen();
+}
+
+// The settings of the chosen output as they are in force: a wrong entry is forgotten.
+void OutputSetup::showChosen() {
   complaint_.clear();
-  target_.clear();
-  output_.stop();
-  try {
-    if (!target.empty()) send(parseOutputTarget(target));
-  } catch (const std::invalid_argument& error) {
-    complaint_ = error.what();
-  }
+  const bool any = chosen() >= 0;
+  filling_ = true;
+  on.setValue(any && output().on() ? 1 : 0);
+  filling_ = false;
+  if (any) panel.show(output().config());
+  panel.setUsable(any);
+  for (Control* control : std::initializer_list<Control*>{&on, &removeOutput})
+    control->setEnabled(any);
   refresh();
 }
 
-std::string OutputSetup::givenAddress(const OutputTarget& target) {
-  const bool own = target.address == target.protocol->address(target.universe);
-  std::string given = own ? "" : target.address;
-  if (target.port != target.protocol->port)
-    given = target.address + ":" + std::to_string(target.port);
-  return target.interface.empty() ? given : given + "%" + target.interface;
+// A wrong entry changes nothing: the output goes on as it was.
+void OutputSetup::apply() {
+  if (chosen() < 0) return;
+  complaint_.clear();
+  try {
+    const OutputConfig config = parseOutput(panel.text());
+    output().configure(config);
+    kept();
+  } catch (const std::invalid_argument& error) {
+    const std::string what = error.what();
+    const std::size_t cut = what.find("': ");
+    complaint_ = (cut == std::string::npos ? what : what.substr(cut + 3)) + "; not taken yet.";
+    refresh();
+  }
 }
 
-void OutputSetup::use(const OutputTarget& target) {
-  const auto quiet = [](auto& control, const auto& set) {
-    const auto handler = std::exchange(control.onChange, nullptr);
-    set();
-    control.onChange = handler;
-  };
-  quiet(universe, [&] { universe.setText(std::to_string(target.universe)); });
-  quiet(address, [&] { address.setText(givenAddress(target)); });
-  protocol.setIndex(1 + static_cast<int>(target.protocol - protocols().data()));
-  apply();
+void OutputSetup::bendCurve(double gamma) {
+  if (chosen() < 0) return;
+  OutputConfig config = output().config();
+  const double bent = std::round((config.look.gamma + gamma) * 10) / 10;
+  config.look.gamma = std::clamp(bent, OutputLook::kLeastGamma, OutputLook::kMostGamma);
+  output().configure(config);
+  showChosen();
+  kept();
 }
 
-void OutputSetup::send(const OutputTarget& target) {
-  output_.start(target);
-  target_ = describe(target);
+bool OutputSetup::sending() const {
+  for (std::size_t i = 0; i < outputs_.size(); ++i) {
+    if (outputs_.at(i).on()) return true;
+  }
+  return false;
 }
 
-std::string OutputSetup::fault() const { return complaint_.empty() ? output_.error() : complaint_; }
+std::vector<bool> OutputSetup::universesSent() const {
+  if (!sending()) return {};
+  std::vector<bool> sent(kWallUniverses + 1);
+  for (std::size_t i = 0; i < outputs_.size(); ++i) {
+    if (!outputs_.at(i).on()) continue;
+    const OutputConfig& config = outputs_.at(i).config();
+    if (config.kind == OutputKind::Ddp) return {};
+    for (const Route& route : config.routes) sent[static_cast<std::size_t>(route.wall)] = true;
+  }
+  return sent;
+}
+
+std::string OutputSetup::target() const {
+  std::string text;
+  int count = 0;
+  for (std::size_t i = 0; i < outputs_.size(); ++i) {
+    if (!outputs_.at(i).on()) continue;
+    text = outputs_.at(i).title();
+    ++count;
+  }
+  return count > 1 ? std::to_string(count) + " outputs" : text;
+}
+
+std::string OutputSetup::fault() const {
+  std::string text = complaint_;
+  for (std::size_t i = 0; i < outputs_.size(); ++i) {
+    const Output& one = outputs_.at(i);
+    const std::string problem = one.on() ? one.figures().problem() : "";
+    if (problem.empty()) continue;
+    text += (text.empty() ? "" : " ") + (outputs_.size() > 1 ? one.title() + ": " : "") + problem;
+  }
+  return text;
+}
 
 void OutputSetup::refresh() {
-  for (TextBox* box : {&universe, &address}) {
-    if (box->look().enabled != (chosen() != nullptr)) box->setEnabled(chosen() != nullptr);
+  for (int row = 0; row < list.count(); ++row) {
+    const std::vector<std::string> cells = cellsOf(outputs_.at(static_cast<std::size_t>(row)));
+    for (int col = 0; col < static_cast<int>(cells.size()); ++col) {
+      const std::string& cell = cells[static_cast<std::size_t>(col)];
+      if (list.cell(row, col) != cell) list.setCell(row, col, cell);
+    }
   }
+  const auto caption = [](Label& label, const std::string& text) {
+    if (label.look().caption != text) label.setCaption(text);
+  };
+  const bool any = chosen() >= 0;
+  caption(figures, any ? figuresOf(output()) : "Add gives the first output.");
+  receivers.setText(any ? receiversOf(output()) : "");
   const std::string wrong = fault();
-  const std::string now = !wrong.empty() ? wrong : target_.empty() ? "Nothing is sent." : target_;
-  if (now != state.look().caption) state.setCaption(now);
+  const std::string now = !wrong.empty() ? wrong
+                          : !sending()   ? "Nothing is sent: no output is on."
+                                         : target();
+  caption(state, now);
 }
 
 }  // namespace korvane

@@ -1,52 +1,75 @@
 #pragma once
 
+#include <functional>
 #include <string>
+#include <vector>
 
-#include "desk/network/NetworkOutput.h"
+#include "desk/output/Outputs.h"
+#include "desk/windows/OutputPanel.h"
 #include "platform/Controls.h"
 #include "platform/Desktop.h"
+#include "platform/ListView.h"
 
 namespace korvane {
 
-/// Chooses where the levels go, and what the lamps do when the output is switched off.
+/// The outputs of the desk as a list: any number, on or off while it runs, their settings, how they
+/// fare, and what the lamps do when DMX goes off.
 class OutputSetup : public Form {
  public:
   /// What the lamps do when DMX goes off, in the order of the list.
   enum class WhenOff { Dark, Hold, Ask };
 
-  OutputSetup(Desktop& desktop, NetworkOutput& output);
+  OutputSetup(Desktop& desktop, Outputs& outputs, std::function<int()> universesOfWall);
 
-  /// Shows a target in the fields and sends to it.
-  void use(const OutputTarget& target);
-  /// What stands in the address field for a target: nothing if the address is the protocol's own,
-  /// as another universe or protocol has another one.
-  static std::string givenAddress(const OutputTarget& target);
-  /// Whether levels are sent.
-  bool sending() const { return !applied_.empty() && complaint_.empty(); }
+  /// Adds an output that is on.
+  void use(const OutputConfig& config) { take({config, true}); }
+  /// Adds an output as it was remembered.
+  void take(const OutputEntry& entry);
+  /// What is to be remembered.
+  std::vector<OutputEntry> entries() const;
+  /// Gives the chosen output another curve: so much more gamma.
+  void bendCurve(double gamma);
+  /// Whether an output is on.
+  bool sending() const;
+  /// Which universes of the wall the outputs that are on carry, by number; empty if none is on or
+  /// one carries all lamps.
+  std::vector<bool> universesSent() const;
   WhenOff whenOff() const { return static_cast<WhenOff>(off.index()); }
   /// For people: where the levels go, empty for nowhere.
-  std::string target() const { return target_; }
+  std::string target() const;
   /// For people: what is wrong with the fields or with the network; empty for nothing.
   std::string fault() const;
   /// Shows it in the window.
   void refresh();
 
-  ListBox protocol;
-  TextBox universe, address;
+  std::function<void()> onKept;  ///< a person changed what is to be remembered
+
+  ListView list;
+  Button addOutput, removeOutput;
+  CheckBox on;
+  OutputPanel panel;
+  Label figures;
+  TextBox receivers;
   ListBox off;
   Label state;
   Button OK;
 
  private:
-  const Protocol* chosen() const;
-  /// Sends to what the fields say, or tells what is wrong with it.
+  void bind();
+  void declareLayout();
+  int chosen() const { return list.current(); }
+  Output& output() { return outputs_.at(static_cast<std::size_t>(chosen())); }
+  void choose(int row);
+  void showChosen();
   void apply();
-  void send(const OutputTarget& target);
+  void addOne();
+  void removeChosen();
+  void kept();
 
-  NetworkOutput& output_;
-  std::string applied_;  // target's text that runs, empty when off
-  std::string target_;   // for people
+  Outputs& outputs_;
+  std::function<int()> universesOfWall_;
   std::string complaint_;
+  bool filling_ = false;
 };
 
 }  // namespace korvane

@@ -1,11 +1,8 @@
 #include "hosts/console/Stand.h"
 
-#include <stdexcept>
-
 #include "commands/ConsoleHost.h"
 #include "desk/output/LampFeed.h"
 #include "desk/whole/Desk.h"
-#include "hosts/console/Options.h"
 #include "platform/TextFile.h"
 
 namespace korvane {
@@ -38,11 +35,13 @@ class PlainStand : public Stand {
   Plugin plugin_;
 };
 
-/// The desk sends one universe, as its window says.
 class DeskStand : public Stand {
  public:
-  DeskStand(Platform& platform, const std::string& base) : desk_(platform, output_, {base}) {
-    desk_.session.host.onPass = [this] { calls_.add(HostCall::userInteraction()); };
+  DeskStand(Platform& platform, const std::string& base) : desk_(platform, feed_, {base}) {
+    desk_.session.host.onPass = [this, own = desk_.session.host.onPass] {
+      calls_.add(HostCall::userInteraction());
+      own();
+    };
     desk_.session.host.onCall = [this](std::int32_t channel, std::int32_t value) {
       calls_.add(HostCall::setChannel(channel, value));
     };
@@ -52,21 +51,9 @@ class DeskStand : public Stand {
   Host& host() override { return desk_.session.host; }
   HostCalls& calls() override { return calls_; }
   bool sending() override { return desk_.setup.sending(); }
-  std::vector<std::string> news() override {
-    const std::string now = desk_.setup.fault();
-    if (now.empty() || now == told_) return {};
-    told_ = now;
-    return {now};
-  }
+  std::vector<std::string> news() override { return feed_.news(); }
   void settle() override { desk_.refresh(); }
-  void send(const OutputConfig& output) override {
-    try {
-      desk_.setup.use(parseOutputTarget(outputText(output)));
-    } catch (const std::invalid_argument& error) {
-      throw UsageError(std::string("with --desk, one universe by sACN or Art-Net: ") +
-                       error.what());
-    }
-  }
+  void send(const OutputConfig& output) override { desk_.setup.use(output); }
   void start(bool closed) override {
     desk_.show();
     if (!closed) desk_.session.openTool();
@@ -75,9 +62,8 @@ class DeskStand : public Stand {
 
  private:
   HostCalls calls_{ConsoleHost::kMostCalls};
-  NetworkOutput output_{"korvane-console"};
+  LampFeed feed_{"korvane-console"};
   Desk desk_;
-  std::string told_;
 };
 
 }  // namespace

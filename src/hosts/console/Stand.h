@@ -21,7 +21,7 @@ class Stand {
   virtual Plugin& plugin() = 0;
   virtual Host& host() = 0;
   virtual HostCalls& calls() = 0;
-  /// Sends the lamps their values from now on. UsageError for an output that it can't have.
+  /// Sends the lamps their values from now on.
   virtual void send(const OutputConfig& output) = 0;
   /// Announces the plug-in to its desk, and opens the tool window unless `closed`.
   virtual void start(bool closed) = 0;

@@ -38,8 +38,8 @@ class DeskView : public testing::Test {
 
   QTemporaryDir folder;
   HeadlessPlatform machine;
-  NetworkOutput output{"korvane-tests"};
-  Desk desk{machine, output, {folder.filePath("mine").toStdString()}};
+  LampFeed feed{"korvane-tests"};
+  Desk desk{machine, feed, {folder.filePath("mine").toStdString()}};
   MatrixForm& tool = desk.session.plugin.matrixForm;
   qt::LoopGate gate{machine, desk.engine().timers};
   qt::DesktopView view{desk.engine().desktop, gate, desk.form};
@@ -68,9 +68,10 @@ TEST_F(DeskView, TheMenusHoldTheItemsWithTheirKeys) {
   EXPECT_EQ(all.join("\n").toStdString(),
             "Show: New Ctrl+N\nShow: Open ... Ctrl+O\nShow: Save Ctrl+S\n"
             "Show: Save as ... Ctrl+Shift+S\nShow: Quit Ctrl+Q\n"
-            "Play: Output on F12\nPlay: Blackout F10\nPlay: Freeze F11\nPlay: Beat F9\n"
-            "Lamps: Wiring Shift+F3\nLamps: Configure lamps F3\nLamps: Output ... F5\n"
-            "Lamps: Channels F8\n"
+            "Play: Output on F12\nPlay: Blackout F10\nPlay: Freeze F11\n"
+            "Play: Grand master up Shift+F12\nPlay: Grand master down Shift+F11\nPlay: Beat F9\n"
+            "Lamps: Wiring Shift+F3\nLamps: Configure lamps F3\nLamps: Outputs ... F5\n"
+            "Lamps: Channels F8\nLamps: Curve steeper Shift+F10\nLamps: Curve flatter Shift+F9\n"
             "View: Matrix F2\nView: Desk F4\nView: Narrow view F6\nView: Full view F7\n"
             "Help: Help F1");
 }

@@ -11,7 +11,8 @@ The stand-alone desk for the matrix effects of Korvane. SHOW is a show to begin 
 
   --show FILE        open a show, as SHOW does
   --project STEM     path of the first project without an ending (default: untitled, in the documents)
-  --output TARGET    send the channels, as in sacn:1, artnet:0@192.168.1.20 or sacn:1%eth0
+  --output TARGET    send the lamps, as in sacn:1-15, artnet:0@192.168.1.20 or ddp@192.168.1.50,rate=20;
+                     several times for several outputs, instead of those of the last time
   --dmx              check DMX: the lamps follow the show at once
   --screenshot FILE  write a picture of a window to the file and end
   --window NAME      the window on it, as in Desk, MatrixConf or DeskChannels (default: Desk)
@@ -36,9 +37,9 @@ constexpr option kOptions[] = {{"show", required_argument, nullptr, kShow},
                                {"version", no_argument, nullptr, kVersion},
                                {nullptr, 0, nullptr, 0}};
 
-OutputTarget targetOf(const std::string& text) {
+OutputConfig targetOf(const std::string& text) {
   try {
-    return parseOutputTarget(text);
+    return parseOutput(text);
   } catch (const std::invalid_argument& error) {
     throw UsageError(error.what());
   }
@@ -53,7 +54,7 @@ void take(Options& options, int which, const std::string& word) {
       options.project = word;
       break;
     case kOutput:
-      options.output = targetOf(word);
+      options.outputs.push_back(targetOf(word));
       break;
     case kDmx:
       options.dmx = true;

@@ -1,10 +1,10 @@
 #pragma once
 
-#include <optional>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
-#include "desk/network/OutputTarget.h"
+#include "desk/output/OutputConfig.h"
 
 namespace korvane {
 
@@ -12,10 +12,10 @@ namespace korvane {
 struct Options {
   std::string project;  ///< path of the project without its ending; empty: untitled
   std::string show;     ///< path of a show to open, in the project of its name; empty for none
-  std::optional<OutputTarget> output;
-  bool dmx = false;        ///< DMX is checked from the start
-  std::string screenshot;  ///< path of a picture to write; empty: run for a person
-  std::string window;      ///< name of the form on it
+  std::vector<OutputConfig> outputs;  ///< instead of those that are remembered; empty: those
+  bool dmx = false;                   ///< DMX is checked from the start
+  std::string screenshot;             ///< path of a picture to write; empty: run for a person
+  std::string window;                 ///< name of the form on it
   bool help = false;
   bool version = false;
 };

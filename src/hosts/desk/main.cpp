@@ -39,6 +39,9 @@ DeskPlaces placesOf(const Options& options) {
       examplesIn(examplesBeside(QCoreApplication::applicationDirPath().toStdString()));
   places.recentShows =
       QDir(folder(QStandardPaths::AppConfigLocation)).filePath("recent-shows").toStdString();
+  if (options.outputs.empty())
+    places.outputs =
+        QDir(folder(QStandardPaths::AppConfigLocation)).filePath("outputs").toStdString();
   return places;
 }
 
@@ -51,7 +54,7 @@ class Program {
   void begin();
   /// Ends the sending, unless the desk was closed and has done so.
   void end() {
-    if (!desk_.closed()) desk_.finish(desk_.setup.whenOff() != OutputSetup::WhenOff::Hold);
+    if (!desk_.closed()) desk_.finish();
   }
 
  private:
@@ -60,7 +63,7 @@ class Program {
 
   const Options& options_;
   qt::QtPlatform platform_;
-  NetworkOutput output_{"korvane"};
+  LampFeed feed_{"korvane"};
   Desk desk_;
   qt::LoopGate gate_{platform_, desk_.engine().timers};
   qt::DesktopView view_{desk_.engine().desktop, gate_, desk_.form};
@@ -68,7 +71,7 @@ class Program {
 };
 
 Program::Program(const Options& options)
-    : options_(options), desk_(platform_, output_, placesOf(options)) {
+    : options_(options), desk_(platform_, feed_, placesOf(options)) {
   gate_.afterEvent = [this] { desk_.refresh(); };
   gate_.afterTicks = [this] { desk_.settle(); };
   desk_.onQuit = [] { QApplication::exit(kWell); };
@@ -87,7 +90,7 @@ bool Program::openShow() {
 // Nothing is sent of a show that isn't the one that was asked for.
 void Program::begin() {
   if (openShow()) {
-    if (options_.output) gate_.run([this] { desk_.setup.use(*options_.output); });
+    for (const OutputConfig& output : options_.outputs) gate_.run([&] { desk_.setup.use(output); });
     if (options_.dmx) gate_.run([this] { desk_.form.dmx.click(); });
   }
   if (options_.screenshot.empty()) return;

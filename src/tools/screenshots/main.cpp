@@ -135,10 +135,10 @@ class Photographer {
   QStringList taken_;
   bool failed_ = false;
   SilentPlatform platform_;
-  NetworkOutput output_{"korvane-screenshots"};
+  LampFeed feed_{"korvane-screenshots"};
   Desk desk_{
       platform_,
-      output_,
+      feed_,
       {"show", examplesIn(examplesBeside(QApplication::applicationDirPath().toStdString()))}};
   Plugin& plugin_ = desk_.session.plugin;
   qt::LoopGate gate_{platform_, plugin_.engine.timers};
