@@ -171,6 +171,11 @@ void OutputPanel::follow() {
   for (Control* control : std::initializer_list<Control*>{&priority, &source, &synchronisation})
     enable(*control, now == OutputKind::Sacn);
   enable(artSync, now == OutputKind::Artnet);
+  const auto show = [](Control& group, bool shown) {
+    if (group.look().visible != shown) group.setVisible(shown);
+  };
+  show(sacnGroup, now == OutputKind::Sacn);
+  show(artnetGroup, now == OutputKind::Artnet);
 }
 
 void OutputPanel::setUsable(bool usable) {
@@ -238,14 +243,11 @@ std::vector<Control*> OutputPanel::controls() {
 }
 
 Layout OutputPanel::layout() {
-  return row(
-      {boxed(outputGroup,
-             column({fields({name, kind, universes, way, address, interface, rate, end}), space()}),
-             1),
-       column({boxed(lookGroup, column({fields({gamma}), smooth, fields({red, green, blue})})),
-               boxed(sacnGroup, fields({priority, source, synchronisation})),
-               boxed(artnetGroup, column({artSync})), space()},
-              1)});
+  return column(
+      {boxed(outputGroup, grid(4, {name, kind, universes, way, address, interface, rate, end})),
+       row({boxed(lookGroup, column({grid(4, {red, gamma, green, blue}), smooth, space()}), 1),
+            boxed(sacnGroup, fields({priority, source, synchronisation}), 1),
+            boxed(artnetGroup, column({artSync, space()}), 1)})});
 }
 
 }  // namespace korvane

@@ -234,6 +234,8 @@ void OutputSetup::refresh() {
   const bool any = chosen() >= 0;
   caption(figures, any ? figuresOf(output()) : "Add gives the first output.");
   receivers.setText(any ? receiversOf(output()) : "");
+  const bool nodes = any && output().config().toNodes;
+  if (receivers.look().visible != nodes) receivers.setVisible(nodes);
   const std::string wrong = fault();
   const std::string now = !wrong.empty() ? wrong
                           : !sending()   ? "Nothing is sent: no output is on."

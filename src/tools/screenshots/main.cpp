@@ -54,6 +54,7 @@ class Photographer {
     show_.mixOrange();
     takeFullScreen();
     takeWiring();
+    takeOutputs();
     for (Form* form : plugin_.engine.desktop.forms()) takeForm(*form);
     return failed_ ? 1 : 0;
   }
@@ -82,6 +83,18 @@ class Photographer {
     save(view_.window(sim), sim.name() + "-full-screen");
     gate_.run([&sim] { sim.onKeyPress(kSpace); });
     gate_.run([&] { plugin_.engine.desktop.hide(sim); });
+  }
+
+  // Outputs of several kinds. One is on: it sends to this machine, where nobody listens.
+  void takeOutputs() {
+    gate_.run([&] {
+      desk_.setup.take({parseOutput("artnet:0-1@nodes,name=Foyer"), false});
+      desk_.setup.take({parseOutput("ddp@192.168.1.50,rate=20,name=Bar"), false});
+      desk_.setup.take({parseOutput("sacn:1-2%lo,gamma=2.2,smooth=on,name=Stage wall"), true});
+    });
+    settle(kSettleMilliseconds);
+    gate_.run([&] { desk_.setup.refresh(); });
+    takeForm(desk_.setup);
   }
 
   // A wall that is planned, and its lamp test.
