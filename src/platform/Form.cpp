@@ -1,5 +1,8 @@
 #include "platform/Form.h"
 
+#include <algorithm>
+#include <iterator>
+
 #include "platform/Keys.h"
 
 namespace korvane {
@@ -63,7 +66,9 @@ void Form::hold(Form& inner, Group& pane) {
 
 std::vector<Control*> Form::shownControls() const {
   std::vector<Control*> all = controls_;
-  if (held_ != nullptr) all.insert(all.end(), held_->controls_.begin(), held_->controls_.end());
+  if (held_ == nullptr) return all;
+  const auto pane = std::find(all.begin(), all.end(), held_->pane_);
+  all.insert(std::next(pane), held_->controls_.begin(), held_->controls_.end());
   return all;
 }
 

@@ -39,7 +39,8 @@ class Form {
   Form* within() const { return within_; }
   /// The window that stands within this one and is visible, else this one.
   Form& front() { return held_ != nullptr && held_->visible_ ? *held_ : *this; }
-  /// All that the window shows: its controls, then those of a window that stands within it.
+  /// All that the window shows, in the order of Tab: its controls, with those of a window that
+  /// stands within it behind their pane.
   std::vector<Control*> shownControls() const;
 
   bool visible() const { return visible_; }

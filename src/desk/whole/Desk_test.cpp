@@ -27,6 +27,16 @@ TEST_F(TestDesk, TheToolStandsWithinItsWindow) {
   EXPECT_TRUE(desk.form.begin.look().visible);
 }
 
+TEST_F(TestDesk, TabGoesThroughTheToolBeforeTheRowBelowIt) {
+  const std::vector<Control*> all = desk.form.shownControls();
+  const auto place = [&](const Control& control) {
+    return std::find(all.begin(), all.end(), &control) - all.begin();
+  };
+  EXPECT_LT(place(desk.form.open), place(tool.panelA.add));
+  EXPECT_LT(place(tool.panelA.add), place(desk.form.dmx));
+  EXPECT_LT(place(desk.form.dmx), place(desk.form.wiring));
+}
+
 TEST_F(TestDesk, BlackoutIsDarkAndTheDecksPlayOn) {
   light();
   click(desk.form.blackout);

@@ -92,7 +92,7 @@ DeskForm::DeskForm(Form& toolWindow, const std::vector<Example>& shows)
 void DeskForm::addControls() {
   add({&begin, &welcome, &newShow, &open});
   for (const auto& item : examples) add({item.get()});
-  add({&hint, &wiring, &output, &pane, &blackout, &freeze, &dmx, &beat, &grandMaster, &channels});
+  add({&hint, &pane, &dmx, &blackout, &freeze, &beat, &grandMaster, &channels, &wiring, &output});
   add({&save, &saveAs, &quit, &configure, &tool, &front, &narrow, &full, &help, &sent, &wrong});
   add({&masterUp, &masterDown, &steeper, &flatter});
   for (const auto& item : recent) add({item.get()});

@@ -23,13 +23,13 @@ Blackout and Freeze act on what leaves the desk: the decks play on behind them. 
 master, percent of every level.
 
 EFFECTS
-Color, Gradient        one colour, or two that run into each other
-Paint                  a picture, drawn lamp by lamp
-Image                  pictures from files, one after the other, standing still or moving
-Color Change           a list of colours, each for its time, with a change between them
-Color Scroll           stripes of colours that move
-Fire, Fluid            flames and waves
-Ticker                 a text that runs
+Color, Gradient: one colour, or two that run into each other
+Paint: a picture, drawn lamp by lamp
+Image: pictures from files, one after the other, standing still or moving
+Color Change: a list of colours, each for its time, with a change between them
+Color Scroll: stripes of colours that move
+Fire, Fluid: flames and waves
+Ticker: a text that runs
 
 FILES
 A show is NAME.Korvane; its grid is NAME.korvaneconf beside it. The version before the last save
@@ -41,12 +41,11 @@ std::string keysOf(const std::vector<Menu>& menus) {
   for (const Menu& menu : menus) {
     for (const MenuItem* item : menu.items) {
       if (item == nullptr || item->key().empty()) continue;
-      std::string line = item->key();
-      line.resize(std::max<std::size_t>(line.size() + 2, 23), ' ');
-      text += line + item->look().caption + ": " + item->look().toolTip + "\n";
+      const Look& look = item->look();
+      text += item->key() + ": " + look.caption + ", " + look.toolTip + "\n";
     }
   }
-  return text + "Enter, Escape          press OK, or close a window without it\n";
+  return text + "Enter, Escape: press OK, or close a window without it\n";
 }
 
 }  // namespace

@@ -64,7 +64,7 @@ QTreeView QLineEdit { padding: 0 4px; border-radius: 0; }
 
 QTreeView, QListWidget {
   background: {well}; color: {text}; border: 1px solid {line}; border-radius: 3px;
-  font-family: Verdana, "DejaVu Sans", sans-serif; font-size: 13px; outline: none;
+  font-size: 13px; outline: none;
 }
 QTreeView:focus, QListWidget:focus { border: 1px solid {accent}; }
 QListWidget::item { padding: 4px 8px; }
@@ -151,8 +151,9 @@ QPalette palette() {
 void applyTheme(QApplication& application) {
   QApplication::setStyle(QStyleFactory::create("Fusion"));
   QApplication::setPalette(palette());
+  // The lists are in Verdana; where there is none, they and all the rest are in one other font.
   QFont font;
-  font.setFamilies({"Inter", "Noto Sans", "Segoe UI", "Verdana", "DejaVu Sans"});
+  font.setFamilies({"Verdana", "Inter", "Noto Sans", "Segoe UI", "DejaVu Sans"});
   font.setPixelSize(kTextPixels);
   QApplication::setFont(font);
   application.setStyleSheet(filledIn(kSheet));
