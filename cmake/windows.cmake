@@ -22,7 +22,9 @@ if(KORVANE_TESTS)
   set_tests_properties(wine.end PROPERTIES FIXTURES_CLEANUP wine)
 endif()
 
-# korvane_wine_test(NAME COMMAND...): a test that runs a Windows program.
+# korvane_wine_test(NAME COMMAND...): a test that runs a Windows program. Programs that show windows
+# would take the focus from each other, and those that register the component share its entries: they
+# have RESOURCE_LOCK windows.
 function(korvane_wine_test name)
   add_test(NAME ${name} COMMAND ${KORVANE_WINE} ${ARGN})
   set_tests_properties(${name} PROPERTIES FIXTURES_REQUIRED wine SKIP_RETURN_CODE 77)

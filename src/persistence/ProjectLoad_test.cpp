@@ -320,11 +320,12 @@ TEST_F(ProjectLoad, AMissingPictureIsNoFailureAndItsPathStays) {
 TEST_F(ProjectLoad, PicturesOfARelativePathPlayFromTheShowsFolderAndKeepTheirPath) {
   const Texts block = {"True",  "3", "im",           "0", "0", "0", "0", "1",
                        "a.bmp", "5", "slides/a.bmp", "0"};
-  std::filesystem::create_directory(folder + "/slides");
-  writeFile(folder + "/slides/a.bmp", "BM");
+  std::filesystem::path beside = std::filesystem::path(folder) / "slides" / "a.bmp";
+  std::filesystem::create_directory(beside.parent_path());
+  writeFile(beside.string(), "BM");
   Raster green(1, 1);
   green.fill(rgb(0, 255, 0));
-  platform.pictures[folder + "/slides/a.bmp"] = green;
+  platform.pictures[beside.make_preferred().string()] = green;
   EXPECT_EQ(load(project({.a = {block}})), 0);
   EXPECT_EQ(takeBoxes(), Texts{"Matrix Project loaded"});
   EXPECT_EQ(v.frameA.at(0, 0), (Rgb{0, 255, 0}));

@@ -33,7 +33,7 @@ MxColorChange::MxColorChange(Engine& engine)
 // The beat comes before the fade mode: a box still checked from the effect before would force the
 // mode to "None".
 void MxColorChange::fill() {
-  // Only the left deck makes room for all times. Meant.
+  // Only the left deck makes room for all times (docs/kept.md, deck-change-room).
   if (!deck().isB()) {
     effect().itemTimes.resize(colorCount() + 1);
     fitLists(effect());

@@ -30,7 +30,7 @@ void startColorScroll(Engine& engine, Deck& deck, StartCause cause) {
   }
   deck.colorIndex = 0;
   if (cause == StartCause::RowSelected) deck.step = 0;
-  // Only the right deck's type list makes room for all widths. Meant.
+  // Only the right deck's type list makes room for all widths (docs/kept.md, deck-scroll-room).
   if (byTypeList(cause) && deck.isB())
     effect.itemWidths.resize(static_cast<std::size_t>(effect.colorCount) + 1);
   buildScrollStrip(engine, deck);

@@ -1,5 +1,7 @@
 #include "hosts/com/ErrorResult.h"
 
+#include <filesystem>
+#include <functional>
 #include <new>
 #include <stdexcept>
 
@@ -28,8 +30,11 @@ TEST(ErrorResult, NoExceptionLeavesAMethod) {
   EXPECT_EQ(errorText(), "Subscript out of range");
   EXPECT_EQ(guarded([] { throw std::bad_alloc(); }), result(kOutOfMemory));
   EXPECT_EQ(errorText(), "Out of memory");
-  EXPECT_EQ(guarded([] { throw std::runtime_error("disk"); }), result(kPathAccess));
-  EXPECT_EQ(errorText(), "Path/File access error: disk");
+  const auto disk = [] { throw std::filesystem::filesystem_error("disk", std::error_code()); };
+  EXPECT_EQ(guarded(disk), result(kPathAccess));
+  EXPECT_EQ(errorText().rfind("Path/File access error: ", 0), 0U);
+  EXPECT_EQ(guarded([] { throw std::bad_function_call(); }), result(kInternal));
+  EXPECT_EQ(errorText().rfind("Internal error: ", 0), 0U) << "a fault of the program itself";
   EXPECT_TRUE(FAILED(guarded([] { throw 5; })));
 }
 
