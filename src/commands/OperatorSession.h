@@ -11,43 +11,12 @@
 #include <string>
 #include <vector>
 
-#include "commands/ConsoleHost.h"
-#include "commands/ConsolePlatform.h"
-#include "commands/Interpreter.h"
-#include "commands/Operations.h"
+#include "commands/OperatorConsole.h"
 #include "commands/ShowContents.h"
 #include "commands/Tokens.h"
 #include "persistence/MatrixDefinition.h"
 
 namespace korvane {
-
-/// A plug-in in a console, for as long as a test plays with it.
-struct OperatorConsole {
-  OperatorConsole(const std::string& base, std::uint64_t seed) : host({"show", base}, 512) {
-    platform.clock = [this] { return plugin.engine.timers.now(); };
-    platform.pictures = [](const std::string& path) {
-      if (!std::filesystem::exists(path)) throw Failure(kInvalidPicture, path);
-      return Raster(9, 7, rgb(200, 100, 50));
-    };
-    plugin.engine.random.seed(seed);
-    plugin.plugIn.ITharnPlugin_Init("", "", host);
-    answer("open");
-  }
-  Json answer(const std::string& line) {
-    host.calls.clear();
-    return Json::parse(interpreter.answer(line).value_or("{}"));
-  }
-  Engine& engine() { return plugin.engine; }
-
-  ConsolePlatform platform;
-  ConsoleHost host;
-  Plugin plugin{platform};
-  Interpreter interpreter{{plugin.engine, platform, host.calls, operationsOf(plugin, host),
-                           [this](std::int64_t time, const TimerQueue::Gate& gate) {
-                             plugin.engine.timers.advanceTo(plugin.engine.timers.now() + time,
-                                                            gate);
-                           }}};
-};
 
 /// One command of a session, and the most bytes that a file may get while it
 /// runs: a full disk.
@@ -57,14 +26,10 @@ struct Action {
   long limit = kNoLimit;
 };
 
-/// A show was lost; the text says how.
-struct ShowLost : std::runtime_error {
-  using std::runtime_error::runtime_error;
-};
-
 /// An operator's evening: commands, one after another, and after each of them
 /// whatever must hold of the shows on the disk. The same commands from the same
-/// seed do the same.
+/// seed do the same. Console is OperatorConsole, or another with the same members.
+template <class Console = OperatorConsole>
 class OperatorSession {
  public:
   /// The folder is made anew and holds the examples besides what the session
@@ -76,7 +41,7 @@ class OperatorSession {
     for (const char* made : {"/again", "/dir.Korvane", "/dir.korvaneconf"})
       std::filesystem::create_directories(folder_ + made);
     std::filesystem::copy(examples, folder_, std::filesystem::copy_options::recursive);
-    console_ = std::make_unique<OperatorConsole>(folder_ + "/show", seed);
+    console_ = std::make_unique<Console>(folder_ + "/show", seed);
   }
   ~OperatorSession() { std::filesystem::remove_all(folder_); }
   OperatorSession(const OperatorSession&) = delete;
@@ -95,12 +60,15 @@ class OperatorSession {
     if (action.line.starts_with("answer ")) return;
     asked = console_->platform.questions;
     console_->platform.answers.clear();
-    const std::vector<std::string> boxes = std::exchange(console_->platform.boxes, {});
-    checkSave(boxes, action.limit == Action::kNoLimit, before.begin()->second);
+    const bool saysSaved = console_->saved();
+    console_->platform.boxes.clear();
+    console_->platform.failedSaves.clear();
+    checkSave(saysSaved, action.limit == Action::kNoLimit, before.begin()->second);
     answered_.clear();
   }
 
-  const Engine& engine() const { return console_->plugin.engine; }
+  const Engine& engine() const { return console_->engine(); }
+  bool over() const { return console_->over(); }
   const std::string& folder() const { return folder_; }
 
   Json reply;                       ///< to the last command
@@ -134,11 +102,11 @@ class OperatorSession {
     return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
   }
 
-  void checkSave(const std::vector<std::string>& boxes, bool room, const std::string& before) {
+  void checkSave(bool saysSaved, bool room, const std::string& before) {
     const bool show = !asked.empty() && asked.back().purpose == FileQuestion::Purpose::Save &&
                       asked.back().filter.find("*.Korvane") != std::string::npos;
     if (!show || answered_.empty() || answered_ == "cancel") return;
-    if (std::find(boxes.begin(), boxes.end(), "Matrix Project saved") != boxes.end()) {
+    if (saysSaved) {
       ++saved;
       checkLoads(answered_);
       return;
@@ -182,7 +150,7 @@ class OperatorSession {
 
   std::string folder_;
   std::string answered_;  // the path given to the next file dialog
-  std::unique_ptr<OperatorConsole> console_;
+  std::unique_ptr<Console> console_;
 };
 
 }  // namespace korvane

@@ -199,8 +199,10 @@ void readComposition(Engine& engine, LineReader& in) {
   for (Deck* deck : {&engine.v.A, &engine.v.B}) deck->imageIndex = 0;
 }
 
-// What could be saved but not be loaded. A list without a row has no line for its selection, and a
-// fade of a type that does not exist, from a file that lost its place, can't be shown.
+}  // namespace
+
+// A list without a row has no line for its selection, and a fade of a type that does not exist,
+// from a file that lost its place, can't be shown.
 void requireLoadable(const Engine& engine) {
   const Variablen& v = engine.v;
   for (const ListView* list : {&v.A.efxList, &v.B.efxList, &engine.master.efxXList}) {
@@ -211,8 +213,6 @@ void requireLoadable(const Engine& engine) {
   if (type < 0 || type >= kFadeTypes)
     throw Failure(kInvalidPropertyValue, "the fade has no type " + std::to_string(type));
 }
-
-}  // namespace
 
 void writeProject(const Engine& engine, const NumberFormat& format, const std::string& title,
                   TextWriter& file) {

@@ -25,6 +25,10 @@ bool loadProject(Engine& engine);
 /// a wrong version. An effect that can't start, for want of its picture, say, is reported alone.
 void openProject(Engine& engine, const std::string& path);
 
+/// Raises the failure of a composition that could be saved but not be loaded: one with a list that
+/// has no row (kSubscript), or with a fade of no type (kInvalidPropertyValue).
+void requireLoadable(const Engine& engine);
+
 /// The lines of a project file. `title` is the file's name without its folder.
 void writeProject(const Engine& engine, const NumberFormat& format, const std::string& title,
                   TextWriter& file);

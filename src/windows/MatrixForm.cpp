@@ -118,10 +118,10 @@ void MatrixForm::bindFunctions() {
   mxsim_active.onClick = [this] { mxsim_active_Click(); };
   help.onClick = [this] { engine_.desktop.show(engine_.desktop.named("MatrixHelp")); };
   save.onClick = [this] {
-    if (saveProject(engine_) && onKept) onKept();
+    if (saveProject(engine_) && onSaved) onSaved();
   };
   load.onClick = [this] {
-    if (loadProject(engine_) && onKept) onKept();
+    if (loadProject(engine_) && onLoaded) onLoaded();
   };
   Closeall.onClick = [this] { Closeall_Click(); };
   for (PictureBox* box : {&engine_.v.A.picture, &engine_.v.B.picture, &engine_.master.picture}) {

@@ -37,8 +37,8 @@ class MatrixForm : public Form {
   CheckBox active, mxsim_active;
   PictureButton save, load, help, Closeall;
 
-  /// For the desk: the composition was saved to a file or loaded from one.
-  std::function<void()> onKept;
+  /// For the desk: the composition was saved to a file, or loaded from one.
+  std::function<void()> onSaved, onLoaded;
 
  private:
   void addControls();

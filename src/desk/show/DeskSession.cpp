@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 #include <exception>
+#include <fstream>
+#include <iterator>
 #include <utility>
 
 #include "desk/show/ShowCheck.h"
@@ -11,6 +13,7 @@
 #include "persistence/ProjectFile.h"
 #include "platform/Events.h"
 #include "platform/ReplaceFile.h"
+#include "platform/TextFile.h"
 
 namespace korvane {
 namespace {
@@ -36,6 +39,13 @@ std::optional<std::string> textOf(std::string (*text)(Plugin&), Plugin& plugin) 
   } catch (const std::exception&) {
     return std::nullopt;
   }
+}
+
+// Nothing for a file that is not there.
+std::optional<std::string> bytesOf(const std::string& path) {
+  if (!fileExists(path)) return std::nullopt;
+  std::ifstream in(systemPath(path), std::ios::binary);
+  return std::string(std::istreambuf_iterator<char>(in), {});
 }
 
 std::array<ListView*, 3> listsOf(Engine& engine) {
@@ -66,17 +76,18 @@ DeskSession::~DeskSession() {
 // the tool's own buttons do stays as it is.
 void DeskSession::bindTool() {
   MatrixForm& tool = plugin.matrixForm;
-  tool.onKept = [this] {
+  tool.onSaved = [this] { keepIn(platform.answered.value()); };
+  tool.onLoaded = [this] {
+    const std::string before = gridFile();
     keep(composition_);
-    if (platform.answered) adopt(*platform.answered);
+    adopt(platform.answered.value());
+    if (gridFile() != before) definition_.kept = bytesOf(gridFile());
   };
-  plugin.matrixConf.onKept = [this] { keep(definition_); };
+  plugin.matrixConf.onKept = [this] {
+    if (platform.answered == gridFile()) keep(definition_);
+  };
   bindDeck(plugin.engine.v.A, tool.panelA);
   bindDeck(plugin.engine.v.B, tool.panelB);
-  tool.save.onClick = [this, own = tool.save.onClick] {
-    selectRows();
-    own();
-  };
   platform.suggestName = [this](const FileQuestion& question) {
     if (question.purpose != FileQuestion::Purpose::Save) return std::string();
     if (question.filter.find(kGridEnding) != std::string::npos)
@@ -104,13 +115,6 @@ void DeskSession::bindDeck(Deck& deck, DeckPanel& panel) {
   for (PictureButton* button : {&panel.remove, &panel.pasteMem}) commitFirst(button->onClick);
 }
 
-// Lists without a selected row would make a file that can't be read.
-void DeskSession::selectRows() {
-  for (ListView* list : listsOf(plugin.engine)) {
-    if (list->selected() < 0 && list->count() > 0) list->select(std::max(0, list->current()));
-  }
-}
-
 void DeskSession::openTool() {
   const bool first = !plugin.matrixForm.loaded();
   const bool closed = !first && !plugin.matrixForm.visible();
@@ -122,7 +126,7 @@ void DeskSession::openTool() {
   keep(definition_);
 }
 
-// The lists of a new project begin without a selected row.
+// A new show plays: the plug-in starts nothing until a row is pressed.
 void DeskSession::selectFirstRows() {
   for (ListView* list : listsOf(plugin.engine)) runEvent(platform, [list] { list->click(0, 0); });
 }
@@ -235,18 +239,23 @@ void DeskSession::showGrid() {
 
 bool DeskSession::save(const std::string& show) {
   commitDialogs();
-  selectRows();
-  const std::string grid = projectOf(show) + kGridEnding;
-  const bool gridToo = show != path_ || changed(definition_) || !fileExists(grid);
   if (!saveComposition(show)) return false;
+  plugin.matrixForm.setCaption("Korvane - " + fileTitle(show));
+  return keepIn(show);
+}
+
+// The show stands in its file; its grid belongs beside it.
+bool DeskSession::keepIn(const std::string& show) {
+  const bool gridToo =
+      show != path_ || changed(definition_) || !fileExists(projectOf(show) + kGridEnding);
   keep(composition_);
   adopt(show);
-  plugin.matrixForm.setCaption("Korvane - " + fileTitle(show));
   if (!gridToo) return true;
   try {
-    writeDefinition(plugin.engine, grid, plugin.matrixConf.MName.text());
+    writeDefinition(plugin.engine, gridFile(), plugin.matrixConf.MName.text());
   } catch (const std::exception&) {
-    return false;  // it was told
+    definition_.kept.reset();  // it was told
+    return false;
   }
   keep(definition_);
   return true;
@@ -254,6 +263,7 @@ bool DeskSession::save(const std::string& show) {
 
 bool DeskSession::saveComposition(const std::string& show) {
   try {
+    requireLoadable(plugin.engine);
     const auto lines = [&](TextWriter& file) {
       writeProject(plugin.engine, platform.numberFormat(), fileTitle(show), file);
     };
@@ -275,6 +285,8 @@ void DeskSession::adopt(const std::string& show) {
 std::string DeskSession::name() { return host.ProjectName(); }
 
 std::string DeskSession::folder() { return folderOf(host.ProjectBaseFilename()); }
+
+std::string DeskSession::gridFile() { return host.ProjectBaseFilename() + kGridEnding; }
 
 void DeskSession::keep(Document& document) { document.kept = textOf(document.text, plugin); }
 

@@ -71,7 +71,9 @@ class DeskSession {
   void selectFirstRows();
   void adopt(const std::string& show);
   bool saveComposition(const std::string& show);
-  void selectRows();
+  bool keepIn(const std::string& show);
+  /// The file of the grid, beside that of the show.
+  std::string gridFile();
   void showGrid();
   void keep(Document& document);
   bool changed(const Document& document);

@@ -291,6 +291,49 @@ TEST_F(Shows, AnEffectWithoutItsPictureIsToldAndTheShowOpens) {
   EXPECT_EQ(name(), "bare");
 }
 
+TEST_F(Shows, TheToolsOwnSaveTakesTheGridToo) {
+  click(desk.form.tool);
+  click(desk.form.configure);
+  event([this] { plugin.matrixConf.ncol.setIndex(4); });
+  machine.answers = {folder + "small.Korvane"};
+  click(tool.save);
+  EXPECT_FALSE(desk.session.changed());
+  EXPECT_NE(bytesOf(folder + "small.korvaneconf").find("\n5,12,"), std::string::npos);
+  event([this] { plugin.matrixConf.ncol.setIndex(7); });
+  machine.answers = {folder + "other.Korvane"};
+  click(tool.save);
+  machine.answers = {folder + "small.Korvane"};
+  click(tool.load);
+  EXPECT_TRUE(desk.session.changed()) << "it plays on another grid than its own";
+}
+
+TEST_F(Shows, AGridThatIsSavedElsewhereStaysAChange) {
+  click(desk.form.tool);
+  machine.answers = {folder + "mine.Korvane"};
+  click(desk.form.save);
+  click(desk.form.configure);
+  event([this] { plugin.matrixConf.ncol.setIndex(4); });
+  machine.answers = {folder + "elsewhere.korvaneconf"};
+  click(plugin.matrixConf.save);
+  EXPECT_TRUE(desk.session.changed()) << "the show would open on its old grid";
+  machine.answers = {folder + "mine.korvaneconf"};
+  click(plugin.matrixConf.save);
+  EXPECT_FALSE(desk.session.changed());
+}
+
+TEST_F(Shows, WhatCouldNotBeOpenedIsNotSaved) {
+  click(desk.form.tool);
+  machine.answers = {folder + "mine.Korvane"};
+  click(desk.form.save);
+  const std::string whole = bytesOf(folder + "mine.Korvane");
+  machine.answers = {write("half.Korvane", "half\r\nV1.0\r\n0.5\r\n")};
+  click(tool.load);
+  click(desk.form.save);
+  ASSERT_EQ(machine.failedSaves.size(), 1U);
+  EXPECT_EQ(bytesOf(folder + "mine.Korvane"), whole);
+  EXPECT_TRUE(desk.session.changed());
+}
+
 TEST_F(Shows, AnotherGridIsAChangeToo) {
   click(desk.form.tool);
   click(desk.form.configure);
