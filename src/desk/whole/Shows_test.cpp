@@ -128,6 +128,42 @@ TEST_F(Shows, WhatIsShownGoesToTheLamps) {
   EXPECT_EQ(frames.back()[0], 255);
 }
 
+TEST_F(Shows, ExamplesLargerThanAUniversePlayWhole) {
+  event([this] { desk.setup.use(parseOutput("sacn:1-16@127.0.0.1:5999")); });
+  int wrong = 0, litBeyond = 0;
+  const auto compare = [&](const WallPicture& sent, int col, int row) {
+    for (std::size_t component = 0; component < 3; ++component) {
+      const auto channel = wallChannel(v.channelMap.at(col, row)[component]);
+      if (!channel) return ++wrong;
+      const auto at = static_cast<std::size_t>(channel->channel - 1);
+      const std::uint8_t value = sent.universe(channel->universe).at(at);
+      wrong += value != v.frameM.at(col, row)[component];
+      litBeyond += channel->universe > 1 && value > 0;
+    }
+    return 0;
+  };
+  int larger = 0;
+  for (std::size_t i = 0; i < examples.size(); ++i) {
+    SCOPED_TRACE(examples[i].title);
+    openExample(i);
+    check(tool.active);
+    for (int step = 0; step < 4; ++step) {
+      advance(700);
+      pick(v.A.efxList, step % v.A.efxList.count());
+      click(step == 1 ? tool.fadeB : tool.fadeA);
+      const WallPicture sent = desk.leaving();
+      for (int col = 0; col < v.matrixCols; ++col) {
+        for (int row = 0; row < v.matrixRows; ++row) compare(sent, col, row);
+      }
+    }
+    EXPECT_EQ(wrong, 0);
+    larger += v.matrixCols * v.matrixRows * 3 > kUniverseChannels;
+    EXPECT_EQ(desk.form.wrong.look().caption.find("lamps stay dark"), std::string::npos);
+  }
+  EXPECT_EQ(larger, 4);
+  EXPECT_GT(litBeyond, 1000);
+}
+
 TEST_F(Shows, AScrollBeginsOnDarkLamps) {
   openExample(0);
   int lit = 0;

@@ -113,6 +113,9 @@ std::string Player::statusLine() const {
 
 void Player::draw() {
   if (!terminal_->hasPictures()) return messages_.flush();
+  const std::int64_t now = plugin_.engine.timers.now();
+  if (drawnAt_ && now - *drawnAt_ < kPictureInterval) return;
+  drawnAt_ = now;
   const TerminalSize room = terminal_->size();
   std::vector<std::string> lines =
       terminalLines(plugin_.engine.v.frameM, {room.columns, room.lines - 1});

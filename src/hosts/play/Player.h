@@ -77,6 +77,7 @@ class Player {
   WallClock clock_{plugin_.engine.timers, [this] { feed_.endOfPass(plugin_.engine.v); }};
   Messages messages_;
   std::optional<Terminal> terminal_;
+  std::optional<std::int64_t> drawnAt_;
 };
 
 }  // namespace korvane

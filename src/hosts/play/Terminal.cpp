@@ -147,12 +147,14 @@ void Terminal::write(const std::string& text) {
 }
 
 void Terminal::writeRest() {
-  while (!rest_.empty()) {
-    const ssize_t written = ::write(screen_, rest_.data(), rest_.size());
+  std::size_t done = 0;  // a terminal takes a picture in small pieces
+  while (done < rest_.size()) {
+    const ssize_t written = ::write(screen_, rest_.data() + done, rest_.size() - done);
     if (written < 0 && errno == EINTR) continue;
-    if (written <= 0) return;
-    rest_.erase(0, static_cast<std::size_t>(written));
+    if (written <= 0) break;
+    done += static_cast<std::size_t>(written);
   }
+  rest_.erase(0, done);
 }
 
 char Terminal::waitForKey(int milliseconds) {

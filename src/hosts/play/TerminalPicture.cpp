@@ -28,8 +28,9 @@ Points pointsOf(const Frame& frame, const TerminalSize& room) {
 class Line {
  public:
   void add(const Rgb& above, const std::optional<Rgb>& below) {
-    if (above_ != above) text_ += sgr(38, above);
-    if (!started_ || below_ != below) text_ += below ? sgr(48, *below) : "\x1b[49m";
+    if (above_ != above) add("\x1b[38;2;", above);
+    if (below && (!started_ || below_ != below)) add("\x1b[48;2;", *below);
+    if (!below && (!started_ || below_)) text_ += "\x1b[49m";
     text_ += "▀";
     above_ = above;
     below_ = below;
@@ -38,9 +39,17 @@ class Line {
   std::string take() { return std::move(text_) + "\x1b[0m"; }
 
  private:
-  static std::string sgr(int plane, const Rgb& color) {
-    return "\x1b[" + std::to_string(plane) + ";2;" + std::to_string(color[0]) + ";" +
-           std::to_string(color[1]) + ";" + std::to_string(color[2]) + "m";
+  void add(const char* begin, const Rgb& color) {
+    text_ += begin;
+    for (std::size_t i = 0; i < color.size(); ++i) {
+      addNumber(color[i]);
+      text_ += i + 1 < color.size() ? ';' : 'm';
+    }
+  }
+  void addNumber(int value) {
+    if (value >= 100) text_ += static_cast<char>('0' + value / 100);
+    if (value >= 10) text_ += static_cast<char>('0' + value / 10 % 10);
+    text_ += static_cast<char>('0' + value % 10);
   }
 
   std::string text_;
