@@ -11,6 +11,14 @@ constexpr std::uint8_t kHalf = 128;
 
 }  // namespace
 
+void OutputLook::bendCurve(double by) {
+  gamma = std::clamp(std::round((gamma + by) * 10) / 10, kLeastGamma, kMostGamma);
+}
+
+void OutputLook::shiftShare(std::size_t color, int percent) {
+  balance[color] = std::clamp(balance[color] + percent, 0, 100);
+}
+
 void OutputStage::setLook(const OutputLook& look) {
   if (look == look_) return;
   look_ = look;

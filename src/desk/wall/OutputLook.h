@@ -24,6 +24,11 @@ struct OutputLook {
   /// White balance: the share of red, green and blue, 0 - 100 %, behind the curve.
   std::array<int, 3> balance = {100, 100, 100};
 
+  /// Makes the curve steeper by so much gamma, or flatter, in tenths and as far as it goes.
+  void bendCurve(double by);
+  /// Adds so many per cent to the share of a colour, 0 red - 2 blue, as far as it goes.
+  void shiftShare(std::size_t color, int percent);
+
   bool operator==(const OutputLook&) const = default;
 };
 

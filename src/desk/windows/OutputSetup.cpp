@@ -1,6 +1,5 @@
 #include "desk/windows/OutputSetup.h"
 
-#include <algorithm>
 #include <cmath>
 #include <stdexcept>
 
@@ -172,8 +171,7 @@ void OutputSetup::apply() {
 void OutputSetup::bendCurve(double gamma) {
   if (chosen() < 0) return;
   OutputConfig config = output().config();
-  const double bent = std::round((config.look.gamma + gamma) * 10) / 10;
-  config.look.gamma = std::clamp(bent, OutputLook::kLeastGamma, OutputLook::kMostGamma);
+  config.look.bendCurve(gamma);
   output().configure(config);
   showChosen();
   kept();

@@ -23,9 +23,10 @@ SHOW.korvaneconf beside it.
   --help             print this text
 
 Keys: a, b fade to the left or right deck; space is a beat; + and - move the grand master by 5 %,
-o switches blackout, f freeze; q or Ctrl-C ends. The picture is that of the mixer; what the levels
-make of it is seen on the lamps. In the background, and without a terminal, it plays on and tells
-only what matters.
+o switches blackout, f freeze; g and G bend the curve of all outputs by gamma 0.1, 1, 2 and 3 take
+5 % from their red, green and blue, 0 gives it back; q or Ctrl-C ends. The picture is that of the
+mixer; what the levels make of it is seen on the lamps. In the background, and without a terminal,
+it plays on and tells only what matters.
 
 Exit status: 0 played, 1 the show can't be opened, 2 wrong usage; with 1 and 2 nothing was sent.
 )";

@@ -15,6 +15,8 @@ namespace korvane {
 namespace {
 
 constexpr int kMasterStep = 5;        // per cent a key
+constexpr double kCurveStep = 0.1;    // gamma a key
+constexpr int kShareStep = 5;         // per cent a key
 constexpr int kPictureInterval = 40;  // ms between two pictures in the terminal
 
 std::string cut(const std::string& text, int columns) {
@@ -82,6 +84,7 @@ bool Player::press(char key) {
   if (key == 'b') event([&] { master.AutoFadeB.click(); });
   if (key == ' ') event([&] { plugin_.plugIn.ITharnPlugin_MessageHandle(kMessageBeat, 0, 0); });
   pressLevel(key);
+  pressLook(key);
   return key != 'q';
 }
 
@@ -95,6 +98,20 @@ void Player::pressLevel(char key) {
   if (levels != feed_.levels()) feed_.setLevels(levels);
 }
 
+/// The keys of all outputs' curves and white balance.
+void Player::pressLook(char key) {
+  for (std::size_t i = 0; i < feed_.outputs.size(); ++i) {
+    Output& output = feed_.outputs.at(i);
+    OutputConfig config = output.config();
+    if (key == 'g') config.look.bendCurve(kCurveStep);
+    if (key == 'G') config.look.bendCurve(-kCurveStep);
+    if (key >= '1' && key <= '3')
+      config.look.shiftShare(static_cast<std::size_t>(key - '1'), -kShareStep);
+    if (key == '0') config.look.balance = OutputLook().balance;
+    output.configure(config);
+  }
+}
+
 void Player::tellNetwork() {
   for (const std::string& line : feed_.news()) tell(line);
 }
@@ -103,7 +120,7 @@ std::string Player::statusLine() const {
   if (!messages_.newest().empty()) return messages_.newest();
   const Variablen& v = plugin_.engine.v;
   const WallLevels& levels = feed_.levels();
-  return "q ends; a, b fade; space beats; o, f, +, -. " +
+  return "q ends; a, b fade; space beats; o, f, +, -, g, G, 0 to 3. " +
          std::string(levels.blackout ? "BLACKOUT. " : "") + (levels.freeze ? "FREEZE. " : "") +
          (levels.master < 100 ? "Master " + std::to_string(levels.master) + " %. " : "") +
          (options_.show.empty() ? "A new show" : showPath().stem().string()) + ", " +

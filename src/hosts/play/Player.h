@@ -65,6 +65,7 @@ class Player {
   void openShow();
   bool press(char key);
   void pressLevel(char key);
+  void pressLook(char key);
   void tellNetwork();
   void draw();
   std::string statusLine() const;

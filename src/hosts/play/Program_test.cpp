@@ -49,6 +49,7 @@ class Lamps {
     while (recv(socket_, packet.data(), packet.size(), 0) > 0) {
       ++count;
       terminated += (packet[112] & 0x40) != 0;
+      std::copy_n(packet.begin() + 126, first.size(), first.begin());
     }
     return count;
   }
@@ -58,7 +59,16 @@ class Lamps {
     return TestTerminal::wait([this] { return take() > 0; });
   }
 
+  /// Whether the first lamp comes to show these values.
+  bool show(const std::array<int, 3>& values) {
+    return TestTerminal::wait([&] {
+      take();
+      return std::equal(first.begin(), first.end(), values.begin());
+    });
+  }
+
   int terminated = 0;
+  std::array<unsigned char, 3> first{};  ///< values of the first lamp
 
  private:
   int socket_ = socket(AF_INET, SOCK_DGRAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0);
@@ -71,6 +81,14 @@ class OnATerminal : public testing::Test {
   void play(bool foreground = true) {
     before = terminal.settings();
     terminal.start({KORVANE_PLAY, "--output", lamps.target(), kShow}, foreground);
+  }
+  /// A grey wall that stands still.
+  void playGrey(const std::string& stem) {
+    std::ofstream(stem + ".Korvane")
+        << "grey\nV1.0\n0\n1\n1\n1\n0\n0\n0\nA0\nTrue\n0\ngrey\n8421504\n"
+           "B0\nFalse\nX0\n0\nfade\n3\n0\n";
+    std::ofstream(stem + ".korvaneconf") << "grey\n2,1,False\n1,2,3\n4,5,6\n";
+    terminal.start({KORVANE_PLAY, "--output", lamps.target(), stem + ".Korvane"}, true);
   }
   void playUntilPictured() {
     play();
@@ -102,6 +120,21 @@ TEST_F(OnATerminal, TheKeyQEndsThePlayAndTheTerminalIsAsBefore) {
   EXPECT_EQ(terminal.status(), 0);
   expectEndedAsIfNothingHadBeen();
   expectStreamEnded();
+}
+
+TEST_F(OnATerminal, LevelsCurveAndWhiteBalanceHaveKeys) {
+  playGrey(testing::TempDir() + "korvane-play-keys");
+  ASSERT_TRUE(lamps.show({128, 128, 128}));
+  const std::pair<const char*, std::array<int, 3>> steps[] = {
+      {"-", {122, 122, 122}}, {"+", {128, 128, 128}},   {"o", {0, 0, 0}},
+      {"o", {128, 128, 128}}, {"1", {122, 128, 128}},   {"33", {122, 128, 115}},
+      {"0", {128, 128, 128}}, {"ggG", {119, 119, 119}}, {"GGG", {128, 128, 128}}};
+  for (const auto& [keys, values] : steps) {
+    terminal.type(keys);
+    EXPECT_TRUE(lamps.show(values)) << keys;
+  }
+  terminal.type("q");
+  EXPECT_EQ(terminal.status(), 0);
 }
 
 TEST_F(OnATerminal, CtrlCEndsThePlayAndTheTerminalIsAsBefore) {
