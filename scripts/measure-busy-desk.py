@@ -43,12 +43,18 @@ PAINT = ["True", "2", "Painting", f"{wall.SIDE},{wall.SIDE}",
          *(str(cell % 256) for cell in range(wall.SIDE * wall.SIDE))]
 SHOW = ["show", "V1.0", "0.5", "1", "1", "1", "0", "0", "0", "A0", *wall.FLUID, "B0", *PAINT,
         "X0", "0", "fade", "3", "0"]
-EDIT_RIGHT = (1181, 353)  # a place of the desk's window
 MOST_QUIET = 2.5
 
 
 def xdotool(*words):
     subprocess.run(["xdotool", *map(str, words)], capture_output=True)
+
+
+def right_list(desk):
+    """A place in the list of the right deck: above the buttons at the foot of the desk's window."""
+    size = dict(line.split("=") for line in
+                tour.run("xdotool", "getwindowgeometry", "--shell", desk).split())
+    return int(size["WIDTH"]) - 150, int(size["HEIGHT"]) - 180
 
 
 class Busy(threading.Thread):
@@ -61,8 +67,13 @@ class Busy(threading.Thread):
 
     def run(self):
         person = tour.Person(None)
-        xdotool("mousemove", "--window", person.window("wall - Korvane"), *EDIT_RIGHT, "click", 1)
-        painting = person.window("Paint.*")
+        desk = person.window("wall.? - Korvane")
+        painting = None
+        while self.going and not painting:  # a machine that is busy takes its time
+            xdotool("mousemove", "--window", desk, *right_list(desk), "click", 1, "key", "Return")
+            time.sleep(3)
+            found = tour.run("xdotool", "search", "--onlyvisible", "--name", "^Paint")
+            painting = found.split()[-1] if found else None
         while self.going:
             self.drag(painting)
             xdotool("key", "ctrl+o")
@@ -128,6 +139,7 @@ def measure(korvane, seconds, folder):
     print(f"longest time of a universe without a packet: {1000 * quiet:.0f} ms")
     print(f"torn pictures: {came.torn}; packets out of sequence: {came.receiver.dropped}; "
           f"terminated at the end: {len(came.receiver.ended)} universes")
+    alive = alive and all(person.done.values())
     return 0 if alive and not came.torn and not came.receiver.dropped and quiet < MOST_QUIET else 1
 
 
