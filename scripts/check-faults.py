@@ -152,6 +152,7 @@ def port_is_taken(console):
 
 def others_send_too(console):
     sender = Sender(console, "sacn:20")
+    time.sleep(1.5)  # it is the first one there
     stronger = Sender(console, "sacn:20,priority=150,source=Other desk")
     check("a stronger source on the same universe is named", sender.says(
         f"'Other desk' at {OWN_ADDRESS} sends universe 20 too, with the higher priority 150"))

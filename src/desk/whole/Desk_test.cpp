@@ -293,6 +293,10 @@ TEST_F(TestDesk, AnotherKindHasUniversesAndReceiversOfItsOwn) {
             "Art-Net universes 0-2 to 255.255.255.255:6454 by lo");
   event([&] { panel.way.choose(2); });
   EXPECT_TRUE(feed.outputs.at(0).config().toNodes);
+  EXPECT_EQ(
+      desk.setup.figures.look().caption,
+      "Port address 0 (net 0, sub-net 0, universe 0) to 2 (net 0, sub-net 0, universe 2). Off: "
+      "there is no thread and no socket of it.");
   EXPECT_FALSE(panel.address.look().enabled);
   event([&] { panel.kind.choose(2); });
   EXPECT_EQ(desk.setup.state.look().caption,

@@ -3,6 +3,8 @@
 #include <cmath>
 #include <stdexcept>
 
+#include "desk/network/ArtnetPacket.h"
+
 namespace korvane {
 namespace {
 
@@ -24,11 +26,20 @@ std::vector<std::string> cellsOf(const Output& output) {
           problem.empty() ? "well" : problem};
 }
 
+// Art-Net's universes in all their parts.
+std::string portAddresses(const OutputConfig& config) {
+  if (config.kind != OutputKind::Artnet) return {};
+  const int first = config.routes.front().universe, last = config.routes.back().universe;
+  return "Port address " + describePortAddress(first) +
+         (first == last ? "" : " to " + describePortAddress(last)) + ". ";
+}
+
 std::string figuresOf(const Output& output) {
-  if (!output.on()) return "Off: there is no thread and no socket of it.";
+  const std::string where = portAddresses(output.config());
+  if (!output.on()) return where + "Off: there is no thread and no socket of it.";
   const OutputFigures figures = output.figures();
   const std::string concern = figures.concern.empty() ? "" : " " + figures.concern + ".";
-  return rounded(figures.packetsPerSecond) + " packets a second, " +
+  return where + rounded(figures.packetsPerSecond) + " packets a second, " +
          std::to_string(figures.packets) + " in all; " + std::to_string(figures.late) +
          " pictures late; last error: " + (figures.lastError.empty() ? "none" : figures.lastError) +
          "." + concern;
