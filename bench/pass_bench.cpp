@@ -1,17 +1,14 @@
 // From the pass to the lamps: 50 x 50 lamps on fifteen universes, until the last packet has come.
 
-#include <arpa/inet.h>
 #include <benchmark/benchmark.h>
-#include <sys/socket.h>
-#include <unistd.h>
 
 #include <algorithm>
-#include <array>
 #include <chrono>
 #include <thread>
 
 #include "Stage.h"
 #include "desk/output/LampFeed.h"
+#include "testing/UdpReceiver.h"
 
 namespace korvane {
 namespace {
@@ -19,37 +16,16 @@ namespace {
 using Clock = std::chrono::steady_clock;
 constexpr int kLastUniverse = 15;
 
-/// A socket of this machine that waits for packets.
-class Receiver {
- public:
-  Receiver() {
-    sockaddr_in address{};
-    address.sin_family = AF_INET;
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    socklen_t size = sizeof address;
-    auto* any = reinterpret_cast<sockaddr*>(&address);
-    bind(socket_, any, size);
-    getsockname(socket_, any, &size);
-    port = ntohs(address.sin_port);
-  }
-  ~Receiver() { close(socket_); }
-  Receiver(const Receiver&) = delete;
-  Receiver& operator=(const Receiver&) = delete;
-
+/// Waits for pictures on this machine.
+struct Receiver : UdpReceiver {
   /// Waits for the last universe of the picture whose first lamp has this value.
-  void waitFor(std::uint8_t value) {
-    std::array<std::uint8_t, 700> packet{};
+  void waitFor(std::uint8_t value) const {
     bool seen = false;
-    while (recv(socket_, packet.data(), packet.size(), 0) == 638) {
-      if (packet[114] == 1) seen = packet[126] == value;
-      if (seen && packet[114] == kLastUniverse) return;
+    for (auto bytes = packet(); bytes.size() == 638; bytes = packet()) {
+      if (bytes[114] == 1) seen = bytes[126] == value;
+      if (seen && bytes[114] == kLastUniverse) return;
     }
   }
-
-  int port = 0;
-
- private:
-  int socket_ = socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0);
 };
 
 /// The time from the end of a pass to its fifteenth packet, in microseconds.

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <algorithm>
-#include <filesystem>
 #include <stdexcept>
 #include <string>
 
@@ -9,6 +8,7 @@
 #include "commands/ConsolePlatform.h"
 #include "commands/Interpreter.h"
 #include "commands/Operations.h"
+#include "platform/TextFile.h"
 
 namespace korvane {
 
@@ -19,12 +19,11 @@ struct ShowLost : std::runtime_error {
 
 /// A plug-in in a console, for as long as a test plays with it.
 struct OperatorConsole {
-  OperatorConsole(const std::string& base, std::uint64_t seed) : host({"show", base}, 512) {
+  OperatorConsole(Disk& disk, const std::string& base, std::uint64_t seed)
+      : host({"show", base}, kUniverseChannels) {
+    platform.files = &disk;
     platform.clock = [this] { return plugin.engine.timers.now(); };
-    platform.pictures = [](const std::string& path) {
-      if (!std::filesystem::exists(path)) throw Failure(kInvalidPicture, path);
-      return Raster(9, 7, rgb(200, 100, 50));
-    };
+    platform.pictures = [&disk](const std::string& path) { return pictureOn(disk, path); };
     plugin.engine.random.seed(seed);
     plugin.plugIn.ITharnPlugin_Init("", "", host);
     answer("open");
@@ -41,6 +40,12 @@ struct OperatorConsole {
   }
   /// There is nothing left to act on.
   bool over() const { return false; }
+
+  /// Any file that is there is a picture.
+  static Raster pictureOn(Disk& disk, const std::string& path) {
+    if (!fileExists(path, disk)) throw Failure(kInvalidPicture, path);
+    return {9, 7, rgb(200, 100, 50)};
+  }
 
   ConsolePlatform platform;
   ConsoleHost host;

@@ -3,10 +3,12 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <filesystem>
+#include <fstream>
 #include <iostream>
 
-#include "commands/OperatorSession.h"
 #include "commands/RandomPerson.h"
+#include "commands/TestOperatorSession.h"
 
 namespace korvane {
 
@@ -46,8 +48,8 @@ class RandomOperator {
         if (!asks_.empty() && person.oneIn(30)) action.line = "click " + someAsker(person);
         const std::string name = nameIn(action.line);
         if (asks_.contains(name) && !person.oneIn(8)) {
-          perform({"answer " + file(session, person, asks_.at(name))});
-          if (person.oneIn(6)) action.limit = person.upTo(4000);
+          perform({"answer " + session.folder() + "/" + person.fileFor(asks_.at(name))});
+          if (person.oneIn(6)) action.room = static_cast<std::size_t>(person.upTo(4000));
         }
         perform(action);
         if (!session.asked.empty()) asks_[name] = session.asked.back();
@@ -92,13 +94,12 @@ class RandomOperator {
  private:
   static constexpr int kMostReplays = 150;  // while a failing script is made shorter
 
-  std::string folder() const {
-    return testing::TempDir() + "korvane-operator-" + std::to_string(seed_);
-  }
   // What was done so far, should the process end.
-  std::string tracePath() const { return folder() + ".script"; }
+  std::string tracePath() const {
+    return testing::TempDir() + "korvane-operator-" + std::to_string(seed_) + ".script";
+  }
   OperatorSession<Console> fresh() const {
-    return {folder(), std::string(KORVANE_SOURCE_DIR) + "/examples", seed_};
+    return {std::string(KORVANE_SOURCE_DIR) + "/examples", seed_};
   }
 
   bool loses(const Script& actions) const {
@@ -112,11 +113,11 @@ class RandomOperator {
   }
 
   static std::string text(const Action& action) {
-    const std::string limit =
-        action.limit == Action::kNoLimit
+    const std::string room =
+        action.room == SimulatedDisk::kUnlimited
             ? ""
-            : "# the disk takes " + std::to_string(action.limit) + " bytes of a file:\n";
-    return limit + action.line + "\n";
+            : "# the disk has room for " + std::to_string(action.room) + " bytes:\n";
+    return room + action.line + "\n";
   }
 
   static std::string nameIn(const std::string& line) {
@@ -126,22 +127,6 @@ class RandomOperator {
 
   std::string someAsker(RandomPerson& person) const {
     return std::next(asks_.begin(), person.upTo(static_cast<int>(asks_.size()) - 1))->first;
-  }
-
-  static std::string file(OperatorSession<Console>& session, RandomPerson& person,
-                          const FileQuestion& question) {
-    static constexpr std::array<const char*, 4> kNames = {"a", "b", "dir", "missing/c"};
-    static constexpr std::array<const char*, 6> kShows = {"1-club-night",      "2-ticker-wall",
-                                                          "3-fire-wall",       "4-slide-show",
-                                                          "5-paint-animation", "6-beat-show"};
-    const std::size_t star = question.filter.rfind("|*.");
-    std::string ending = star == std::string::npos ? ".any" : question.filter.substr(star + 2);
-    ending = ending.substr(0, ending.find(';'));
-    const bool open = question.purpose == FileQuestion::Purpose::Open;
-    const std::string stem = open && person.oneIn(2) ? person.pick(kShows)
-                             : person.oneIn(8)       ? person.pick(kNames)
-                                               : kNames[static_cast<std::size_t>(person.upTo(1))];
-    return session.folder() + "/" + stem + ending;
   }
 
   std::uint64_t seed_;

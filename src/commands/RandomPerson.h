@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <random>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -10,6 +11,7 @@
 #include "platform/Desktop.h"
 #include "platform/ListView.h"
 #include "platform/PictureBox.h"
+#include "platform/Platform.h"
 
 namespace korvane {
 
@@ -25,6 +27,19 @@ class RandomPerson {
   template <class Choices>
   const auto& pick(const Choices& choices) {
     return choices[static_cast<std::size_t>(upTo(static_cast<int>(std::size(choices)) - 1))];
+  }
+
+  std::set<std::string> avoided;  ///< names of forms and controls that are left alone
+
+  /// The name of a file for a question: now an example, now one that is saved over again and again,
+  /// now a folder or a place that is not there.
+  std::string fileFor(const FileQuestion& question) {
+    const std::size_t star = question.filter.rfind("|*.");
+    std::string ending = star == std::string::npos ? ".any" : question.filter.substr(star + 2);
+    ending = ending.substr(0, ending.find(';'));
+    const bool open = question.purpose == FileQuestion::Purpose::Open;
+    if (open && oneIn(2)) return pick(kShows) + ending;
+    return (oneIn(8) ? pick(kNames) : kNames[static_cast<std::size_t>(upTo(1))]) + ending;
   }
 
   /// The next command.
@@ -61,7 +76,7 @@ class RandomPerson {
     if (const Form* modal = desktop_.modal()) return modal;
     std::vector<const Form*> open;
     for (const Form* form : desktop_.forms()) {
-      if (form->visible()) open.push_back(form);
+      if (form->visible() && !avoided.contains(form->name())) open.push_back(form);
     }
     return oneIn(2) ? desktop_.active() : pick(open);
   }
@@ -69,7 +84,9 @@ class RandomPerson {
   const Control* someControl(const Form& form) {
     std::vector<const Control*> reachable;
     for (const Control* control : form.controls()) {
-      if (control->reachable() && control->kind() != Kind::Group) reachable.push_back(control);
+      if (control->reachable() && control->kind() != Kind::Group &&
+          !avoided.contains(control->name()))
+        reachable.push_back(control);
     }
     return reachable.empty() ? nullptr : pick(reachable);
   }
@@ -122,6 +139,10 @@ class RandomPerson {
     return "mouse " + name + " " + pick(kActions) + point();
   }
 
+  static constexpr std::array<const char*, 4> kNames = {"a", "b", "dir", "missing/c"};
+  static inline const std::array<std::string, 6> kShows = {"1-club-night",      "2-ticker-wall",
+                                                           "3-fire-wall",       "4-slide-show",
+                                                           "5-paint-animation", "6-beat-show"};
   static constexpr std::array<int, 3> kMessages = {14, 31, 35};
   static constexpr std::array<const char*, 3> kKeys = {"13", "27", "32"};
   static constexpr std::array<const char*, 5> kActions = {"down", "move", "up", "click",

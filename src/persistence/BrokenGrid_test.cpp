@@ -1,5 +1,7 @@
 // A definition file named after the project that can't be read.
 
+#include <fstream>
+
 #include "testing/TestPlugin.h"
 
 namespace korvane {

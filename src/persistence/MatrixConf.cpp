@@ -76,13 +76,13 @@ void MatrixConf::Form_Load() {
 void MatrixConf::takeDefinition() {
   readProjectNames(engine_);
   const std::string path = definitionFile(engine_);
-  if (!fileExists(path)) {
+  if (!fileExists(path, engine_.platform.disk())) {
     makeDefaultDefinition(engine_);
     showSize();
     return makeDefaultDefinition(engine_);
   }
   orDefaultDefinition(engine_, [&] {
-    apply(readDefinition(path));
+    apply(readDefinition(path, engine_.platform.disk()));
     engine_.v.matrixConfigured = true;
   });
 }
@@ -228,11 +228,12 @@ void MatrixConf::save_Click() {
 void MatrixConf::loadFile() {
   Form::load();
   readProjectNames(engine_);
-  const MatrixDefinition definition = readDefinition(
-      chosenFile(engine_.platform, {.purpose = FileQuestion::Purpose::Open,
-                                    .title = "Load Configuration ...",
-                                    .filter = kFilter,
-                                    .initialDirectory = engine_.v.projectDirectory}));
+  const MatrixDefinition definition =
+      readDefinition(chosenFile(engine_.platform, {.purpose = FileQuestion::Purpose::Open,
+                                                   .title = "Load Configuration ...",
+                                                   .filter = kFilter,
+                                                   .initialDirectory = engine_.v.projectDirectory}),
+                     engine_.platform.disk());
   if (definition.name) engine_.v.matrixName = *definition.name;
   apply(definition);
   showGrid();

@@ -41,10 +41,10 @@ std::int64_t cellsToRead(const MatrixDefinition& definition) {
   return std::min(std::int64_t{*definition.cols} * *definition.rows, Grid<Color>::kMostCells);
 }
 
-bool definitionEndsEarly(const std::string& path) {
+bool definitionEndsEarly(const std::string& path, Disk& disk) {
   bool sized = false;
   try {
-    LineReader file(path, {});
+    LineReader file(path, {}, disk);
     if (file.size() == 0) return true;
     file.skip();
     const std::vector<std::string> size = nextFields(file);
@@ -108,8 +108,8 @@ void makeDefaultDefinition(Engine& engine) {
   v.matrixConfigured = true;
 }
 
-MatrixDefinition readDefinition(const std::string& path) {
-  LineReader file(path, {});
+MatrixDefinition readDefinition(const std::string& path, Disk& disk) {
+  LineReader file(path, {}, disk);
   MatrixDefinition definition;
   try {
     std::string name;
@@ -161,11 +161,15 @@ void writeDefinition(const Engine& engine, const std::string& name, TextWriter& 
 }
 
 void writeDefinition(Engine& engine, const std::string& path, const std::string& name) {
+  Disk& disk = engine.platform.disk();
+  const auto endsEarly = [&disk](const std::string& file) {
+    return definitionEndsEarly(file, disk);
+  };
   try {
     replaceTextFile(
-        path, [&](TextWriter& file) { writeDefinition(engine, name, file); }, definitionEndsEarly);
+        path, [&](TextWriter& file) { writeDefinition(engine, name, file); }, endsEarly, disk);
   } catch (const std::exception& error) {
-    tellOfFailedSave(engine.platform, path, error.what(), definitionEndsEarly);
+    tellOfFailedSave(engine.platform, path, error.what(), endsEarly);
     throw;
   }
 }
@@ -183,9 +187,9 @@ void loadDefinitionAtStart(Engine& engine) {
   if (engine.v.matrixConfigured) return;
   readProjectNames(engine);
   const std::string path = definitionFile(engine);
-  if (!fileExists(path)) return makeDefaultDefinition(engine);
+  if (!fileExists(path, engine.platform.disk())) return makeDefaultDefinition(engine);
   orDefaultDefinition(engine, [&] {
-    const MatrixDefinition definition = readDefinition(path);
+    const MatrixDefinition definition = readDefinition(path, engine.platform.disk());
     if (definition.name) engine.v.matrixName = *definition.name;
     applyDefinition(engine, definition);
     engine.v.matrixConfigured = true;

@@ -42,7 +42,7 @@ struct MatrixDefinition {
 };
 
 /// Reads a definition file; kFileNotFound, kPathAccess.
-MatrixDefinition readDefinition(const std::string& path);
+MatrixDefinition readDefinition(const std::string& path, Disk& disk);
 /// Gives the matrix the size and its cells their channels; each such cell is marked as configured.
 /// `sized` runs between the two. Where the definition ends before the last cell, what it has is
 /// taken, and its end is the failure.

@@ -62,10 +62,10 @@ void skipLists(LineReader& in) {
 
 }  // namespace
 
-bool projectEndsEarly(const std::string& path) {
+bool projectEndsEarly(const std::string& path, Disk& disk) {
   bool ours = false;
   try {
-    LineReader in(path, {});
+    LineReader in(path, {}, disk);
     if (in.size() == 0) return true;
     std::string version;
     in.skip();

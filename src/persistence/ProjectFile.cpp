@@ -145,6 +145,10 @@ void startDeck(Engine& engine, Deck& deck) {
   clear_Click(engine, deck);
 }
 
+EndsEarly endsEarlyOn(Disk& disk) {
+  return [&disk](const std::string& path) { return projectEndsEarly(path, disk); };
+}
+
 std::string folderOf(const std::string& path) {
   const std::u8string folder = std::filesystem::absolute(systemPath(path)).parent_path().u8string();
   return {folder.begin(), folder.end()};
@@ -199,8 +203,6 @@ void readComposition(Engine& engine, LineReader& in) {
   for (Deck* deck : {&engine.v.A, &engine.v.B}) deck->imageIndex = 0;
 }
 
-}  // namespace
-
 // A list without a row has no line for its selection, and a fade of a type that does not exist,
 // from a file that lost its place, can't be shown.
 void requireLoadable(const Engine& engine) {
@@ -213,6 +215,8 @@ void requireLoadable(const Engine& engine) {
   if (type < 0 || type >= kFadeTypes)
     throw Failure(kInvalidPropertyValue, "the fade has no type " + std::to_string(type));
 }
+
+}  // namespace
 
 void writeProject(const Engine& engine, const NumberFormat& format, const std::string& title,
                   TextWriter& file) {
@@ -235,22 +239,31 @@ void writeComposition(const Engine& engine, const NumberFormat& format, TextWrit
   writeFades(engine, out);
 }
 
+void replaceProject(const Engine& engine, const std::string& path) {
+  requireLoadable(engine);
+  Platform& platform = engine.platform;
+  replaceTextFile(
+      path,
+      [&](TextWriter& file) {
+        writeProject(engine, platform.numberFormat(), fileTitle(path), file);
+      },
+      endsEarlyOn(platform.disk()), platform.disk());
+}
+
+void tellOfFailedProject(Platform& platform, const std::string& path, const std::string& reason) {
+  tellOfFailedSave(platform, path, reason, endsEarlyOn(platform.disk()));
+}
+
 bool saveProject(Engine& engine) {
   std::string path;
   try {
     readProjectNames(engine);
     path = chosenFile(engine.platform, question(FileQuestion::Purpose::Save, engine));
-    requireLoadable(engine);
-    replaceTextFile(
-        path,
-        [&](TextWriter& file) {
-          writeProject(engine, engine.platform.numberFormat(), fileTitle(path), file);
-        },
-        projectEndsEarly);
+    replaceProject(engine, path);
     announce(engine, "Matrix Project saved", path);
     return true;
   } catch (const std::exception& error) {  // without a word of the windows, whatever it was
-    tellOfFailedSave(engine.platform, path, error.what(), projectEndsEarly);
+    tellOfFailedProject(engine.platform, path, error.what());
     return false;
   }
 }
@@ -259,7 +272,7 @@ bool loadProject(Engine& engine) {
   readProjectNames(engine);
   const std::string path =
       chosenFile(engine.platform, question(FileQuestion::Purpose::Open, engine));
-  LineReader in(path, engine.platform.numberFormat());
+  LineReader in(path, engine.platform.numberFormat(), engine.platform.disk());
   const std::string version = takeVersion(in);
   if (version != kProjectVersion) {
     engine.platform.messageBox("falsche Matrix-Version " + version);
@@ -272,7 +285,7 @@ bool loadProject(Engine& engine) {
 }
 
 void openProject(Engine& engine, const std::string& path) {
-  LineReader in(path, engine.platform.numberFormat());
+  LineReader in(path, engine.platform.numberFormat(), engine.platform.disk());
   if (takeVersion(in) != kProjectVersion)
     in.fail(kTypeMismatch, "no show of version " + kProjectVersion);
   readComposition(engine, in);

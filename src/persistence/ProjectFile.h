@@ -25,10 +25,6 @@ bool loadProject(Engine& engine);
 /// a wrong version. An effect that can't start, for want of its picture, say, is reported alone.
 void openProject(Engine& engine, const std::string& path);
 
-/// Raises the failure of a composition that could be saved but not be loaded: one with a list that
-/// has no row (kSubscript), or with a fade of no type (kInvalidPropertyValue).
-void requireLoadable(const Engine& engine);
-
 /// The lines of a project file. `title` is the file's name without its folder.
 void writeProject(const Engine& engine, const NumberFormat& format, const std::string& title,
                   TextWriter& file);
@@ -37,7 +33,13 @@ void writeProject(const Engine& engine, const NumberFormat& format, const std::s
 /// and the selections stand, and the counts.
 void writeComposition(const Engine& engine, const NumberFormat& format, TextWriter& file);
 
+/// Writes a project file as replaceTextFile does; a failure, with the file as it was, if it could
+/// not be loaded again.
+void replaceProject(const Engine& engine, const std::string& path);
+/// Hands a failed save of a project to Platform::saveFailed.
+void tellOfFailedProject(Platform& platform, const std::string& path, const std::string& reason);
+
 /// Whether a file is a project whose lines end before they should: what a failed save left.
-bool projectEndsEarly(const std::string& path);
+bool projectEndsEarly(const std::string& path, Disk& disk);
 
 }  // namespace korvane

@@ -181,8 +181,8 @@ TEST_F(ProjectLoad, TheFadeModeOfEachColorChangeIsKeptForTheEndOfATransition) {
     return Texts{"True", "4", "cc", "0", mode, "0", "50", "90", "0"};
   };
   EXPECT_EQ(load(project({.a = {change("3"), change("6")}, .b = {change("7")}})), 0);
-  EXPECT_EQ(v.savedFadeModeA, 6);
-  EXPECT_EQ(v.savedFadeModeB, 7);
+  EXPECT_EQ(v.A.savedFadeMode, 6);
+  EXPECT_EQ(v.B.savedFadeMode, 7);
 }
 
 TEST_F(ProjectLoad, AppliesNoLimitToTheRows) {

@@ -34,7 +34,8 @@ class LineWriter {
 class LineReader {
  public:
   /// As TextReader.
-  LineReader(const std::string& path, NumberFormat format) : file_(path), format_(format) {}
+  LineReader(const std::string& path, NumberFormat format, Disk& disk)
+      : file_(path, disk), format_(format) {}
 
   void take(std::int16_t& value);
   void take(std::int32_t& value);

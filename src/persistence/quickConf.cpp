@@ -77,7 +77,8 @@ void quickConf::CreateDDF_Click() {
     TextWriter file(chosenFile(engine_.platform, {.purpose = FileQuestion::Purpose::Save,
                                                   .title = "create DDF-File for Matrix",
                                                   .filter = "XML-Files (*.xml)|*.xml",
-                                                  .defaultExtension = "xml"}));
+                                                  .defaultExtension = "xml"}),
+                    engine_.platform.disk());
     writeDeviceDefinition(file, engine_.v.matrixCols, engine_.v.matrixRows);
     file.close();
   } catch (const std::exception&) {

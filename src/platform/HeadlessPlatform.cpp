@@ -13,7 +13,7 @@ std::optional<std::string> HeadlessPlatform::askFile(const FileQuestion& questio
 }
 
 Raster HeadlessPlatform::loadPicture(const std::string& path) {
-  if (!fileExists(path)) throw Failure(kFileNotFound, path);
+  if (!fileExists(path, disk())) throw Failure(kFileNotFound, path);
   if (const auto found = pictures.find(path); found != pictures.end()) return found->second;
   throw Failure(kInvalidPicture, path);
 }

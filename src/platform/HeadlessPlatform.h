@@ -18,6 +18,7 @@ class HeadlessPlatform : public Platform {
   Raster loadPicture(const std::string& path) override;
   std::int64_t timeOfDay() override { return time; }
   NumberFormat numberFormat() override { return format; }
+  Disk& disk() override { return *files; }
   void openPage(const std::string& address) override { pages.push_back(address); }
   void failed(const Failure& failure) override { failures.push_back(failure); }
   void saveFailed(const FailedSave& failed) override { failedSaves.push_back(failed); }
@@ -32,6 +33,7 @@ class HeadlessPlatform : public Platform {
   std::vector<FailedSave> failedSaves;
   std::int64_t time = 0;
   NumberFormat format;
+  Disk* files = &machineDisk();
 };
 
 }  // namespace korvane

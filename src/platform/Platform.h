@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 
+#include "platform/Disk.h"
 #include "platform/Failure.h"
 #include "platform/Raster.h"
 #include "platform/Text.h"
@@ -55,6 +56,8 @@ class Platform {
   /// Milliseconds since midnight, for reseeding the random generator.
   virtual std::int64_t timeOfDay() = 0;
   virtual NumberFormat numberFormat() = 0;
+  /// Where files are read and written.
+  virtual Disk& disk() { return machineDisk(); }
   /// Opens a page in the person's browser.
   virtual void openPage(const std::string& address) = 0;
   /// An event ended with a failure; called once for it.

@@ -2,8 +2,6 @@
 
 #include <exception>
 #include <iterator>
-#include <random>
-#include <sstream>
 #include <system_error>
 
 #include "platform/Failure.h"
@@ -11,97 +9,77 @@
 namespace korvane {
 namespace {
 
-namespace fs = std::filesystem;
-
 constexpr int kMostLinks = 40;  // of links to links; more is a circle
 
 void require(bool done, const std::string& path) {
   if (!done) throw Failure(kPathAccess, path);
 }
 
-void require(const std::error_code& error, const std::string& path) {
-  if (error) throw std::system_error(error, path);
-}
-
-void rename(const std::string& from, const std::string& to) {
-  std::error_code error;
-  fs::rename(systemPath(from), systemPath(to), error);
-  require(error, to);
-}
-
-void remove(const std::string& path) {
-  std::error_code error;
-  fs::remove(systemPath(path), error);
-}
-
 // Where a link points to, there or not yet, so that a save replaces the file and not the link.
-std::string behindLinks(const std::string& path) {
-  fs::path file = systemPath(path);
-  std::error_code error;
-  for (int links = 0; fs::is_symlink(file, error); ++links) {
+std::string behindLinks(Disk& disk, const std::string& path) {
+  std::string file = path;
+  for (int links = 0; const auto target = disk.link(file); ++links) {
     require(links < kMostLinks, path);
-    file = file.parent_path() / fs::read_symlink(file, error);  // or where an absolute one says
-    require(error, path);
+    file = utf8Path(systemPath(file).parent_path() / systemPath(*target));  // or an absolute one
   }
-  return utf8Path(file);
+  return file;
 }
 
-// A name in the folder of the file that nobody can guess, so that nobody can put a link there.
-std::string nameBeside(const std::string& path) {
-  std::random_device random;
-  std::ostringstream name;
-  name << ".korvane-" << std::hex << random() << random() << ".saving";
-  return utf8Path(systemPath(path).parent_path() / name.str());
-}
+/// A save: where to, and how to know what a failed one left.
+struct Save {
+  Disk& disk;
+  std::string path;
+  const EndsEarly& endsEarly;
+
+  void put(const std::string& bytes, bool whole) const;
+
+ private:
+  void replace(const std::string& bytes) const;
+  void takePlace(const std::string& fresh) const;
+  void keepBackup() const;
+  void writeInPlace(const std::string& bytes) const;
+};
 
 // The copy gets its name when it is whole.
-void keepBackup(const std::string& path) {
-  const std::string copy = nameBeside(path);
+void Save::keepBackup() const {
+  const std::string copy = disk.nameBeside(path);
   try {
-    std::error_code error;
-    fs::copy_file(systemPath(path), systemPath(copy), error);
-    require(error, copy);
-    flushToDisk(copy);
-    rename(copy, path + ".bak");
+    disk.copy(path, copy);
+    disk.rename(copy, path + ".bak");
   } catch (...) {
-    remove(copy);
+    disk.remove(copy);
     throw;
   }
 }
 
-void takePlace(const std::string& fresh, const std::string& path, const EndsEarly& endsEarly) {
-  if (fileExists(path)) {
-    std::error_code error;
-    fs::permissions(systemPath(fresh), fs::status(systemPath(path), error).permissions(), error);
-    if (!endsEarly(path)) keepBackup(path);
+void Save::takePlace(const std::string& fresh) const {
+  if (fileExists(path, disk)) {
+    disk.takePermissions(fresh, path);
+    if (!endsEarly(path)) keepBackup();
   }
-  rename(fresh, path);
+  disk.rename(fresh, path);
 }
 
-void replace(const std::string& path, const std::string& bytes, const EndsEarly& endsEarly) {
-  const std::string fresh = nameBeside(path);
-  writeNewFile(fresh, bytes);
+void Save::replace(const std::string& bytes) const {
+  const std::string fresh = disk.nameBeside(path);
+  disk.create(fresh, bytes);
   try {
-    takePlace(fresh, path, endsEarly);
+    takePlace(fresh);
   } catch (...) {
-    remove(fresh);
+    disk.remove(fresh);
     throw;
   }
-}
-
-std::string bytesOf(const std::string& path) {
-  std::ifstream stream(systemPath(path), std::ios::binary);
-  require(stream.good(), path);
-  return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
 }
 
 // There is no place for a backup: what can't be written whole is put back as it was.
-void writeInPlace(const std::string& path, const std::string& bytes) {
-  const std::string old = bytesOf(path);
+void Save::writeInPlace(const std::string& bytes) const {
+  const auto stream = disk.read(path);
+  require(stream->good(), path);
+  const std::string old{std::istreambuf_iterator<char>(*stream), {}};
   try {
-    writeOverFile(path, bytes);
+    disk.overwrite(path, bytes);
   } catch (...) {
-    writeOverFile(path, old);
+    disk.overwrite(path, old);
     throw;
   }
 }
@@ -112,36 +90,32 @@ bool notAllowed(const std::error_code& error) {
 }
 
 // Puts the bytes into the file. Half a text never goes where no backup can be made.
-void put(const std::string& path, const std::string& bytes, bool whole,
-         const EndsEarly& endsEarly) {
+void Save::put(const std::string& bytes, bool whole) const {
   try {
     try {
-      replace(path, bytes, endsEarly);
+      replace(bytes);
     } catch (const std::system_error& error) {
-      if (!notAllowed(error.code()) || !fileExists(path)) throw;
-      if (whole) writeInPlace(path, bytes);
+      if (!notAllowed(error.code()) || !fileExists(path, disk)) throw;
+      if (whole) writeInPlace(bytes);
     }
   } catch (const std::system_error& error) {
     throw Failure(kPathAccess, path + ": " + error.code().message());
   }
 }
 
-void requireReplaceable(const std::string& target, const std::string& path) {
-  std::error_code error;
-  const fs::file_status old = fs::status(systemPath(target), error);
-  if (!fs::exists(old)) return;
-  // A folder, a device or a file that may not be written fails here as it would without a backup.
-  require(fs::is_regular_file(old), path);
-  require(std::ofstream(systemPath(target), std::ios::app).good(), path);
+// A folder, a device or a file that may not be written fails here as it would without a backup.
+void requireReplaceable(Disk& disk, const std::string& target, const std::string& path) {
+  const Disk::Kind old = disk.kind(target);
+  if (old == Disk::Kind::Nothing || old == Disk::Kind::Unknown) return;
+  require(old == Disk::Kind::File && disk.mayWrite(target), path);
 }
 
 // Empty for links in a circle, too.
-std::string wholeVersion(const std::string& path, const EndsEarly& endsEarly) {
-  std::error_code error;
-  if (fs::status(systemPath(path), error).type() == fs::file_type::none) return {};
-  const std::string target = behindLinks(path);
+std::string wholeVersion(Disk& disk, const std::string& path, const EndsEarly& endsEarly) {
+  if (disk.kind(path) == Disk::Kind::Unknown) return {};
+  const std::string target = behindLinks(disk, path);
   for (const std::string& file : {target, target + ".bak"}) {
-    if (fileExists(file) && !endsEarly(file)) return file;
+    if (fileExists(file, disk) && !endsEarly(file)) return file;
   }
   return {};
 }
@@ -149,9 +123,9 @@ std::string wholeVersion(const std::string& path, const EndsEarly& endsEarly) {
 }  // namespace
 
 void replaceTextFile(const std::string& path, const std::function<void(TextWriter&)>& write,
-                     const EndsEarly& endsEarly) {
-  const std::string target = behindLinks(path);
-  requireReplaceable(target, path);
+                     const EndsEarly& endsEarly, Disk& disk) {
+  const std::string target = behindLinks(disk, path);
+  requireReplaceable(disk, target, path);
   std::string bytes;
   TextWriter writer(&bytes);
   std::exception_ptr failure;
@@ -160,14 +134,14 @@ void replaceTextFile(const std::string& path, const std::function<void(TextWrite
   } catch (...) {
     failure = std::current_exception();
   }
-  put(target, bytes, failure == nullptr, endsEarly);
+  Save{disk, target, endsEarly}.put(bytes, failure == nullptr);
   if (failure) std::rethrow_exception(failure);
 }
 
 void tellOfFailedSave(Platform& platform, const std::string& path, const std::string& reason,
                       const EndsEarly& endsEarly) {
   if (path.empty()) return;
-  platform.saveFailed({path, reason, wholeVersion(path, endsEarly)});
+  platform.saveFailed({path, reason, wholeVersion(platform.disk(), path, endsEarly)});
 }
 
 }  // namespace korvane

@@ -22,21 +22,11 @@ using EndsEarly = std::function<bool(const std::string& path)>;
 /// and the failure goes on. kPathAccess, with the old file as it was and nothing left beside it, if
 /// the file or its backup can't be made, or if a folder, a device or a pipe stands at the path.
 void replaceTextFile(const std::string& path, const std::function<void(TextWriter&)>& write,
-                     const EndsEarly& endsEarly);
+                     const EndsEarly& endsEarly, Disk& disk = machineDisk());
 
 /// Hands a failed save to Platform::saveFailed, with where the last whole version is. A path that
 /// is empty, as nobody chose one, is no save.
 void tellOfFailedSave(Platform& platform, const std::string& path, const std::string& reason,
                       const EndsEarly& endsEarly);
-
-// What follows differs by system. Each raises std::system_error.
-
-/// Makes a file that was not there, with these bytes, on the disk. Nothing of it is left behind if
-/// that fails.
-void writeNewFile(const std::string& path, std::string_view bytes);
-/// Writes over the bytes of a file that is there.
-void writeOverFile(const std::string& path, std::string_view bytes);
-/// Hands a file to the disk: it survives a loss of power from here on.
-void flushToDisk(const std::string& path);
 
 }  // namespace korvane

@@ -10,6 +10,7 @@
 #include <unistd.h>
 
 #include <csignal>
+#include <fstream>
 #include <iterator>
 
 #include "platform/Failure.h"

@@ -1,7 +1,7 @@
 #include "platform/TextFile.h"
 
-#include <fstream>
-#include <system_error>
+#include <istream>
+#include <ostream>
 
 #include "platform/Failure.h"
 #include "platform/Text.h"
@@ -22,17 +22,14 @@ std::string utf8Path(const std::filesystem::path& path) {
   return {text.begin(), text.end()};
 }
 
-bool fileExists(const std::string& path) {
-  std::error_code error;
-  return std::filesystem::is_regular_file(systemPath(path), error);
-}
+bool fileExists(const std::string& path, Disk& disk) { return disk.kind(path) == Disk::Kind::File; }
 
 std::string fileTitle(const std::string& path) { return utf8Path(systemPath(path).filename()); }
 
-TextReader::TextReader(const std::string& path) : path_(path) {
-  if (!fileExists(path)) throw Failure(kFileNotFound, path);
-  stream_.open(systemPath(path), std::ios::binary);
-  if (!stream_) throw Failure(kPathAccess, path);
+TextReader::TextReader(const std::string& path, Disk& disk) : path_(path), disk_(disk) {
+  if (!fileExists(path, disk)) throw Failure(kFileNotFound, path);
+  stream_ = disk.read(path);
+  if (!*stream_) throw Failure(kPathAccess, path);
 }
 
 void TextReader::fail(int number, const std::string& what) const {
@@ -42,9 +39,9 @@ void TextReader::fail(int number, const std::string& what) const {
 // False at the end of the file.
 bool TextReader::readBlock() {
   block_.resize(kBlock);
-  stream_.read(block_.data(), static_cast<std::streamsize>(kBlock));
-  if (stream_.bad()) throw Failure(kPathAccess, path_);
-  block_.resize(static_cast<std::size_t>(stream_.gcount()));
+  stream_->read(block_.data(), static_cast<std::streamsize>(kBlock));
+  if (stream_->bad()) throw Failure(kPathAccess, path_);
+  block_.resize(static_cast<std::size_t>(stream_->gcount()));
   position_ = 0;
   return !block_.empty();
 }
@@ -78,30 +75,29 @@ std::string TextReader::readLine() {
   return fromCodePage1252(line);
 }
 
-std::uintmax_t TextReader::size() const {
-  std::error_code error;
-  const std::uintmax_t bytes = std::filesystem::file_size(systemPath(path_), error);
-  return error ? 0 : bytes;
-}
+std::uintmax_t TextReader::size() const { return disk_.size(path_); }
 
 // To open a pipe would wait for its reader.
-TextWriter::TextWriter(const std::string& path) : path_(path) {
-  std::error_code error;
-  const std::filesystem::file_status old = std::filesystem::status(systemPath(path), error);
-  if (!std::filesystem::exists(old) || std::filesystem::is_regular_file(old))
-    stream_.open(systemPath(path), std::ios::binary);
-  if (!stream_.is_open()) throw Failure(kPathAccess, path_);
+TextWriter::TextWriter(const std::string& path, Disk& disk) : path_(path) {
+  const Disk::Kind old = disk.kind(path);
+  if (old == Disk::Kind::Nothing || old == Disk::Kind::File) stream_ = disk.write(path);
+  if (!stream_ || !*stream_) throw Failure(kPathAccess, path_);
 }
+
+TextWriter::TextWriter(std::string* bytes) : bytes_(bytes) {}
+
+TextWriter::~TextWriter() = default;
 
 void TextWriter::writeLine(std::string_view utf8) {
   const std::string line = toCodePage1252(utf8) + "\r\n";
-  bytes_ != nullptr ? static_cast<void>(*bytes_ += line) : static_cast<void>(stream_ << line);
+  bytes_ != nullptr ? static_cast<void>(*bytes_ += line) : static_cast<void>(*stream_ << line);
 }
 
 void TextWriter::close() {
   if (bytes_ != nullptr) return;
-  stream_.close();
-  if (stream_.fail()) throw Failure(kPathAccess, path_);
+  const bool taken = !stream_->flush().fail();
+  stream_.reset();
+  if (!taken) throw Failure(kPathAccess, path_);
 }
 
 }  // namespace korvane

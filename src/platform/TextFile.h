@@ -3,9 +3,12 @@
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
-#include <fstream>
+#include <iosfwd>
+#include <memory>
 #include <string>
 #include <string_view>
+
+#include "platform/Disk.h"
 
 namespace korvane {
 
@@ -13,7 +16,7 @@ namespace korvane {
 std::filesystem::path systemPath(const std::string& path);
 std::string utf8Path(const std::filesystem::path& path);
 /// True if a file (not a folder, nor a device) stands at the path.
-bool fileExists(const std::string& path);
+bool fileExists(const std::string& path, Disk& disk = machineDisk());
 /// The last component of a path.
 std::string fileTitle(const std::string& path);
 
@@ -25,7 +28,7 @@ class TextReader {
   static constexpr std::size_t kLongestLine = std::size_t{1} << 20;
 
   /// kFileNotFound if there is no such file, kPathAccess if it can't be read.
-  explicit TextReader(const std::string& path);
+  explicit TextReader(const std::string& path, Disk& disk = machineDisk());
 
   /// The next line as UTF-8; kPastEndOfFile when there is none, kOutOfMemory when it is longer than
   /// a line may be, with the file and line number.
@@ -42,7 +45,8 @@ class TextReader {
   [[noreturn]] void fail(int number, const std::string& what) const;
 
   std::string path_;
-  std::ifstream stream_;
+  Disk& disk_;
+  std::unique_ptr<std::istream> stream_;
   std::string block_;  // what was read of the file last
   std::size_t position_ = 0;
   std::size_t bytesRead_ = 0;
@@ -55,9 +59,12 @@ class TextWriter {
  public:
   /// Creates the file, or replaces it. kPathAccess if that can't be done, or if a folder, a device
   /// or a pipe stands there.
-  explicit TextWriter(const std::string& path);
+  explicit TextWriter(const std::string& path, Disk& disk = machineDisk());
   /// Appends to a string, which must outlive it, what would go to a file.
-  explicit TextWriter(std::string* bytes) : bytes_(bytes) {}
+  explicit TextWriter(std::string* bytes);
+  ~TextWriter();
+  TextWriter(const TextWriter&) = delete;
+  TextWriter& operator=(const TextWriter&) = delete;
 
   void writeLine(std::string_view utf8);
   /// Hands everything to the system; kPathAccess if it didn't take it.
@@ -65,7 +72,7 @@ class TextWriter {
 
  private:
   std::string path_;
-  std::ofstream stream_;
+  std::unique_ptr<std::ostream> stream_;
   std::string* bytes_ = nullptr;
 };
 

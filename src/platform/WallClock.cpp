@@ -1,9 +1,7 @@
 #include "platform/WallClock.h"
 
 #include <algorithm>
-#include <ctime>
 #include <limits>
-#include <thread>
 #include <utility>
 
 namespace korvane {
@@ -15,24 +13,17 @@ namespace {
 constexpr std::int64_t kLongestSleep = 50;  // ms
 }  // namespace
 
-std::int64_t wallTimeOfDay() {
-  const auto now = std::chrono::system_clock::now();
-  const std::time_t seconds = std::chrono::system_clock::to_time_t(now);
-  const std::tm local = *std::localtime(&seconds);
-  const auto fraction = duration_cast<milliseconds>(now.time_since_epoch()).count() % 1000;
-  return ((local.tm_hour * 60 + local.tm_min) * 60 + local.tm_sec) * 1000LL + fraction;
-}
-
-WallClock::WallClock(TimerQueue& timers, std::function<void()> passed)
+WallClock::WallClock(TimerQueue& timers, std::function<void()> passed, Clock& clock)
     : timers_(timers),
       passed_(std::move(passed)),
-      start_(Steady::now() - milliseconds(timers.now())) {
+      clock_(clock),
+      start_(clock.now() - milliseconds(timers.now())) {
   timers_.clock = [this] { return elapsed(); };
 }
 
 // A script may have moved the timers' time ahead; it goes on from there.
 std::int64_t WallClock::elapsed() {
-  const Steady::time_point now = Steady::now();
+  const Clock::Time now = clock_.now();
   start_ = std::min(start_, now - milliseconds(timers_.now()));
   return duration_cast<milliseconds>(now - start_).count();
 }
@@ -48,7 +39,7 @@ void WallClock::advance(std::int64_t time, const TimerQueue::Gate& gate) {
     pass(gate);
     if (timers_.now() >= end || (mayGoOn && !mayGoOn())) return;
     const std::int64_t next = std::min({timers_.nextDue(), end, elapsed() + kLongestSleep});
-    std::this_thread::sleep_until(start_ + milliseconds(next));
+    clock_.sleepUntil(start_ + milliseconds(next));
   }
 }
 

@@ -1,14 +1,15 @@
 #pragma once
 
-#include <chrono>
+#include <cstdint>
 #include <functional>
 
+#include "platform/Clock.h"
 #include "platform/TimerQueue.h"
 
 namespace korvane {
 
-/// Milliseconds since midnight, local time.
-std::int64_t wallTimeOfDay();
+/// Milliseconds since midnight, local time, by the machine's clock.
+inline std::int64_t wallTimeOfDay() { return machineClock().timeOfDay(); }
 
 /// Runs timers by the machine's clock, which goes on from the timers' own time. It is their clock
 /// as long as it lives.
@@ -16,7 +17,7 @@ class WallClock {
  public:
   /// `passed` follows each pass over the timers.
   explicit WallClock(
-      TimerQueue& timers, std::function<void()> passed = [] {});
+      TimerQueue& timers, std::function<void()> passed = [] {}, Clock& clock = machineClock());
   ~WallClock() { timers_.clock = nullptr; }
   WallClock(const WallClock&) = delete;
   WallClock& operator=(const WallClock&) = delete;
@@ -32,13 +33,12 @@ class WallClock {
   std::function<bool()> mayGoOn;
 
  private:
-  using Steady = std::chrono::steady_clock;
-
   std::int64_t elapsed();
 
   TimerQueue& timers_;
   std::function<void()> passed_;
-  Steady::time_point start_;  // of the timers' time
+  Clock& clock_;
+  Clock::Time start_;  // of the timers' time
 };
 
 }  // namespace korvane

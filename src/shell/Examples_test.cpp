@@ -1,4 +1,5 @@
 #include <array>
+#include <fstream>
 
 #include "testing/TestPlugin.h"
 

@@ -33,41 +33,10 @@ TEST_F(EngineTest, StartsWithItsDefaults) {
   EXPECT_EQ(v.fadeSteps, 30);
   EXPECT_EQ(v.fadeStep, 0);
   EXPECT_EQ(v.fadeDirection, 1);
-  EXPECT_EQ(v.colorIndexA, -1);
-  EXPECT_EQ(v.colorIndexB, -1);
+  EXPECT_EQ(v.A.colorIndex, -1);
+  EXPECT_EQ(v.B.colorIndex, -1);
   EXPECT_FALSE(v.fadeRunning || v.outputActive || v.simActive || v.simOpen);
   EXPECT_FALSE(v.matrixConfigured || v.quickConfigured || v.configChanged);
-}
-
-// Each shared field of a deck has its own name with the deck's letter.
-template <class T>
-void expectTwins(T& a, T& ofA, T& b, T& ofB) {
-  EXPECT_EQ(&a, &ofA);
-  EXPECT_EQ(&b, &ofB);
-}
-
-TEST_F(EngineTest, TheDecksFieldsHaveBothNames) {
-  expectTwins(v.frameA, v.A.frame, v.frameB, v.B.frame);
-  expectTwins(v.frameWorkA, v.A.frameWork, v.frameWorkB, v.B.frameWork);
-  expectTwins(v.previewA, v.A.preview, v.previewB, v.B.preview);
-  expectTwins(v.efxA, v.A.efx, v.efxB, v.B.efx);
-  expectTwins(v.efxACount, v.A.efxCount, v.efxBCount, v.B.efxCount);
-  expectTwins(v.efxADeleted, v.A.efxDeleted, v.efxBDeleted, v.B.efxDeleted);
-  expectTwins(v.efxAEdited, v.A.efxEdited, v.efxBEdited, v.B.efxEdited);
-  expectTwins(v.selA, v.A.sel, v.selB, v.B.sel);
-  expectTwins(v.colorIndexA, v.A.colorIndex, v.colorIndexB, v.B.colorIndex);
-  expectTwins(v.savedFadeModeA, v.A.savedFadeMode, v.savedFadeModeB, v.B.savedFadeMode);
-  expectTwins(v.imageIndexA, v.A.imageIndex, v.imageIndexB, v.B.imageIndex);
-  expectTwins(v.imagePosXA, v.A.imagePosX, v.imagePosXB, v.B.imagePosX);
-  expectTwins(v.imagePosYA, v.A.imagePosY, v.imagePosYB, v.B.imagePosY);
-  expectTwins(v.scrollLengthA, v.A.scrollLength, v.scrollLengthB, v.B.scrollLength);
-  expectTwins(v.tickerMaxWidthA, v.A.tickerMaxWidth, v.tickerMaxWidthB, v.B.tickerMaxWidth);
-  expectTwins(v.transitionRunningA, v.A.transitionRunning, v.transitionRunningB,
-              v.B.transitionRunning);
-  expectTwins(v.stepsA, v.A.steps, v.stepsB, v.B.steps);
-  expectTwins(v.stepA, v.A.step, v.stepB, v.B.step);
-  expectTwins(v.fadeFactorA, v.A.fadeFactor, v.fadeFactorB, v.B.fadeFactor);
-  expectTwins(v.beatOnA, v.A.beatOn, v.beatOnB, v.B.beatOn);
 }
 
 TEST_F(EngineTest, ADecksControlsAndTimersCarryItsLetter) {

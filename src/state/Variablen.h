@@ -70,17 +70,6 @@ struct Variablen {
   std::vector<std::int32_t> fadeOrder;
 
   // Decks.
-  std::int16_t &colorIndexA = A.colorIndex, &colorIndexB = B.colorIndex;
-  std::int16_t &savedFadeModeA = A.savedFadeMode, &savedFadeModeB = B.savedFadeMode;
-  std::int16_t &imageIndexA = A.imageIndex, &imageIndexB = B.imageIndex;
-  std::int16_t &imagePosXA = A.imagePosX, &imagePosXB = B.imagePosX;
-  std::int16_t &imagePosYA = A.imagePosY, &imagePosYB = B.imagePosY;
-  std::int16_t &scrollLengthA = A.scrollLength, &scrollLengthB = B.scrollLength;
-  std::int32_t &tickerMaxWidthA = A.tickerMaxWidth, &tickerMaxWidthB = B.tickerMaxWidth;
-  Boolean &transitionRunningA = A.transitionRunning, &transitionRunningB = B.transitionRunning;
-  std::int16_t &stepsA = A.steps, &stepsB = B.steps;
-  std::int16_t &stepA = A.step, &stepB = B.step;
-  double &fadeFactorA = A.fadeFactor, &fadeFactorB = B.fadeFactor;
   Boolean &beatOnA = A.beatOn, &beatOnB = B.beatOn;
 
   // Beat, output and windows.

@@ -40,7 +40,7 @@ TEST_F(MainWindow, LoadingSetsTimersListsAndMaster) {
   EXPECT_EQ(master.fadeType.text(), "CrossFade");
   EXPECT_EQ(master.fadeName.text(), "new fade");
   EXPECT_EQ(master.fadeTimeText.text(), "3.00");
-  EXPECT_EQ(v.colorIndexA, -1);
+  EXPECT_EQ(v.A.colorIndex, -1);
   EXPECT_EQ(v.masterValue, 0.5);
   EXPECT_EQ(master.faderM.value(), 0);
 }

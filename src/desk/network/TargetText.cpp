@@ -5,7 +5,7 @@
 #include <charconv>
 #include <stdexcept>
 
-#include "desk/network/Udp.h"
+#include "platform/Network.h"
 
 namespace korvane {
 

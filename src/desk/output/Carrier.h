@@ -7,9 +7,9 @@
 
 #include "desk/network/Packet.h"
 #include "desk/network/SequenceStore.h"
-#include "desk/network/Udp.h"
 #include "desk/output/OutputConfig.h"
 #include "desk/wall/WallPicture.h"
+#include "platform/Network.h"
 
 namespace korvane {
 

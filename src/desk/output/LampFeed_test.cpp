@@ -1,53 +1,29 @@
 #include "desk/output/LampFeed.h"
 
-#include <arpa/inet.h>
 #include <gtest/gtest.h>
-#include <sys/socket.h>
-#include <unistd.h>
-
-#include <array>
 
 #include "platform/HeadlessPlatform.h"
 #include "shell/Plugin.h"
+#include "testing/UdpReceiver.h"
 
 namespace korvane {
 namespace {
 
 /// Takes sACN's values of the universes 1 to 15 on this machine.
-class Wall {
- public:
-  Wall() {
-    sockaddr_in address{};
-    address.sin_family = AF_INET;
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    socklen_t size = sizeof address;
-    auto* any = reinterpret_cast<sockaddr*>(&address);
-    const timeval patience{.tv_sec = 5, .tv_usec = 0};
-    setsockopt(socket_, SOL_SOCKET, SO_RCVTIMEO, &patience, sizeof patience);
-    EXPECT_EQ(bind(socket_, any, size), 0);
-    EXPECT_EQ(getsockname(socket_, any, &size), 0);
-    port = ntohs(address.sin_port);
-  }
-  ~Wall() { close(socket_); }
-  Wall(const Wall&) = delete;
-  Wall& operator=(const Wall&) = delete;
-
+struct Wall {
   /// Takes packets until a picture's last universe has come whose values are these; false if it
   /// does not come.
   bool shows(const WallPicture& wanted) {
-    std::array<std::uint8_t, 700> packet{};
-    while (recv(socket_, packet.data(), packet.size(), 0) == 638) {
+    for (;;) {
+      const std::vector<std::uint8_t> packet = receiver.packet();
+      if (packet.size() != 638) return false;
       std::copy_n(&packet[126], 512, seen.universe(packet[114]).begin());
       if (packet[114] == 15 && seen.universes == wanted.universes) return true;
     }
-    return false;
   }
 
   WallPicture seen;
-  int port = 0;
-
- private:
-  int socket_ = socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0);
+  UdpReceiver receiver;
 };
 
 class LampFeeds : public testing::Test {
@@ -96,7 +72,8 @@ class LampFeeds : public testing::Test {
 };
 
 TEST_F(LampFeeds, EveryLampOfFifteenUniversesHoldsTheMixedPictureByTheMap) {
-  feed.outputs.add(parseOutput("sacn:1-15@127.0.0.1:" + std::to_string(wall.port) + ",rate=1000"))
+  feed.outputs
+      .add(parseOutput("sacn:1-15@127.0.0.1:" + std::to_string(wall.receiver.port) + ",rate=1000"))
       .switchOn();
   for (unsigned pass = 1; pass <= 20; ++pass) {
     paint(pass);
@@ -107,7 +84,8 @@ TEST_F(LampFeeds, EveryLampOfFifteenUniversesHoldsTheMixedPictureByTheMap) {
 }
 
 TEST_F(LampFeeds, WithoutAnAnnouncedPassNothingIsTaken) {
-  feed.outputs.add(parseOutput("sacn:1-15@127.0.0.1:" + std::to_string(wall.port))).switchOn();
+  feed.outputs.add(parseOutput("sacn:1-15@127.0.0.1:" + std::to_string(wall.receiver.port)))
+      .switchOn();
   paint(1);
   feed.endOfPass(v);
   EXPECT_TRUE(wall.shows({})) << "dark";
@@ -117,7 +95,8 @@ TEST_F(LampFeeds, WithoutAnAnnouncedPassNothingIsTaken) {
 }
 
 TEST_F(LampFeeds, AnotherMapIsFollowedAndNegativeCodesNameNoLamp) {
-  feed.outputs.add(parseOutput("sacn:1-15@127.0.0.1:" + std::to_string(wall.port) + ",rate=1000"))
+  feed.outputs
+      .add(parseOutput("sacn:1-15@127.0.0.1:" + std::to_string(wall.receiver.port) + ",rate=1000"))
       .switchOn();
   paint(1);
   feed.announce();
@@ -131,7 +110,8 @@ TEST_F(LampFeeds, AnotherMapIsFollowedAndNegativeCodesNameNoLamp) {
 }
 
 TEST_F(LampFeeds, LevelsActAtOnceOnWhatLeaves) {
-  feed.outputs.add(parseOutput("sacn:1-15@127.0.0.1:" + std::to_string(wall.port) + ",rate=1000"))
+  feed.outputs
+      .add(parseOutput("sacn:1-15@127.0.0.1:" + std::to_string(wall.receiver.port) + ",rate=1000"))
       .switchOn();
   paint(1);
   feed.announce();
@@ -155,7 +135,7 @@ TEST_F(LampFeeds, LevelsActAtOnceOnWhatLeaves) {
 
 TEST_F(LampFeeds, ALampTestGoesPastLevelsAndLooksUntilItEnds) {
   OutputConfig config =
-      parseOutput("sacn:1-15@127.0.0.1:" + std::to_string(wall.port) + ",rate=1000");
+      parseOutput("sacn:1-15@127.0.0.1:" + std::to_string(wall.receiver.port) + ",rate=1000");
   config.look = {.gamma = 2.2, .balance = {50, 50, 50}};
   feed.outputs.add(config).switchOn();
   paint(1);

@@ -8,8 +8,8 @@
 #include "desk/network/DdpPacket.h"
 #include "desk/network/SacnPacket.h"
 #include "desk/network/TargetText.h"
-#include "desk/network/Udp.h"
 #include "desk/wall/WallPicture.h"
+#include "platform/Network.h"
 #include "platform/Text.h"
 
 namespace korvane {

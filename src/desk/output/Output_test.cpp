@@ -1,12 +1,10 @@
-#include <arpa/inet.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <sys/socket.h>
-#include <unistd.h>
 
 #include <filesystem>
 
 #include "desk/output/Outputs.h"
+#include "testing/UdpReceiver.h"
 
 namespace korvane {
 namespace {
@@ -14,39 +12,7 @@ namespace {
 using namespace std::chrono_literals;
 using testing::HasSubstr;
 
-/// Receives on a free port of this machine.
-class Receiver {
- public:
-  Receiver() {
-    sockaddr_in address{};
-    address.sin_family = AF_INET;
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    socklen_t size = sizeof address;
-    auto* any = reinterpret_cast<sockaddr*>(&address);
-    const timeval patience{.tv_sec = 5, .tv_usec = 0};
-    setsockopt(socket_, SOL_SOCKET, SO_RCVTIMEO, &patience, sizeof patience);
-    EXPECT_EQ(bind(socket_, any, size), 0);
-    EXPECT_EQ(getsockname(socket_, any, &size), 0);
-    port = ntohs(address.sin_port);
-  }
-  ~Receiver() { close(socket_); }
-  Receiver(const Receiver&) = delete;
-  Receiver& operator=(const Receiver&) = delete;
-
-  std::string place() const { return "@127.0.0.1:" + std::to_string(port); }
-  /// The next packet, waiting up to 5 s; empty when none comes, or none is there.
-  std::vector<std::uint8_t> packet(bool wait = true) const {
-    std::vector<std::uint8_t> bytes(2000);
-    const auto size = recv(socket_, bytes.data(), bytes.size(), wait ? 0 : MSG_DONTWAIT);
-    bytes.resize(size > 0 ? static_cast<std::size_t>(size) : 0);
-    return bytes;
-  }
-
-  int port = 0;
-
- private:
-  int socket_ = socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0);
-};
+using Receiver = UdpReceiver;
 
 WallPicture look(int value) {
   WallPicture wall;

@@ -1,11 +1,9 @@
-#include "desk/output/Sender.h"
-
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "desk/network/ArtnetPacket.h"
 #include "desk/network/SacnPacket.h"
-#include "desk/output/TestNetwork.h"
+#include "desk/output/TestSenders.h"
 
 namespace korvane {
 namespace {
@@ -15,69 +13,6 @@ using std::chrono::milliseconds;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
-
-constexpr TimePoint kStart = TimePoint{} + 1000h;
-TimePoint virtualNow = kStart;
-
-const Endpoint kOther{0x0a000007, 5568};  // 10.0.0.7
-constexpr Uuid kOurs = {1, 2, 3};
-constexpr Uuid kTheirs = {9, 9, 9};
-
-/// An output under a virtual clock, on a network that the test holds. A look is a picture whose
-/// first channel, or first lamp, tells it from others.
-class Senders : public testing::Test {
- protected:
-  void begin(const std::string& text, int value = 1) {
-    config = parseOutput(text);
-    virtualNow = kStart;
-    sender.emplace(config, makeCarrier(config, {kOurs, &sequences}, network), look(value));
-  }
-  OutputPicture look(int value) const {
-    WallPicture wall;
-    wall.lamps.resize(lamps);
-    for (Slots& slots : wall.universes) slots[0] = static_cast<std::uint8_t>(value);
-    for (Rgb& lamp : wall.lamps) lamp = {static_cast<std::uint8_t>(value), 0, 0};
-    return pictureFor(config, wall);
-  }
-  void show(int value) { sender->show(look(value), virtualNow); }
-  /// Lets time pass; steps run when they are due.
-  void runUntil(milliseconds end) {
-    while (!sender->ended() && sender->due() <= kStart + end) {
-      virtualNow = std::max(virtualNow, sender->due());
-      const std::size_t before = network.calls.size();
-      sender->step(virtualNow, [] { return virtualNow; });
-      for (std::size_t call = before; call < network.calls.size(); ++call)
-        times.push_back(virtualNow);
-    }
-    virtualNow = std::max(virtualNow, kStart + end);
-  }
-  /// "5@100": the first value was 5 at 100 ms; "!" marks a terminated packet; pictures alone.
-  std::string log() const {
-    std::string text;
-    for (std::size_t i = 0; i < network.calls.size(); ++i) {
-      const std::vector<std::uint8_t>& bytes = network.calls[i].datagrams.front().bytes;
-      const bool sacn = config.kind == OutputKind::Sacn;
-      if (bytes.size() < 500) continue;
-      const int value = bytes[sacn ? 126 : config.kind == OutputKind::Artnet ? 18 : 10];
-      const auto at = std::chrono::duration_cast<milliseconds>(times[i] - kStart).count();
-      text += (text.empty() ? "" : " ") + std::to_string(value) + "@" + std::to_string(at) +
-              (sacn && bytes[112] == 0x40 ? "!" : "");
-    }
-    return text;
-  }
-  OutputFigures figures() const { return sender->figures(virtualNow); }
-  std::vector<std::uint8_t> foreign(const std::string& name, int universe, int priority,
-                                    bool terminated = false) const {
-    return sacnPacket({kTheirs, universe, 1, terminated, name, priority}, Slots{});
-  }
-
-  TestNetwork network;
-  SequenceStore sequences;
-  std::size_t lamps = 200;
-  OutputConfig config;
-  std::optional<Sender> sender;
-  std::vector<TimePoint> times;
-};
 
 TEST_F(Senders, APictureComesAtOnceThenThreeRepeatsThenKeepAlives) {
   for (const char* text : {"sacn:1@10.0.0.1", "artnet:1", "ddp@10.0.0.1"}) {
@@ -304,76 +239,6 @@ TEST_F(Senders, ArtnetSequenceNumbersRunFrom1To255) {
   }
   for (std::size_t i = 0; i < network.calls.size(); ++i)
     ASSERT_EQ(network.calls[i].datagrams[0].bytes[12], static_cast<int>(i) % 255 + 1) << i;
-}
-
-/// A display of DDP as its field list says: it shows what is pushed. Made apart from the writer.
-struct DdpDisplay {
-  std::vector<std::uint8_t> memory, shown;
-  int pushes = 0;
-
-  void take(const std::vector<std::uint8_t>& packet) {
-    ASSERT_GE(packet.size(), 10U);
-    EXPECT_EQ(packet[0] & 0xc0, 0x40) << "version 1";
-    EXPECT_EQ(packet[0] & 0x3e, 0) << "no query, reply, storage or time code";
-    EXPECT_EQ(packet[1] & 0xf0, 0);
-    EXPECT_EQ(packet[2], 0x0b) << "RGB, 8 bits";
-    EXPECT_EQ(packet[3], 1) << "the display";
-    const std::size_t offset =
-        static_cast<std::size_t>(packet[4]) << 24 | packet[5] << 16 | packet[6] << 8 | packet[7];
-    const std::size_t length = static_cast<std::size_t>(packet[8]) << 8 | packet[9];
-    ASSERT_EQ(packet.size(), 10 + length);
-    ASSERT_LE(length, 1440U);
-    memory.resize(std::max(memory.size(), offset + length));
-    std::copy(packet.begin() + 10, packet.end(),
-              memory.begin() + static_cast<std::ptrdiff_t>(offset));
-    if ((packet[0] & 1) == 0) return;
-    shown = memory;
-    ++pushes;
-  }
-};
-
-TEST_F(Senders, DdpShowsTheWholeWallAlsoWhenItFillsItsPackets) {
-  for (const std::size_t count : {1U, 479U, 480U, 481U, 960U, 2500U, 4800U}) {
-    SCOPED_TRACE(count);
-    lamps = count;
-    network.calls.clear();
-    begin("ddp@10.0.0.1", 77);
-    runUntil(0ms);
-    DdpDisplay display;
-    for (const Datagram& datagram : network.calls[0].datagrams) display.take(datagram.bytes);
-    EXPECT_EQ(display.pushes, 1);
-    ASSERT_EQ(display.shown.size(), 3 * count);
-    for (std::size_t i = 0; i < display.shown.size(); ++i)
-      ASSERT_EQ(display.shown[i], i % 3 == 0 ? 77 : 0) << i;
-  }
-}
-
-TEST_F(Senders, DdpNumbersItsPacketsUnlessAPictureHasMoreThanTen) {
-  lamps = 961;
-  begin("ddp@10.0.0.1,rate=1000");
-  for (int i = 0; i < 20; ++i) {
-    runUntil(i * 10ms);
-    show(i + 2);
-  }
-  int last = 0;
-  for (const auto& call : network.calls) {
-    for (const Datagram& datagram : call.datagrams) {
-      EXPECT_EQ(datagram.bytes[1], last % 15 + 1);
-      last = datagram.bytes[1];
-    }
-  }
-  lamps = 5000;
-  begin("ddp@10.0.0.1");
-  runUntil(0ms);
-  EXPECT_EQ(network.calls.back().datagrams.size(), 11U);
-  for (const Datagram& datagram : network.calls.back().datagrams) EXPECT_EQ(datagram.bytes[1], 0);
-}
-
-TEST_F(Senders, AWallWithoutLampsSendsNothingByDdp) {
-  lamps = 0;
-  begin("ddp@10.0.0.1");
-  runUntil(5s);
-  EXPECT_THAT(network.calls, IsEmpty());
 }
 
 TEST_F(Senders, AnErrorIsToldForSomeSecondsAndSendingGoesOnWithANewSocket) {

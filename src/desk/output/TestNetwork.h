@@ -3,7 +3,7 @@
 #include <deque>
 #include <map>
 
-#include "desk/network/Udp.h"
+#include "platform/Network.h"
 
 namespace korvane {
 

@@ -20,6 +20,7 @@ class DeskPlatform : public Platform {
   Raster loadPicture(const std::string& path) override { return machine_.loadPicture(path); }
   std::int64_t timeOfDay() override { return machine_.timeOfDay(); }
   NumberFormat numberFormat() override { return machine_.numberFormat(); }
+  Disk& disk() override { return machine_.disk(); }
   void openPage(const std::string& address) override;
   void failed(const Failure& failure) override { machine_.failed(failure); }
   void saveFailed(const FailedSave& failed) override { machine_.saveFailed(failed); }

@@ -202,7 +202,7 @@ void DeskSession::begin() {
 }
 
 bool DeskSession::open(const std::string& show) {
-  if (const auto wrong = whatIsWrongWith(show, platform.numberFormat())) {
+  if (const auto wrong = whatIsWrongWith(show, platform)) {
     platform.messageBox(showName(show) + " can't be opened. " + *wrong);
     return false;
   }
@@ -246,8 +246,8 @@ bool DeskSession::save(const std::string& show) {
 
 // The show stands in its file; its grid belongs beside it.
 bool DeskSession::keepIn(const std::string& show) {
-  const bool gridToo =
-      show != path_ || changed(definition_) || !fileExists(projectOf(show) + kGridEnding);
+  const bool gridToo = show != path_ || changed(definition_) ||
+                       !fileExists(projectOf(show) + kGridEnding, platform.disk());
   keep(composition_);
   adopt(show);
   if (!gridToo) return true;
@@ -263,14 +263,10 @@ bool DeskSession::keepIn(const std::string& show) {
 
 bool DeskSession::saveComposition(const std::string& show) {
   try {
-    requireLoadable(plugin.engine);
-    const auto lines = [&](TextWriter& file) {
-      writeProject(plugin.engine, platform.numberFormat(), fileTitle(show), file);
-    };
-    replaceTextFile(show, lines, projectEndsEarly);
+    replaceProject(plugin.engine, show);
     return true;
   } catch (const std::exception& error) {
-    tellOfFailedSave(platform, show, error.what(), projectEndsEarly);
+    tellOfFailedProject(platform, show, error.what());
     return false;
   }
 }

@@ -3,11 +3,9 @@
 #include <algorithm>
 #include <array>
 #include <exception>
-#include <filesystem>
-#include <fstream>
+#include <istream>
 #include <stdexcept>
 #include <string_view>
-#include <system_error>
 
 #include "platform/ReplaceFile.h"
 #include "platform/TextFile.h"
@@ -20,11 +18,11 @@ constexpr std::array<std::string_view, 3> kWhenOff = {"dmx-off dark", "dmx-off h
 
 }  // namespace
 
-KeptOutputs::KeptOutputs(std::string file) : file_(std::move(file)) {
-  if (file_.empty()) return;
-  std::ifstream in(systemPath(file_));
+KeptOutputs::KeptOutputs(std::string file, Disk& disk) : file_(std::move(file)), disk_(disk) {
+  if (!fileExists(file_, disk_)) return;
+  const auto in = disk_.read(file_);
   int number = 0;
-  for (std::string line; std::getline(in, line);) read(line, ++number);
+  for (std::string line; std::getline(*in, line);) read(line, ++number);
 }
 
 void KeptOutputs::read(const std::string& line, int number) {
@@ -45,8 +43,7 @@ void KeptOutputs::read(const std::string& line, int number) {
 
 void KeptOutputs::keep(const std::vector<OutputEntry>& entries, int whenOff) {
   if (file_.empty()) return;
-  std::error_code error;
-  std::filesystem::create_directories(systemPath(file_).parent_path(), error);
+  disk_.makeFolders(utf8Path(systemPath(file_).parent_path()));
   try {
     replaceTextFile(
         file_,
@@ -55,7 +52,7 @@ void KeptOutputs::keep(const std::vector<OutputEntry>& entries, int whenOff) {
           for (const OutputEntry& entry : entries) writer.writeLine(entryText(entry));
           for (const std::string& line : unread_) writer.writeLine(line);
         },
-        [](const std::string&) { return false; });
+        [](const std::string&) { return false; }, disk_);
     fault_.clear();
   } catch (const std::exception& failure) {
     fault_ = "The outputs will not be remembered: " + std::string(failure.what());

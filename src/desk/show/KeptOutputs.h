@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "desk/output/OutputConfig.h"
+#include "platform/Disk.h"
 
 namespace korvane {
 
@@ -11,7 +12,7 @@ namespace korvane {
 class KeptOutputs {
  public:
   /// Reads the file; one that is not there is an empty list. Empty path: nothing is remembered.
-  explicit KeptOutputs(std::string file);
+  explicit KeptOutputs(std::string file, Disk& disk = machineDisk());
 
   const std::vector<OutputEntry>& entries() const { return entries_; }
   /// Number of what the lamps do when DMX goes off, from 0.
@@ -25,6 +26,7 @@ class KeptOutputs {
   void read(const std::string& line, int number);
 
   std::string file_;
+  Disk& disk_;
   std::vector<OutputEntry> entries_;
   std::vector<std::string> unread_;
   int whenOff_ = 0;

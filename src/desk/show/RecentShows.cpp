@@ -1,15 +1,16 @@
 #include "desk/show/RecentShows.h"
 
-#include <filesystem>
-#include <fstream>
+#include <istream>
+#include <ostream>
 
 #include "platform/TextFile.h"
 
 namespace korvane {
 
-RecentShows::RecentShows(std::string file) : file_(std::move(file)) {
-  std::ifstream in(systemPath(file_));
-  for (std::string path; paths_.size() < kMost && std::getline(in, path);) {
+RecentShows::RecentShows(std::string file, Disk& disk) : file_(std::move(file)), disk_(disk) {
+  if (!fileExists(file_, disk_)) return;
+  const auto in = disk_.read(file_);
+  for (std::string path; paths_.size() < kMost && std::getline(*in, path);) {
     if (!path.empty()) paths_.push_back(path);
   }
 }
@@ -19,10 +20,9 @@ void RecentShows::add(const std::string& path) {
   paths_.insert(paths_.begin(), path);
   if (paths_.size() > kMost) paths_.pop_back();
   if (file_.empty()) return;
-  std::error_code error;
-  std::filesystem::create_directories(systemPath(file_).parent_path(), error);
-  std::ofstream out(systemPath(file_));
-  for (const std::string& kept : paths_) out << kept << "\n";
+  disk_.makeFolders(utf8Path(systemPath(file_).parent_path()));
+  const auto out = disk_.write(file_);
+  for (const std::string& kept : paths_) *out << kept << "\n";
 }
 
 }  // namespace korvane

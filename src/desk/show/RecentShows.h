@@ -3,6 +3,8 @@
 #include <string>
 #include <vector>
 
+#include "platform/Disk.h"
+
 namespace korvane {
 
 /// The shows that were opened or saved lately, the newest first; they are kept in a file.
@@ -12,7 +14,7 @@ class RecentShows {
 
   /// `file` keeps the paths, one a line; its folder is made when it is needed. Empty: they are
   /// forgotten with the program.
-  explicit RecentShows(std::string file);
+  explicit RecentShows(std::string file, Disk& disk = machineDisk());
 
   const std::vector<std::string>& paths() const { return paths_; }
   /// Puts a show in front. A list that can't be kept is no reason to disturb anybody.
@@ -20,6 +22,7 @@ class RecentShows {
 
  private:
   std::string file_;
+  Disk& disk_;
   std::vector<std::string> paths_;
 };
 

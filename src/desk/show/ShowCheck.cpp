@@ -10,9 +10,10 @@
 namespace korvane {
 
 // Pictures are not looked for here: a show without one of its pictures opens all the same.
-std::optional<std::string> whatIsWrongWith(const std::string& show, const NumberFormat& format) {
+std::optional<std::string> whatIsWrongWith(const std::string& show, Platform& machine) {
   HeadlessPlatform platform;
-  platform.format = format;
+  platform.format = machine.numberFormat();
+  platform.files = &machine.disk();
   DeskHost host(projectOf(show));
   Plugin plugin(platform);
   const bool well = runEvent(platform, [&] {

@@ -181,17 +181,17 @@ void showWindow(Variablen& v, Deck& deck) {
 
 }  // namespace
 
-std::string pictureFile(const std::string& path, const std::string& showFolder) {
+std::string pictureFile(const std::string& path, const std::string& showFolder, Disk& disk) {
   if (path.empty() || showFolder.empty() || systemPath(path).is_absolute()) return path;
   const std::u8string found =
       (systemPath(showFolder) / systemPath(path)).lexically_normal().u8string();
   const std::string beside(found.begin(), found.end());
-  return fileExists(beside) ? beside : path;
+  return fileExists(beside, disk) ? beside : path;
 }
 
 bool loadImage(Engine& engine, Deck& deck, const std::string& path) {
-  const std::string file = pictureFile(path, engine.v.showFolder);
-  if (!fileExists(file)) return false;
+  const std::string file = pictureFile(path, engine.v.showFolder, engine.platform.disk());
+  if (!fileExists(file, engine.platform.disk())) return false;
   deck.image.setRaster(engine.platform.loadPicture(file));
   return true;
 }

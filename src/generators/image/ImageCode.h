@@ -8,7 +8,8 @@ namespace korvane {
 
 /// The file that a picture's path means. A relative one leads to a picture in the show's folder, so
 /// that a show can be handed on together with its pictures, or else where the system looks for it.
-std::string pictureFile(const std::string& path, const std::string& showFolder);
+std::string pictureFile(const std::string& path, const std::string& showFolder,
+                        Disk& disk = machineDisk());
 
 /// Loads the effect's image of this index into the deck's hidden picture; false if there is no such
 /// file. kInvalidPicture if it can't be read.

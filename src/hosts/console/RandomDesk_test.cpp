@@ -9,11 +9,11 @@ namespace {
 
 /// The stand-alone desk in a console. Its outputs are left alone: nothing leaves the machine.
 struct DeskConsole {
-  DeskConsole(const std::string& stem, std::uint64_t seed) : base(stem) {
+  DeskConsole(Disk& disk, const std::string& stem, std::uint64_t seed) : base(stem) {
+    platform.files = &disk;
     platform.clock = [this] { return engine().timers.now(); };
-    platform.pictures = [](const std::string& path) {
-      if (!std::filesystem::exists(path)) throw Failure(kInvalidPicture, path);
-      return Raster(9, 7, rgb(200, 100, 50));
+    platform.pictures = [&disk](const std::string& path) {
+      return OperatorConsole::pictureOn(disk, path);
     };
     engine().random.seed(seed);
     desk.show();
@@ -46,6 +46,7 @@ struct DeskConsole {
     Json now = changesOf(engine());
     if (now == kept) return;
     ConsolePlatform machine;
+    machine.files = platform.files;
     machine.pictures = platform.pictures;
     LampFeed dark{"korvane-tests"};
     Desk other(machine, dark, {base + "-other"});

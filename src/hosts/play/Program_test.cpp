@@ -1,9 +1,7 @@
 // Runs the real player: on a terminal, in the background, and without one.
 
-#include <arpa/inet.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <sys/socket.h>
 
 #include <array>
 #include <cstring>
@@ -11,6 +9,7 @@
 #include <fstream>
 
 #include "hosts/play/TestTerminal.h"
+#include "testing/UdpReceiver.h"
 
 namespace korvane {
 namespace {
@@ -27,26 +26,11 @@ constexpr const char* kScreenBack = "\x1b[?1049l";
 /// What comes from the player, on this machine.
 class Lamps {
  public:
-  Lamps() {
-    sockaddr_in address{};
-    address.sin_family = AF_INET;
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    socklen_t size = sizeof address;
-    auto* const any = reinterpret_cast<sockaddr*>(&address);
-    EXPECT_EQ(bind(socket_, any, size), 0);
-    EXPECT_EQ(getsockname(socket_, any, &size), 0);
-    port_ = ntohs(address.sin_port);
-  }
-  ~Lamps() { close(socket_); }
-  Lamps(const Lamps&) = delete;
-  Lamps& operator=(const Lamps&) = delete;
-
-  std::string target() const { return "sacn:1@127.0.0.1:" + std::to_string(port_); }
+  std::string target() const { return "sacn:1" + receiver_.place(); }
   /// Reads what has come; how many packets that were, and how many of them end a stream.
   int take() {
-    std::array<unsigned char, 1024> packet{};
     int count = 0;
-    while (recv(socket_, packet.data(), packet.size(), 0) > 0) {
+    for (auto packet = receiver_.packet(false); !packet.empty(); packet = receiver_.packet(false)) {
       ++count;
       terminated += (packet[112] & 0x40) != 0;
       std::copy_n(packet.begin() + 126, first.size(), first.begin());
@@ -71,8 +55,7 @@ class Lamps {
   std::array<unsigned char, 3> first{};  ///< values of the first lamp
 
  private:
-  int socket_ = socket(AF_INET, SOCK_DGRAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0);
-  int port_ = 0;
+  UdpReceiver receiver_;
 };
 
 /// The player on a terminal, and the lamps.

@@ -4,10 +4,10 @@
 #include <QDesktopServices>
 #include <QFileDialog>
 #include <QLocale>
-#include <QTime>
 #include <QTimer>
 #include <QUrl>
 
+#include "platform/Clock.h"
 #include "views/shared/pictures/PictureFile.h"
 
 namespace korvane::qt {
@@ -96,7 +96,7 @@ std::optional<std::string> QtPlatform::askFile(const FileQuestion& question) {
 
 Raster QtPlatform::loadPicture(const std::string& path) { return readPicture(path); }
 
-std::int64_t QtPlatform::timeOfDay() { return QTime::currentTime().msecsSinceStartOfDay(); }
+std::int64_t QtPlatform::timeOfDay() { return machineClock().timeOfDay(); }
 
 NumberFormat QtPlatform::numberFormat() {
   const QLocale locale;

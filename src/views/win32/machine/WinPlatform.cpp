@@ -4,6 +4,7 @@
 // (the shell needs the line above)
 #include <shellapi.h>
 
+#include "platform/Clock.h"
 #include "platform/WideText_win32.h"
 #include "views/shared/pictures/PictureFile.h"
 #include "views/win32/machine/FileDialog.h"
@@ -39,11 +40,7 @@ std::optional<std::string> WinPlatform::askFile(const FileQuestion& question) {
 
 Raster WinPlatform::loadPicture(const std::string& path) { return readPicture(path); }
 
-std::int64_t WinPlatform::timeOfDay() {
-  SYSTEMTIME time;
-  GetLocalTime(&time);
-  return ((time.wHour * 60 + time.wMinute) * 60 + time.wSecond) * 1000 + time.wMilliseconds;
-}
+std::int64_t WinPlatform::timeOfDay() { return machineClock().timeOfDay(); }
 
 NumberFormat WinPlatform::numberFormat() {
   const NumberFormat plain;

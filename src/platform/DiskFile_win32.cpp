@@ -5,7 +5,8 @@
 #include <system_error>
 #include <utility>
 
-#include "platform/ReplaceFile.h"
+#include "platform/DiskFile.h"
+#include "platform/TextFile.h"
 
 namespace korvane {
 namespace {

@@ -1,5 +1,3 @@
-#include "desk/network/Udp.h"
-
 #include <arpa/inet.h>
 #include <linux/errqueue.h>
 #include <netinet/in.h>
@@ -9,6 +7,8 @@
 #include <array>
 #include <cerrno>
 #include <system_error>
+
+#include "platform/Network.h"
 
 namespace korvane {
 namespace {

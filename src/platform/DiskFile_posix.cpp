@@ -6,7 +6,7 @@
 #include <system_error>
 #include <utility>
 
-#include "platform/ReplaceFile.h"
+#include "platform/DiskFile.h"
 
 namespace korvane {
 namespace {
