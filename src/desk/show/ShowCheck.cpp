@@ -8,10 +8,19 @@
 #include "shell/Plugin.h"
 
 namespace korvane {
+namespace {
+
+/// A show whose grid file is broken can be opened on the default grid.
+class Unseen : public HeadlessPlatform {
+ public:
+  bool startsWithout(const BrokenGrid&) override { return true; }
+};
+
+}  // namespace
 
 // Pictures are not looked for here: a show without one of its pictures opens all the same.
 std::optional<std::string> whatIsWrongWith(const std::string& show, Platform& machine) {
-  HeadlessPlatform platform;
+  Unseen platform;
   platform.format = machine.numberFormat();
   platform.files = &machine.disk();
   DeskHost host(projectOf(show));

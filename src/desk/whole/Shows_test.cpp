@@ -327,6 +327,27 @@ TEST_F(Shows, AnEffectWithoutItsPictureIsToldAndTheShowOpens) {
   EXPECT_EQ(name(), "bare");
 }
 
+TEST_F(Shows, OneWithABrokenGridOpensOnTheDefaultGridWhichCanBeMended) {
+  click(desk.form.tool);
+  machine.answers = {folder + "gig.Korvane"};
+  click(desk.form.save);
+  const std::string broken = "my wall\r\nabc,12,False\r\n";
+  const std::string file = write("gig.korvaneconf", broken);
+  open(folder + "gig.Korvane");
+  ASSERT_EQ(machine.boxes.size(), 1U);
+  EXPECT_NE(machine.boxes[0].find("line 2: 'abc'"), std::string::npos) << machine.boxes[0];
+  EXPECT_EQ(name(), "gig");
+  EXPECT_EQ(v.matrixCols, 12);
+  click(desk.form.save);
+  EXPECT_EQ(bytesOf(file), broken) << "the file stays as it is";
+  click(desk.form.configure);
+  machine.answers = {file};
+  click(plugin.matrixConf.save);
+  EXPECT_NE(bytesOf(file).find("\n12,12,"), std::string::npos);
+  open(folder + "gig.Korvane");
+  EXPECT_FALSE(desk.session.changed());
+}
+
 TEST_F(Shows, TheToolsOwnSaveTakesTheGridToo) {
   click(desk.form.tool);
   click(desk.form.configure);
