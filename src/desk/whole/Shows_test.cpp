@@ -178,7 +178,6 @@ TEST_F(Shows, AFileThatIsNoShowLeavesThePresentOne) {
   openExample(2);
   check(tool.active);
   const std::string whole = bytesOf(examples[0].path);
-  write("grid.korvaneconf", "grid\r\n2,x\r\n");
   const std::pair<std::string, const char*> cases[] = {
       {folder + "none.Korvane", "none.Korvane"},
       {folder, "File not found"},
@@ -186,7 +185,6 @@ TEST_F(Shows, AFileThatIsNoShowLeavesThePresentOne) {
       {write("old.Korvane", "old\r\nV0.9\r\n"), "no show of version V1.0"},
       {write("binary.Korvane", std::string(100, '\0') + "\n\xff\xd8\n"), "binary.Korvane, line 2"},
       {write("cut.Korvane", whole.substr(0, whole.size() / 2)), "cut.Korvane, line"},
-      {write("grid.Korvane", whole), "Type mismatch"},
   };
   for (const auto& [path, text] : cases) {
     SCOPED_TRACE(path);
