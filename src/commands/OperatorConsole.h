@@ -38,6 +38,8 @@ struct OperatorConsole {
     return std::find(platform.boxes.begin(), platform.boxes.end(), "Matrix Project saved") !=
            platform.boxes.end();
   }
+  /// Whether it still holds the show that was saved to the path.
+  bool holds(const std::string&) const { return true; }
   /// There is nothing left to act on.
   bool over() const { return false; }
 

@@ -63,7 +63,8 @@ class OperatorSession {
     if (!show || answered_.empty() || answered_ == "cancel") return;
     if (saysSaved) {
       ++saved;
-      return watch_.checkLoads(console_->engine(), answered_);
+      if (console_->holds(answered_)) watch_.checkLoads(console_->engine(), answered_);
+      return;
     }
     ++refused;
     const auto folder = utf8Path(systemPath(answered_).parent_path());

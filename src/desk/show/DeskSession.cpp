@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <exception>
-#include <fstream>
+#include <istream>
 #include <iterator>
 #include <utility>
 
@@ -42,10 +42,9 @@ std::optional<std::string> textOf(std::string (*text)(Plugin&), Plugin& plugin) 
 }
 
 // Nothing for a file that is not there.
-std::optional<std::string> bytesOf(const std::string& path) {
-  if (!fileExists(path)) return std::nullopt;
-  std::ifstream in(systemPath(path), std::ios::binary);
-  return std::string(std::istreambuf_iterator<char>(in), {});
+std::optional<std::string> bytesOf(const std::string& path, Disk& disk) {
+  if (!fileExists(path, disk)) return std::nullopt;
+  return std::string(std::istreambuf_iterator<char>(*disk.read(path)), {});
 }
 
 std::array<ListView*, 3> listsOf(Engine& engine) {
@@ -81,7 +80,7 @@ void DeskSession::bindTool() {
     const std::string before = gridFile();
     keep(composition_);
     adopt(platform.answered.value());
-    if (gridFile() != before) definition_.kept = bytesOf(gridFile());
+    if (gridFile() != before) definition_.kept = bytesOf(gridFile(), platform.disk());
   };
   plugin.matrixConf.onKept = [this] {
     if (platform.answered == gridFile()) keep(definition_);

@@ -6,6 +6,7 @@
 #include "commands/OperatorConsole.h"
 #include "commands/RandomPerson.h"
 #include "hosts/com/ComTest.h"
+#include "platform/Disk.h"
 
 namespace korvane {
 namespace {
@@ -55,7 +56,7 @@ class RandomPlay : public ComTest {
   }
   void expectKept() {
     tellOfFile(file("again/show.korvaneconf"), "call ITharnTool_SaveProjectData");
-    OperatorConsole other(file("again/show"), 1);
+    OperatorConsole other(machineDisk(), file("again/show"), 1);
     other.answer("answer " + file("show.Korvane"));
     Json loaded = other.answer("click MatrixForm.load");
     // A Gradient has no way over one column or one row; all was read by then.
@@ -69,7 +70,7 @@ class RandomPlay : public ComTest {
       std::filesystem::path(testing::TempDir()) / "korvane-component-play";
   ComPtr<::ITharnPlugin> plugIn = create();
   ComPtr<IToolWindow> window = tool(*plugIn.Get());
-  OperatorConsole guide{file("guide"), 1};
+  OperatorConsole guide{machineDisk(), file("guide"), 1};
 };
 
 TEST_F(RandomPlay, WhatTheComponentSaysThatItIsSavedCanBeLoadedAndHoldsTheSame) {

@@ -30,6 +30,8 @@ struct DeskConsole {
   Engine& engine() { return desk.engine(); }
   /// The desk says nothing of a save but that it failed.
   bool saved() const { return platform.failedSaves.empty(); }
+  /// Another show may have been begun as soon as this one was saved.
+  bool holds(const std::string& path) const { return desk.session.path() == path; }
   bool over() const { return desk.closed(); }
 
   /// What the desk counts as a change: the fader and the selections are none.
