@@ -36,8 +36,8 @@ Desk::Desk(Platform& machine, LampFeed& feed, const DeskPlaces& places)
       monitor(engine().desktop),
       helpWindow(engine().desktop, form.menus()),
       feed_(feed),
-      recent_(places.recentShows),
-      kept_(places.outputs),
+      recent_(places.recentShows, machine.disk()),
+      kept_(places.outputs, machine.disk()),
       refresh_(engine().timers, "timerDesk"),
       grid_{engine().v.matrixCols, engine().v.matrixRows} {
   engine().desktop.add(form);
