@@ -135,7 +135,8 @@ class DeskProjectFile : public testing::Test, protected TestProject {
   }
   void write(const std::string& bytes) const { std::ofstream(path, std::ios::binary) << bytes; }
 
-  std::string folder = testing::TempDir() + "korvane-desk-project";
+  std::string folder = testing::TempDir() + "korvane-desk-project-" +
+                       testing::UnitTest::GetInstance()->current_test_info()->name();
   std::string path = folder + "/show.korvanedesk";
 };
 

@@ -45,7 +45,8 @@ class ProjectSchema : public testing::Test {
     return said;
   }
 
-  std::string folder = testing::TempDir() + "korvane-project-schema/";
+  std::string folder = testing::TempDir() + "korvane-project-schema-" +
+                       testing::UnitTest::GetInstance()->current_test_info()->name() + "/";
   int status = -1;
   DeskProject project;
   std::vector<ProjectOutput> outputs;
