@@ -14,6 +14,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <utility>
 
 namespace korvane {
 namespace {
@@ -56,12 +57,16 @@ class OlaCarrier : public Carrier {
  private:
   void connect();
   void disconnect();
-  void closed() { lost_ = true; }
+  void closed() {
+    lost_ = true;
+    onClose_ = nullptr;  // it is gone once it has run
+  }
 
   const OutputConfig config_;
   ola::io::SelectServer server_;
   std::unique_ptr<ola::network::TCPSocket> socket_;
   std::unique_ptr<ola::client::OlaClient> client_;
+  ola::SingleUseCallback0<void>* onClose_ = nullptr;  // which the client does not free
   bool lost_ = false;
   TimePoint triedAt_{};
 };
@@ -77,7 +82,8 @@ void OlaCarrier::connect() {
   client_ = std::make_unique<ola::client::OlaClient>(socket_.get());
   lost_ = false;
   if (!client_->Setup() || !server_.AddReadDescriptor(socket_.get())) return disconnect();
-  client_->SetCloseHandler(ola::NewSingleCallback(this, &OlaCarrier::closed));
+  onClose_ = ola::NewSingleCallback(this, &OlaCarrier::closed);
+  client_->SetCloseHandler(onClose_);
 }
 
 void OlaCarrier::disconnect() {
@@ -85,6 +91,7 @@ void OlaCarrier::disconnect() {
   if (client_) client_->Stop();
   client_.reset();
   socket_.reset();
+  delete std::exchange(onClose_, nullptr);
 }
 
 Sent OlaCarrier::send(const OutputPicture& picture, bool) {
