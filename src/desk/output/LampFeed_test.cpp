@@ -48,6 +48,16 @@ class LampFeeds : public testing::Test {
       }
     }
   }
+  /// Switches on an output to the wall, with these settings besides.
+  void send(const std::string& settings = "") {
+    feed.outputs
+        .add(parseOutput("sacn:1-15@127.0.0.1:" + std::to_string(wall.receiver.port) + settings))
+        .switchOn();
+  }
+  void pass() {
+    feed.announce();
+    feed.endOfPass(v);
+  }
   /// What the lamps are to hold, worked out lamp by lamp.
   WallPicture wanted() const {
     WallPicture picture;
@@ -72,50 +82,38 @@ class LampFeeds : public testing::Test {
 };
 
 TEST_F(LampFeeds, EveryLampOfFifteenUniversesHoldsTheMixedPictureByTheMap) {
-  feed.outputs
-      .add(parseOutput("sacn:1-15@127.0.0.1:" + std::to_string(wall.receiver.port) + ",rate=1000"))
-      .switchOn();
-  for (unsigned pass = 1; pass <= 20; ++pass) {
-    paint(pass);
-    feed.announce();
-    feed.endOfPass(v);
-    ASSERT_TRUE(wall.shows(wanted())) << pass;
+  send(",rate=1000");
+  for (unsigned picture = 1; picture <= 20; ++picture) {
+    paint(picture);
+    pass();
+    ASSERT_TRUE(wall.shows(wanted())) << picture;
   }
 }
 
 TEST_F(LampFeeds, WithoutAnAnnouncedPassNothingIsTaken) {
-  feed.outputs.add(parseOutput("sacn:1-15@127.0.0.1:" + std::to_string(wall.receiver.port)))
-      .switchOn();
+  send();
   paint(1);
   feed.endOfPass(v);
   EXPECT_TRUE(wall.shows({})) << "dark";
-  feed.announce();
-  feed.endOfPass(v);
+  pass();
   EXPECT_TRUE(wall.shows(wanted()));
 }
 
 TEST_F(LampFeeds, AnotherMapIsFollowedAndNegativeCodesNameNoLamp) {
-  feed.outputs
-      .add(parseOutput("sacn:1-15@127.0.0.1:" + std::to_string(wall.receiver.port) + ",rate=1000"))
-      .switchOn();
+  send(",rate=1000");
   paint(1);
-  feed.announce();
-  feed.endOfPass(v);
+  pass();
   v.channelMap.set(0, 0, 0, -1);
   v.channelMap.set(0, 0, 1, -32768);
   v.channelMap.set(0, 0, 2, 9000);
-  feed.announce();
-  feed.endOfPass(v);
+  pass();
   EXPECT_TRUE(wall.shows(wanted()));
 }
 
 TEST_F(LampFeeds, LevelsActAtOnceOnWhatLeaves) {
-  feed.outputs
-      .add(parseOutput("sacn:1-15@127.0.0.1:" + std::to_string(wall.receiver.port) + ",rate=1000"))
-      .switchOn();
+  send(",rate=1000");
   paint(1);
-  feed.announce();
-  feed.endOfPass(v);
+  pass();
   const WallPicture lit = wanted();
   EXPECT_TRUE(wall.shows(lit));
   feed.setLevels({.master = 100, .blackout = true, .freeze = false});
@@ -124,8 +122,7 @@ TEST_F(LampFeeds, LevelsActAtOnceOnWhatLeaves) {
   EXPECT_TRUE(wall.shows(lit));
   feed.setLevels({.master = 100, .blackout = false, .freeze = true});
   paint(2);
-  feed.announce();
-  feed.endOfPass(v);
+  pass();
   EXPECT_EQ(feed.outputs.at(0).newest().universes[0], lit.universe(1)) << "held";
   feed.setLevels({.master = 100, .blackout = true, .freeze = true});
   EXPECT_EQ(feed.outputs.at(0).newest().universes[0], Slots{}) << "dark, though held";
@@ -139,8 +136,7 @@ TEST_F(LampFeeds, ALampTestGoesPastLevelsAndLooksUntilItEnds) {
   config.look = {.gamma = 2.2, .balance = {50, 50, 50}};
   feed.outputs.add(config).switchOn();
   paint(1);
-  feed.announce();
-  feed.endOfPass(v);
+  pass();
   feed.setLevels({.master = 30, .blackout = true, .freeze = false});
   WallPicture test = wanted();
   test.universe(1).fill(0);
@@ -148,8 +144,7 @@ TEST_F(LampFeeds, ALampTestGoesPastLevelsAndLooksUntilItEnds) {
   feed.setTest(test);
   EXPECT_TRUE(wall.shows(test)) << "as it is, in a blackout too";
   paint(2);
-  feed.announce();
-  feed.endOfPass(v);
+  pass();
   feed.setLevels({.master = 40, .blackout = true, .freeze = false});
   EXPECT_EQ(feed.outputs.at(0).newest().universes[0], test.universe(1)) << "the test goes on";
   feed.setTest(std::nullopt);
