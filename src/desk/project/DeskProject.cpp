@@ -4,6 +4,7 @@
 #include <fstream>
 #include <iterator>
 
+#include "desk/project/ShowPath.h"
 #include "platform/Failure.h"
 #include "platform/ReplaceFile.h"
 #include "platform/Text.h"
@@ -59,6 +60,10 @@ Json mergedLists(const Json& before, const Json& now) {
     if (same != left.end()) left.erase(same);
   }
   return all;
+}
+
+std::string dumped(const Json& document) {
+  return document.dump(2, ' ', true, Json::error_handler_t::replace);
 }
 
 // The parser's words begin with its own name and number.
@@ -131,15 +136,19 @@ void DeskProject::take(const Json& document, std::vector<std::string>& faults) {
     section.read(newer_ ? Member(&nothing, "/" + section.name, faults) : whole[section.name]);
 }
 
-Json DeskProject::document() {
+std::string DeskProject::text() {
   Json now = Json::object();
   now["version"] = kDeskProjectVersion;
   for (const Section& section : sections_) now[section.name] = section.write();
-  return mergedWith(kept_, now);
+  return dumped(mergedWith(kept_, now));
 }
 
-std::string DeskProject::text() {
-  return document().dump(2, ' ', true, Json::error_handler_t::replace);
+std::string DeskProject::changes() {
+  Json now = Json::object();
+  for (const Section& section : sections_) {
+    if (section.counts) now[section.name] = section.write();
+  }
+  return dumped(now);
 }
 
 void DeskProject::save(const std::string& path) {
@@ -149,6 +158,21 @@ void DeskProject::save(const std::string& path) {
   replaceTextFile(
       path, [&now](TextWriter& file) { writeLines(now, file); },
       [](const std::string&) { return false; });
+}
+
+std::string showOfProject(const std::string& path) {
+  for (const char* ending : {kDeskProjectEnding, kGridEnding}) {
+    if (!path.ends_with(ending)) continue;
+    const std::string show =
+        path.substr(0, path.size() - std::string_view(ending).size()) + kShowEnding;
+    if (fileExists(show) || ending != kDeskProjectEnding) return show;
+    std::string named;
+    DeskProject project;
+    project.add({"show", [] { return Json(); }, [&](const Member& name) { name.take(named); }});
+    project.open(path);
+    return named.empty() ? show : folderOf(path) + fileTitle(named);
+  }
+  return path;
 }
 
 }  // namespace korvane

@@ -23,6 +23,8 @@ struct Section {
   /// Takes what the file has; called for each project, with a member that isn't given if the file
   /// has none.
   std::function<void(const Member&)> read;
+  /// A change of it is one of the project, which is asked about before it is lost.
+  bool counts = true;
 };
 
 /// The file NAME.korvanedesk: what belongs to a show on a desk beside the show and its grid.
@@ -45,15 +47,20 @@ class DeskProject {
 
   /// What would be written now, in ASCII: other characters are escaped.
   std::string text();
+  /// What would be written of the parts whose changes count.
+  std::string changes();
 
  private:
-  Json document();
   void take(const Json& document, std::vector<std::string>& faults);
 
   std::vector<Section> sections_;
   Json kept_ = Json::object();  // the document as it was read
   bool newer_ = false;
 };
+
+/// The show that a project's file belongs to, whichever of the three it is: the one of the same
+/// name, or else the one in the same folder that a desk project names.
+std::string showOfProject(const std::string& path);
 
 /// What is to be written over what was read: members that `now` has not stay, objects are merged,
 /// and so are elements of lists that have the same name or target; members that are null in `now`

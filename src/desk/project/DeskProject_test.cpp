@@ -28,7 +28,7 @@ struct TestProject {
   }
   DeskProject project;
   WallLevels levels;
-  std::vector<ProjectOutput> outputs;
+  std::vector<OutputEntry> outputs;
   WiringPlan wiring;
 };
 

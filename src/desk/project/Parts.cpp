@@ -55,15 +55,15 @@ void take(const Member& member, PanelPlan& panels) {
 
 }  // namespace
 
-Json toJson(const std::vector<ProjectOutput>& outputs) {
+Json toJson(const std::vector<OutputEntry>& outputs) {
   Json all = Json::array();
-  for (const ProjectOutput& output : outputs)
+  for (const OutputEntry& output : outputs)
     all.push_back({{"target", outputText(output.config)}, {"on", output.on}});
   return all;
 }
 
-std::vector<ProjectOutput> outputsOf(const Member& member) {
-  std::vector<ProjectOutput> outputs;
+std::vector<OutputEntry> outputsOf(const Member& member) {
+  std::vector<OutputEntry> outputs;
   member.each([&outputs](const Member& element) {
     std::string target;
     if (!element["target"].take(target)) {
@@ -71,7 +71,7 @@ std::vector<ProjectOutput> outputsOf(const Member& member) {
       return;
     }
     try {
-      ProjectOutput output{parseOutput(target)};
+      OutputEntry output{parseOutput(target)};
       element["on"].take(output.on);
       outputs.push_back(output);
     } catch (const std::invalid_argument& error) {

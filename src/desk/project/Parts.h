@@ -9,20 +9,12 @@
 
 namespace korvane {
 
-/// An output of a project.
-struct ProjectOutput {
-  OutputConfig config;
-  bool on = true;  ///< it sends while the desk does
-
-  bool operator==(const ProjectOutput&) const = default;
-};
-
 // The parts of a project's file that the desk and the player have in common: to JSON and back. What
 // is wrong in a member is noted, and what stands beside it is taken.
 
-Json toJson(const std::vector<ProjectOutput>& outputs);
+Json toJson(const std::vector<OutputEntry>& outputs);
 /// Nothing for a file that says nothing of outputs.
-std::vector<ProjectOutput> outputsOf(const Member& member);
+std::vector<OutputEntry> outputsOf(const Member& member);
 
 /// The grand master alone: nobody wants to open a show in a blackout of last night.
 Json toJson(const WallLevels& levels);

@@ -49,7 +49,7 @@ class ProjectSchema : public testing::Test {
                        testing::UnitTest::GetInstance()->current_test_info()->name() + "/";
   int status = -1;
   DeskProject project;
-  std::vector<ProjectOutput> outputs;
+  std::vector<OutputEntry> outputs;
   WallLevels levels;
   WiringPlan wiring;
 };

@@ -7,8 +7,8 @@
 #include <iterator>
 #include <utility>
 
+#include "desk/project/ShowPath.h"
 #include "desk/show/ShowCheck.h"
-#include "desk/show/ShowPath.h"
 #include "persistence/MatrixDefinition.h"
 #include "persistence/ProjectFile.h"
 #include "platform/Events.h"

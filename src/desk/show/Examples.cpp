@@ -4,7 +4,7 @@
 #include <cctype>
 #include <filesystem>
 
-#include "desk/show/ShowPath.h"
+#include "desk/project/ShowPath.h"
 #include "platform/TextFile.h"
 
 namespace korvane {

@@ -1,7 +1,7 @@
 #include "desk/show/ShowCheck.h"
 
+#include "desk/project/ShowPath.h"
 #include "desk/show/DeskHost.h"
-#include "desk/show/ShowPath.h"
 #include "persistence/ProjectFile.h"
 #include "platform/Events.h"
 #include "platform/HeadlessPlatform.h"

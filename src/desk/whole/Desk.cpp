@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "desk/show/ShowPath.h"
+#include "desk/project/Parts.h"
 #include "platform/Events.h"
 
 namespace korvane {
@@ -19,8 +19,6 @@ constexpr int kFull = 100;          // per cent
 constexpr std::int32_t kNarrowView = 1;
 constexpr std::int32_t kFullView = 0;
 
-constexpr const char* kShowFilter = "Matrix Project (*.Korvane)|*.Korvane";
-
 void setCaption(Control& control, const std::string& caption) {
   if (control.look().caption != caption) control.setCaption(caption);
 }
@@ -35,13 +33,13 @@ Desk::Desk(Platform& machine, LampFeed& feed, const DeskPlaces& places)
       wiring(engine(), session.plugin.matrixConf),
       monitor(engine().desktop),
       helpWindow(engine().desktop, form.menus()),
+      files(session, form, question, places.recentShows),
       feed_(feed),
-      recent_(places.recentShows, machine.disk()),
       kept_(places.outputs, machine.disk()),
       refresh_(engine().timers, "timerDesk"),
       grid_{engine().v.matrixCols, engine().v.matrixRows} {
   engine().desktop.add(form);
-  bindFiles();
+  bindProject();
   bindWindows();
   bindPlay();
   bindLevels();
@@ -49,8 +47,7 @@ Desk::Desk(Platform& machine, LampFeed& feed, const DeskPlaces& places)
   bindKeysOfDialogs();
   bindFields();
   for (std::size_t i = 0; i < form.examples.size(); ++i)
-    form.examples[i]->onClick = [this, path = places.examples[i].path] { openShow(path); };
-  form.showRecent(recent_.paths());
+    form.examples[i]->onClick = [this, path = places.examples[i].path] { files.open(path); };
   session.host.onPass = [this] { feed_.announce(); };
   refresh_.onTimer = [] {};
 }
@@ -60,24 +57,25 @@ void Desk::show() {
   settle();
 }
 
-void Desk::bindFiles() {
-  form.newShow.onClick = [this] { leaveShow([this] { session.begin(); }); };
-  form.open.onClick = [this] {
-    const auto path = session.platform.askFile(
-        {.title = "Open Show ...", .filter = kShowFilter, .initialDirectory = session.folder()});
-    if (path) openShow(*path);
-  };
-  for (std::size_t i = 0; i < form.recent.size(); ++i)
-    form.recent[i]->onClick = [this, i] { openShow(std::string(recent_.paths().at(i))); };
-  form.save.onClick = [this] { save(); };
-  form.saveAs.onClick = [this] { saveAs(); };
+// What the desk keeps beside the show and its grid, a row each.
+void Desk::bindProject() {
   form.quit.onClick = [this] { engine().desktop.close(form); };
   form.mayClose = [this] { return mayClose(); };
-  session.onFile = [this] {
-    if (session.path().empty()) return;
-    recent_.add(session.path());
-    form.showRecent(recent_.paths());
-  };
+  files.project.add({"outputs", [this] { return toJson(setup.entries()); },
+                     [this](const Member& member) {
+                       if (member.given()) setup.takeAll(outputsOf(member));
+                     }});
+  files.project.add({"levels",
+                     [this] { return toJson(WallLevels{.master = form.grandMaster.value()}); },
+                     [this](const Member& member) {
+                       if (member.given()) form.grandMaster.setValue(levelsOf(member).master);
+                     },
+                     false});
+  files.project.add({"wiring", [this] { return toJson(wiring.plan()); },
+                     [this](const Member& member) {
+                       if (member.given()) wiring.planPanel.show(wiringOf(member));
+                     },
+                     false});
 }
 
 void Desk::bindWindows() {
@@ -198,41 +196,17 @@ void Desk::message(std::int32_t number, std::int32_t argument) {
       [&] { session.plugin.plugIn.ITharnPlugin_MessageHandle(number, argument, 0); });
 }
 
-void Desk::openShow(const std::string& path) {
-  leaveShow([this, path] { session.open(path); });
-}
-
-bool Desk::save() { return session.path().empty() ? saveAs() : session.save(session.path()); }
-
-bool Desk::saveAs() {
-  const auto path = session.platform.askFile({.purpose = FileQuestion::Purpose::Save,
-                                              .title = "Save Show as ...",
-                                              .filter = kShowFilter,
-                                              .initialDirectory = session.folder(),
-                                              .defaultExtension = "Korvane"});
-  return path && session.save(*path);
-}
-
-void Desk::leaveShow(std::function<void()> then) {
-  session.commitDialogs();
-  if (!session.changed()) return then();
-  question.ask(session.name() + " was changed since it was opened or saved.",
-               {"Save", "Discard", "Cancel"}, [this, then = std::move(then)](std::size_t answer) {
-                 if (answer == 1 || (answer == 0 && save())) then();
-               });
-}
-
 // The lamps would lose their light with the desk, so a running output is not ended by the way.
 bool Desk::mayClose() {
   if (closing_) return true;
   if (!sending()) {
-    leaveShow([this] { close(); });
+    files.leave([this] { close(); });
     return closing_;
   }
   question.ask("The matrix is sending to the lamps. Close the desk all the same?",
                {"Close", "Close, lamps hold", "Cancel"}, [this](std::size_t answer) {
                  if (answer == 2) return;
-                 leaveShow([this, answer] {
+                 files.leave([this, answer] {
                    close(answer == 1 ? std::optional(AtEnd::Hold) : std::nullopt);
                  });
                });
@@ -260,7 +234,7 @@ void Desk::settle() {
 
 void Desk::refresh() {
   settle();
-  showTitle();
+  files.showTitle();
   setCaption(form.wrong, whatIsWrong());
 }
 
@@ -327,16 +301,6 @@ void Desk::showState() {
   const bool open = session.plugin.matrixForm.visible();
   if (form.begin.look().visible == open) form.begin.setVisible(!open);
   setCaption(form.sent, whatIsSent());
-}
-
-void Desk::showTitle() {
-  const bool open = session.plugin.matrixForm.loaded();
-  for (MenuItem* item : {&form.save, &form.saveAs}) {
-    if (item->look().enabled != open) item->setEnabled(open);
-  }
-  const std::string mark = session.changed() ? "*" : "";
-  const std::string title = open ? session.name() + mark + " - Korvane" : "Korvane";
-  if (title != form.caption()) form.setCaption(title);
 }
 
 std::string Desk::whatIsSent() {

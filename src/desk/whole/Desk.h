@@ -8,8 +8,8 @@
 #include "desk/output/LampFeed.h"
 #include "desk/show/DeskSession.h"
 #include "desk/show/KeptOutputs.h"
-#include "desk/show/RecentShows.h"
 #include "desk/wall/Wiring.h"
+#include "desk/whole/DeskFiles.h"
 #include "desk/windows/ChannelMonitor.h"
 #include "desk/windows/DeskForm.h"
 #include "desk/windows/DeskHelp.h"
@@ -34,8 +34,6 @@ class Desk {
 
   /// Shows the desk's window.
   void show();
-  /// Opens a show. The person is asked first if changes would be lost.
-  void openShow(const std::string& path);
   /// After each pass over the timers: sends what has changed, and shows how that fares.
   void settle();
   /// After each event of a person: as settle(), and shows all that such an event can change.
@@ -57,11 +55,12 @@ class Desk {
   Wiring wiring;
   ChannelMonitor monitor;
   DeskHelp helpWindow;
+  DeskFiles files;
 
   std::function<void()> onQuit;  ///< the desk was closed
 
  private:
-  void bindFiles();
+  void bindProject();
   void bindWindows();
   void bindPlay();
   void bindLevels();
@@ -69,9 +68,6 @@ class Desk {
   void bindKeysOfDialogs();
   void bindFields();
   void message(std::int32_t number, std::int32_t argument = 0);
-  void leaveShow(std::function<void()> then);
-  bool save();
-  bool saveAs();
   bool mayClose();
   void close(std::optional<AtEnd> how = {});
 
@@ -82,13 +78,11 @@ class Desk {
   void followGrid();
   void keepTime();
   void showState();
-  void showTitle();
   std::string whatIsSent();
   std::string whatIsWrong();
   std::string darkLamps();
 
   LampFeed& feed_;
-  RecentShows recent_;
   KeptOutputs kept_;
   WallLevels levels_;  // as a person sets them
   bool dark_ = false;  // all lamps, since the output was switched off

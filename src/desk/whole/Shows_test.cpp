@@ -3,7 +3,7 @@
 #include <chrono>
 #include <thread>
 
-#include "desk/show/ShowPath.h"
+#include "desk/project/ShowPath.h"
 #include "desk/whole/TestDesk.h"
 #include "desk/whole/TestReceiver.h"
 

@@ -1,6 +1,6 @@
 #include "desk/windows/DeskForm.h"
 
-#include "desk/show/ShowPath.h"
+#include "desk/project/ShowPath.h"
 
 namespace korvane {
 namespace {

@@ -32,7 +32,8 @@ Fire, Fluid: flames and waves
 Ticker: a text that runs
 
 FILES
-A show is NAME.Korvane; its grid is NAME.korvaneconf beside it. The version before the last save
+A show is NAME.Korvane; its grid is NAME.korvaneconf beside it, and what belongs to it on this desk is
+NAME.korvanedesk. Any of the three opens the project. The version before the last save
 stays as NAME.Korvane.bak.
 )";
 

@@ -123,6 +123,15 @@ void OutputSetup::take(const OutputEntry& entry) {
   choose(list.count() - 1);
 }
 
+void OutputSetup::takeAll(const std::vector<OutputEntry>& wanted) {
+  if (wanted == entries()) return;
+  outputs_.switchAllOff();
+  while (!outputs_.empty()) outputs_.remove(outputs_.size() - 1);
+  list.clear();
+  for (const OutputEntry& entry : wanted) take(entry);
+  showChosen();
+}
+
 void OutputSetup::addOne() {
   const int universes = universesOfWall_();
   take({parseOutput("sacn:" + usualUniverses(OutputKind::Sacn, universes)), false});

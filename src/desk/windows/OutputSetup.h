@@ -25,6 +25,8 @@ class OutputSetup : public Form {
   void use(const OutputConfig& config) { take({config, true}); }
   /// Adds an output as it was remembered.
   void take(const OutputEntry& entry);
+  /// These in the place of all; nothing happens if they are there already.
+  void takeAll(const std::vector<OutputEntry>& entries);
   /// What is to be remembered.
   std::vector<OutputEntry> entries() const;
   /// Gives the chosen output another curve: so much more gamma.

@@ -83,7 +83,7 @@ bool Program::openShow() {
   if (options_.show.empty()) return true;
   std::error_code error;
   const std::filesystem::path path = std::filesystem::absolute(options_.show, error);
-  gate_.run([&] { desk_.openShow(error ? options_.show : path.lexically_normal().string()); });
+  gate_.run([&] { desk_.files.open(error ? options_.show : path.lexically_normal().string()); });
   return desk_.session.plugin.matrixForm.visible();
 }
 
@@ -92,6 +92,7 @@ void Program::begin() {
   if (openShow()) {
     for (const OutputConfig& output : options_.outputs) gate_.run([&] { desk_.setup.use(output); });
     if (options_.dmx) gate_.run([this] { desk_.form.dmx.click(); });
+    desk_.files.keepAsIs();
   }
   if (options_.screenshot.empty()) return;
   settled_.setSingleShot(true);

@@ -13,7 +13,8 @@ const char* const kPlayUsage =
     R"(usage: korvane-play [options] [SHOW.Korvane]
 
 Plays a saved show in the terminal, and to the lamps. The grid is taken from the file
-SHOW.korvaneconf beside it.
+SHOW.korvaneconf beside it, outputs and grand master from SHOW.korvanedesk if the command line
+says nothing of them. Any of the three may be named.
 
   --output TARGET    send the lamps their values, as in sacn:1-15, artnet:0@192.168.1.20 or
                      ddp@192.168.1.50; may be given several times (docs/outputs.md)
@@ -74,6 +75,7 @@ PlayOptions parsePlayOptions(int count, char** words) {
         break;
       case kMaster:
         options.levels.master = percent(optarg);
+        options.masterGiven = true;
         break;
       case kBlackout:
         options.levels.blackout = true;

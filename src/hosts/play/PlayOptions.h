@@ -11,10 +11,11 @@ namespace korvane {
 
 /// The command line of the player.
 struct PlayOptions {
-  std::string show;  ///< project file; empty plays the two plain decks of a new show
-  std::vector<OutputConfig> outputs;
-  WallLevels levels;   ///< grand master, blackout, freeze at the start
-  double seconds = 0;  ///< length of the play, 0 plays until it is ended
+  std::string show;  ///< any file of a project; empty plays the two plain decks of a new show
+  std::vector<OutputConfig> outputs;  ///< none: those of the project
+  WallLevels levels;                  ///< grand master, blackout, freeze at the start
+  bool masterGiven = false;           ///< else the grand master is that of the project
+  double seconds = 0;                 ///< length of the play, 0 plays until it is ended
   bool help = false;
 };
 

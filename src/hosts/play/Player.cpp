@@ -3,6 +3,9 @@
 #include <algorithm>
 #include <cmath>
 
+#include "desk/project/DeskProject.h"
+#include "desk/project/Parts.h"
+#include "desk/project/ShowPath.h"
 #include "persistence/ProjectFile.h"
 #include "platform/Events.h"
 #include "platform/Signals.h"
@@ -41,7 +44,8 @@ Player::Player(const PlayOptions& options) : options_(options), host_(showPath()
 }
 
 std::filesystem::path Player::showPath() const {
-  return std::filesystem::absolute(options_.show.empty() ? "untitled" : options_.show);
+  return std::filesystem::absolute(options_.show.empty() ? "untitled"
+                                                         : showOfProject(options_.show));
 }
 
 void Player::tell(const std::string& text) {
@@ -63,12 +67,33 @@ void Player::openShow() {
   openProject(plugin_.engine, showPath().string());
 }
 
+// What the command line says is stronger than the project.
+void Player::takeProject() {
+  if (options_.show.empty()) return;
+  const std::string own = projectOf(showPath().string()) + kDeskProjectEnding;
+  const std::string path = options_.show.ends_with(kDeskProjectEnding) ? options_.show : own;
+  DeskProject project;
+  project.add({"levels", [] { return Json(); },
+               [this](const Member& member) {
+                 if (!options_.masterGiven) options_.levels.master = levelsOf(member).master;
+               }});
+  project.add({"outputs", [] { return Json(); },
+               [this](const Member& member) {
+                 if (!options_.outputs.empty()) return;
+                 for (const OutputEntry& output : outputsOf(member)) {
+                   if (output.on) options_.outputs.push_back(output.config);
+                 }
+               }});
+  for (const std::string& fault : project.open(path)) tell(path + ": " + fault);
+}
+
 bool Player::open() {
   const bool opened = event([this] {
     plugin_.plugIn.ITharnPlugin_Init("korvane-play", options_.show, host_);
     openShow();
   });
   if (!opened) return false;
+  takeProject();
   if (!event([this] { plugin_.matrixForm.active.setValue(1); })) return false;
   feed_.setLevels(options_.levels);
   // The first packet holds the first picture.

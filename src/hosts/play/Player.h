@@ -63,6 +63,7 @@ class Player {
   void tell(const std::string& text);
   bool open();
   void openShow();
+  void takeProject();
   bool press(char key);
   void pressLevel(char key);
   void pressLook(char key);

@@ -1,4 +1,4 @@
-#include "desk/show/ShowPath.h"
+#include "desk/project/ShowPath.h"
 
 #include <string_view>
 

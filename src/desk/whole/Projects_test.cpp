@@ -1,0 +1,115 @@
+// The desk's project: three files that are opened and saved together.
+
+#include <gmock/gmock.h>
+
+#include "desk/whole/TestDesk.h"
+
+namespace korvane {
+namespace {
+
+using testing::HasSubstr;
+
+class Projects : public TestDesk {
+ protected:
+  /// Saves a new show as tour.Korvane.
+  void saveTour() {
+    click(desk.form.tool);
+    machine.answers = {folder + "tour.Korvane"};
+    click(desk.form.save);
+  }
+  void setMaster(int percent) {
+    event([this, percent] { desk.form.grandMaster.setValue(percent); });
+  }
+};
+
+TEST_F(Projects, SavingWritesThreeFilesAndAnyOfThemOpensTheProject) {
+  setMaster(70);
+  event([this] { plugin.matrixConf.MName.setText("my wall"); });
+  saveTour();
+  const Json file = Json::parse(bytesOf(folder + "tour.korvanedesk"));
+  EXPECT_EQ(file["show"], "tour.Korvane");
+  EXPECT_EQ(file["grid"], "tour.korvaneconf");
+  for (const char* ending : {"Korvane", "korvaneconf", "korvanedesk"}) {
+    SCOPED_TRACE(ending);
+    setMaster(100);
+    open(examples[0].path);
+    EXPECT_EQ(desk.session.name(), "1-club-night");
+    EXPECT_EQ(desk.form.grandMaster.value(), 100);
+    open(folder + "tour." + ending);
+    EXPECT_EQ(desk.session.name(), "tour");
+    EXPECT_EQ(desk.form.grandMaster.value(), 70);
+    EXPECT_EQ(desk.form.caption(), "tour - Korvane");
+  }
+  EXPECT_THAT(machine.boxes, testing::IsEmpty());
+}
+
+TEST_F(Projects, AProjectThatWasRenamedOpensTheShowThatItNames) {
+  saveTour();
+  std::filesystem::rename(folder + "tour.korvanedesk", folder + "summer.korvanedesk");
+  open(folder + "summer.korvanedesk");
+  EXPECT_EQ(desk.session.name(), "tour");
+}
+
+TEST_F(Projects, AProjectWithoutItsShowIsToldAndChangesNothing) {
+  saveTour();
+  write("lone.korvanedesk", "{}");
+  open(folder + "lone.korvanedesk");
+  ASSERT_EQ(machine.boxes.size(), 1U);
+  EXPECT_THAT(machine.boxes[0], HasSubstr("lone can't be opened."));
+  EXPECT_EQ(desk.session.name(), "tour");
+}
+
+TEST_F(Projects, AWrongMemberIsToldAndTheRestIsTaken) {
+  saveTour();
+  write("tour.korvanedesk", R"({"levels": {"master": 40}, "wiring": {"rows": "many"}})");
+  open(folder + "tour.Korvane");
+  ASSERT_EQ(machine.boxes.size(), 1U);
+  EXPECT_EQ(machine.boxes[0],
+            "tour.korvanedesk was read, but for this:\n"
+            "/wiring/rows: expected a whole number from 1 to 50, found \"many\"");
+  EXPECT_EQ(desk.form.grandMaster.value(), 40);
+}
+
+TEST_F(Projects, WhatOtherProgramsKeepThereStays) {
+  saveTour();
+  write("tour.korvanedesk", R"({"version": 1, "tempo": {"bpm": 128}})");
+  open(folder + "tour.Korvane");
+  click(desk.form.save);
+  EXPECT_EQ(Json::parse(bytesOf(folder + "tour.korvanedesk"))["tempo"]["bpm"], 128);
+}
+
+TEST_F(Projects, AGrandMasterAloneIsNoChangeToAskAbout) {
+  saveTour();
+  setMaster(30);
+  EXPECT_EQ(desk.form.caption(), "tour - Korvane");
+}
+
+TEST_F(Projects, OutputsBelongToTheProject) {
+  saveTour();
+  const auto targets = [this] {
+    std::string all;
+    for (const OutputEntry& entry : desk.setup.entries()) all += entryText(entry) + ";";
+    return all;
+  };
+  event([this] { desk.setup.take({parseOutput("sacn:1@127.0.0.1:5999"), false}); });
+  EXPECT_EQ(desk.form.caption(), "tour* - Korvane") << "they count";
+  click(desk.form.save);
+  event([this] { desk.setup.takeAll({{parseOutput("artnet:7@127.0.0.1:5998"), false}}); });
+  event([this] { desk.files.keepAsIs(); });
+  open(folder + "tour.korvanedesk");
+  EXPECT_EQ(targets(), "off sacn:1@127.0.0.1:5999;");
+  open(examples[0].path);
+  EXPECT_EQ(targets(), "off sacn:1@127.0.0.1:5999;") << "a show without a project leaves them";
+}
+
+TEST_F(Projects, AProjectThatCannotBeWrittenIsTold) {
+  saveTour();
+  std::filesystem::remove(folder + "tour.korvanedesk");
+  std::filesystem::create_directory(folder + "tour.korvanedesk");
+  click(desk.form.save);
+  ASSERT_EQ(machine.failedSaves.size(), 1U);
+  EXPECT_EQ(machine.failedSaves[0].path, folder + "tour.korvanedesk");
+}
+
+}  // namespace
+}  // namespace korvane
