@@ -146,7 +146,8 @@ std::string DeskProject::text() {
 std::string DeskProject::changes() {
   Json now = Json::object();
   for (const Section& section : sections_) {
-    if (section.counts) now[section.name] = section.write();
+    const bool own = section.counts == Counts::OfItsOwn && kept_.contains(section.name);
+    if (own || section.counts == Counts::Always) now[section.name] = section.write();
   }
   return dumped(now);
 }
@@ -155,6 +156,7 @@ void DeskProject::save(const std::string& path) {
   if (newer_)
     throw Failure(kPathAccess, path + " is of a newer version of the program and stays as it is");
   const std::string now = text();
+  kept_ = Json::parse(now);
   replaceTextFile(
       path, [&now](TextWriter& file) { writeLines(now, file); },
       [](const std::string&) { return false; });

@@ -14,6 +14,10 @@ inline constexpr const char* kDeskProjectEnding = ".korvanedesk";
 /// The version that is written, and the newest that is read.
 inline constexpr int kDeskProjectVersion = 1;
 
+/// Whether a change of a part is one of the project, which is asked about before it is lost.
+/// OfItsOwn: only where the file has it, and would bring back the old.
+enum class Counts { Always, OfItsOwn, Never };
+
 /// What one part of the program keeps in the project: one member of the file.
 struct Section {
   std::string name;
@@ -23,8 +27,7 @@ struct Section {
   /// Takes what the file has; called for each project, with a member that isn't given if the file
   /// has none.
   std::function<void(const Member&)> read;
-  /// A change of it is one of the project, which is asked about before it is lost.
-  bool counts = true;
+  Counts counts = Counts::Always;
 };
 
 /// The file NAME.korvanedesk: what belongs to a show on a desk beside the show and its grid.

@@ -49,6 +49,9 @@ class DeskSession {
   /// Presses the rows of both decks that are selected, so that their effects start anew.
   void selectRowsAgain();
 
+  /// Shows the grid as it is in the window that defines it, if that was looked at before.
+  void showGrid();
+
   std::function<void()> onFile;  ///< the show has another file, or none
 
   DeskPlatform platform;
@@ -74,7 +77,6 @@ class DeskSession {
   bool keepIn(const std::string& show);
   /// The file of the grid, beside that of the show.
   std::string gridFile();
-  void showGrid();
   void keep(Document& document);
   bool changed(const Document& document);
 

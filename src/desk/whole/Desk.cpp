@@ -34,12 +34,14 @@ Desk::Desk(Platform& machine, LampFeed& feed, const DeskPlaces& places)
       monitor(engine().desktop),
       helpWindow(engine().desktop, form.menus()),
       files(session, form, question, places.recentShows),
+      history(session.plugin),
       feed_(feed),
       kept_(places.outputs, machine.disk()),
       refresh_(engine().timers, "timerDesk"),
       grid_{engine().v.matrixCols, engine().v.matrixRows} {
   engine().desktop.add(form);
   bindProject();
+  bindHistory();
   bindWindows();
   bindPlay();
   bindLevels();
@@ -50,6 +52,7 @@ Desk::Desk(Platform& machine, LampFeed& feed, const DeskPlaces& places)
     form.examples[i]->onClick = [this, path = places.examples[i].path] { files.open(path); };
   session.host.onPass = [this] { feed_.announce(); };
   refresh_.onTimer = [] {};
+  files.keepAsIs();
 }
 
 void Desk::show() {
@@ -64,18 +67,29 @@ void Desk::bindProject() {
   files.project.add({"outputs", [this] { return toJson(setup.entries()); },
                      [this](const Member& member) {
                        if (member.given()) setup.takeAll(outputsOf(member));
-                     }});
+                     },
+                     Counts::OfItsOwn});
   files.project.add({"levels",
                      [this] { return toJson(WallLevels{.master = form.grandMaster.value()}); },
                      [this](const Member& member) {
                        if (member.given()) form.grandMaster.setValue(levelsOf(member).master);
                      },
-                     false});
+                     Counts::Never});
   files.project.add({"wiring", [this] { return toJson(wiring.plan()); },
                      [this](const Member& member) {
                        if (member.given()) wiring.planPanel.show(wiringOf(member));
                      },
-                     false});
+                     Counts::Never});
+}
+
+void Desk::bindHistory() {
+  form.undo.onClick = [this] { history.undo(); };
+  form.redo.onClick = [this] { history.redo(); };
+  history.onGrid = [this] {
+    grid_ = {engine().v.matrixCols, engine().v.matrixRows};  // its effects start anew by the step
+    session.host.clearLevels();
+    session.showGrid();
+  };
 }
 
 void Desk::bindWindows() {
@@ -234,6 +248,7 @@ void Desk::settle() {
 
 void Desk::refresh() {
   settle();
+  followShow();
   files.showTitle();
   setCaption(form.wrong, whatIsWrong());
 }
@@ -262,6 +277,18 @@ void Desk::followGrid() {
   grid_ = now;
   loads_ = session.loads();
   if (!loaded && session.plugin.matrixForm.loaded()) session.selectRowsAgain();
+}
+
+// What an event has changed is a step that can be taken back.
+void Desk::followShow() {
+  noted_ == session.loads() ? history.note() : history.begin();
+  noted_ = session.loads();
+  const auto show = [](MenuItem& item, const std::string& word, const std::string& step) {
+    setCaption(item, step.empty() ? word : word + ": " + step);
+    if (item.look().enabled == step.empty()) item.setEnabled(!step.empty());
+  };
+  show(form.undo, "Undo", history.undoName());
+  show(form.redo, "Redo", history.redoName());
 }
 
 void Desk::send() {

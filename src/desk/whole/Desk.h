@@ -8,6 +8,7 @@
 #include "desk/output/LampFeed.h"
 #include "desk/show/DeskSession.h"
 #include "desk/show/KeptOutputs.h"
+#include "desk/undo/ShowHistory.h"
 #include "desk/wall/Wiring.h"
 #include "desk/whole/DeskFiles.h"
 #include "desk/windows/ChannelMonitor.h"
@@ -56,11 +57,13 @@ class Desk {
   ChannelMonitor monitor;
   DeskHelp helpWindow;
   DeskFiles files;
+  ShowHistory history;
 
   std::function<void()> onQuit;  ///< the desk was closed
 
  private:
   void bindProject();
+  void bindHistory();
   void bindWindows();
   void bindPlay();
   void bindLevels();
@@ -76,6 +79,7 @@ class Desk {
   int universesOfWall();
   void followDmx();
   void followGrid();
+  void followShow();
   void keepTime();
   void showState();
   std::string whatIsSent();
@@ -91,6 +95,7 @@ class Desk {
   bool closing_ = false;
   bool gridOpen_ = false;
   int loads_ = 0;
+  int noted_ = 0;  // loads that the history knows
   std::pair<int, int> grid_;
   bool testing_ = false;  // the lamps
 };

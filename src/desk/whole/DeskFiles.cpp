@@ -20,7 +20,7 @@ std::string projectFile(const std::string& show) { return projectOf(show) + kDes
 // The name of a file beside the project, for those who read it.
 Section nameOf(const char* member, DeskSession& session, const char* ending) {
   return {member, [&session, ending] { return Json(session.name() + ending); },
-          [](const Member&) {}, false};
+          [](const Member&) {}, Counts::Never};
 }
 
 std::string lines(const std::vector<std::string>& faults) {

@@ -93,7 +93,9 @@ TEST_F(Shows, LookingAtAShowDoesNotChangeIt) {
 TEST_F(Shows, AShowOfOnesOwnIsItsOwnProject) {
   open(examples[1].path);
   ASSERT_EQ(machine.questions.size(), 1U);
-  EXPECT_EQ(machine.questions[0].filter, "Matrix Project (*.Korvane)|*.Korvane");
+  EXPECT_EQ(machine.questions[0].filter,
+            "Project: show, desk or grid (*.Korvane, *.korvanedesk, *.korvaneconf)"
+            "|*.Korvane;*.korvanedesk;*.korvaneconf");
   EXPECT_EQ(machine.questions[0].initialDirectory, folder);
   EXPECT_EQ(name(), "2-ticker-wall");
   EXPECT_EQ(v.matrixCols, 48);

@@ -29,6 +29,14 @@ DeskForm::DeskForm(Form& toolWindow, const std::vector<Example>& shows)
              {.caption = "Save as ...", .toolTip = "save the show with its grid in another file"},
              "Ctrl+Shift+S"),
       quit("quit", {.caption = "Quit", .toolTip = "close the desk"}, "Ctrl+Q"),
+      undo("undo",
+           {.caption = "Undo",
+            .toolTip = "take back what was changed last in the show or the grid",
+            .enabled = false},
+           "Ctrl+Z"),
+      redo("redo",
+           {.caption = "Redo", .toolTip = "change again what was taken back", .enabled = false},
+           "Ctrl+Shift+Z"),
       tool("tool", {.caption = "Matrix", .toolTip = "show the decks and their effects"}, "F2"),
       configure("configure",
                 {.caption = "Configure lamps", .toolTip = "define the lamp grid and its channels"},
@@ -93,7 +101,8 @@ void DeskForm::addControls() {
   add({&begin, &welcome, &newShow, &open});
   for (const auto& item : examples) add({item.get()});
   add({&hint, &pane, &dmx, &blackout, &freeze, &beat, &grandMaster, &channels, &wiring, &output});
-  add({&save, &saveAs, &quit, &configure, &tool, &front, &narrow, &full, &help, &sent, &wrong});
+  add({&save, &saveAs, &quit, &undo, &redo, &configure, &tool, &front, &narrow, &full, &help, &sent,
+       &wrong});
   add({&masterUp, &masterDown, &steeper, &flatter});
   for (const auto& item : recent) add({item.get()});
 }
@@ -106,6 +115,7 @@ void DeskForm::declareMenus() {
   std::vector<MenuItem*> tries;
   append(tries, examples);
   std::vector<Menu> menus = {{"Show", shows}};
+  menus.push_back({"Edit", {&undo, &redo}});
   if (!tries.empty()) menus.push_back({"Examples", tries});
   menus.push_back({"Play", {&dmx, &blackout, &freeze, &masterUp, &masterDown, nullptr, &beat}});
   menus.push_back(

@@ -22,6 +22,7 @@ class DeskForm : public Form {
   void showRecent(const std::vector<std::string>& paths);
 
   MenuItem newShow, open, save, saveAs, quit;
+  MenuItem undo, redo;
   std::vector<std::unique_ptr<MenuItem>> recent, examples;
   MenuItem tool, configure, wiring, output, channels, front, narrow, full;
   MenuItem beat, blackout, freeze, masterUp, masterDown, steeper, flatter, dmx;

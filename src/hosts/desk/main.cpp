@@ -10,6 +10,7 @@
 #include <iostream>
 
 #include "desk/whole/Desk.h"
+#include "hosts/desk/MousePresses.h"
 #include "hosts/desk/Options.h"
 #include "hosts/desk/QuitOnSignal.h"
 #include "views/qt/machine/LoopGate.h"
@@ -67,6 +68,7 @@ class Program {
   Desk desk_;
   qt::LoopGate gate_{platform_, desk_.engine().timers};
   qt::DesktopView view_{desk_.engine().desktop, gate_, desk_.form};
+  MousePresses presses_;
   QTimer settled_;
 };
 
@@ -74,6 +76,8 @@ Program::Program(const Options& options)
     : options_(options), desk_(platform_, feed_, placesOf(options)) {
   gate_.afterEvent = [this] { desk_.refresh(); };
   gate_.afterTicks = [this] { desk_.settle(); };
+  desk_.history.presses = [this] { return presses_.count(); };
+  desk_.history.held = MousePresses::held;
   desk_.onQuit = [] { QApplication::exit(kWell); };
   gate_.run([this] { desk_.show(); });
 }

@@ -1,0 +1,62 @@
+#include "desk/undo/ShowHistory.h"
+
+#include "desk/undo/ShowRestore.h"
+
+namespace korvane {
+
+void ShowHistory::begin() {
+  forget(undo_);
+  forget(redo_);
+  present_ = stateOf(plugin_, present_);
+  open_ = false;
+}
+
+void ShowHistory::note() {
+  if (!plugin_.matrixForm.loaded()) return;
+  if (!present_.grid) return begin();
+  ShowState now = stateOf(plugin_, present_);
+  if (now == present_) return;
+  const StepName name = nameOfStep(present_, now);
+  forget(redo_);
+  if (!goesOn(name)) undo_.push_back({present_, name});
+  const std::size_t cost = bytesBeside(now, present_);
+  undo_.back().bytes += cost;
+  bytes_ += cost;
+  changedAt_ = plugin_.engine.timers.now();
+  press_ = presses ? presses() : 0;
+  open_ = true;
+  present_ = std::move(now);
+  keepWithin();
+}
+
+bool ShowHistory::goesOn(const StepName& name) const {
+  if (!open_ || !name.grows || undo_.empty() || undo_.back().name.key != name.key) return false;
+  if (presses && presses() != press_) return false;
+  return (held && held()) || plugin_.engine.timers.now() - changedAt_ < kOneStep;
+}
+
+void ShowHistory::go(std::deque<Step>& from, std::deque<Step>& to) {
+  note();
+  if (from.empty() || plugin_.engine.desktop.modal() != nullptr || (held && held())) return;
+  Step step = std::move(from.back());
+  from.pop_back();
+  restoreShow(plugin_, present_, step.other, onGrid);
+  std::swap(step.other, present_);
+  to.push_back(std::move(step));
+  present_ = stateOf(plugin_, present_);
+  open_ = false;
+}
+
+void ShowHistory::forget(std::deque<Step>& steps) {
+  for (const Step& step : steps) bytes_ -= step.bytes;
+  steps.clear();
+}
+
+void ShowHistory::keepWithin() {
+  while (undo_.size() > 1 && (undo_.size() > kMostSteps || bytes_ > kMostBytes)) {
+    bytes_ -= undo_.front().bytes;
+    undo_.pop_front();
+  }
+}
+
+}  // namespace korvane
