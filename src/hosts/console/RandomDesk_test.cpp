@@ -52,7 +52,7 @@ struct DeskConsole {
     machine.pictures = platform.pictures;
     LampFeed dark{"korvane-tests"};
     Desk other(machine, dark, {base + "-other"});
-    other.openShow(path);
+    other.files.open(path);
     if (other.session.path() != path) throw ShowLost(path + " can't be opened");
     const Json found = changesOf(other.engine());
     if (now != found)
