@@ -72,7 +72,9 @@ void changesOfFades(const FadesState& before, const FadesState& after,
     if (now == nullptr || slot >= before.slots.size() || slot >= after.slots.size()) continue;
     std::string words = wordsFor(differences(before.slots[slot], after.slots[slot]));
     if (words.empty() && now->text != row.text) words = "name";
-    if (!words.empty()) names.push_back(named(words + " of fade", row.text, "X", row.slot));
+    if (!words.empty())
+      names.push_back({words + " of fade " + quoted(row.text),
+                       "X" + std::to_string(row.slot) + words, words != "kind"});
   }
 }
 
