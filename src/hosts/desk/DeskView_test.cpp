@@ -68,6 +68,7 @@ TEST_F(DeskView, TheMenusHoldTheItemsWithTheirKeys) {
   EXPECT_EQ(all.join("\n").toStdString(),
             "Show: New Ctrl+N\nShow: Open ... Ctrl+O\nShow: Save Ctrl+S\n"
             "Show: Save as ... Ctrl+Shift+S\nShow: Quit Ctrl+Q\n"
+            "Edit: Undo Ctrl+Z\nEdit: Redo Ctrl+Shift+Z\n"
             "Play: Output on F12\nPlay: Blackout F10\nPlay: Freeze F11\n"
             "Play: Grand master up Shift+F12\nPlay: Grand master down Shift+F11\nPlay: Beat F9\n"
             "Lamps: Wiring Shift+F3\nLamps: Configure lamps F3\nLamps: Outputs ... F5\n"
