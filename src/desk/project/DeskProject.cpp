@@ -1,7 +1,7 @@
 #include "desk/project/DeskProject.h"
 
 #include <algorithm>
-#include <fstream>
+#include <istream>
 #include <iterator>
 
 #include "desk/project/ShowPath.h"
@@ -26,15 +26,13 @@ bool refuseDepth(int depth, Json::parse_event_t, const Json&) {
   return true;
 }
 
-std::string bytesOf(const std::string& path) {
-  std::error_code error;
-  const std::uintmax_t size = std::filesystem::file_size(systemPath(path), error);
-  if (!error && size > kMostBytes)
+std::string bytesOf(const std::string& path, Disk& disk) {
+  if (disk.size(path) > kMostBytes)
     throw Failure(kOutOfMemory, path + " is larger than the " + std::to_string(kMostBytes) +
                                     " bytes that a project may have");
-  std::ifstream stream(systemPath(path), std::ios::binary);
-  if (!stream) throw Failure(kPathAccess, path);
-  return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
+  const auto stream = disk.read(path);
+  if (!*stream) throw Failure(kPathAccess, path);
+  return {std::istreambuf_iterator<char>(*stream), std::istreambuf_iterator<char>()};
 }
 
 // What the elements of a list are told apart by.
@@ -93,9 +91,9 @@ Json mergedWith(const Json& before, const Json& now) {
 }
 
 std::vector<std::string> DeskProject::open(const std::string& path) {
-  if (!fileExists(path)) return begin(), std::vector<std::string>();
+  if (!fileExists(path, disk_)) return begin(), std::vector<std::string>();
   try {
-    return read(bytesOf(path));
+    return read(bytesOf(path, disk_));
   } catch (const Failure& failure) {
     begin();
     return {failure.what()};
@@ -159,17 +157,17 @@ void DeskProject::save(const std::string& path) {
   kept_ = Json::parse(now);
   replaceTextFile(
       path, [&now](TextWriter& file) { writeLines(now, file); },
-      [](const std::string&) { return false; });
+      [](const std::string&) { return false; }, disk_);
 }
 
-std::string showOfProject(const std::string& path) {
+std::string showOfProject(const std::string& path, Disk& disk) {
   for (const char* ending : {kDeskProjectEnding, kGridEnding}) {
     if (!path.ends_with(ending)) continue;
     const std::string show =
         path.substr(0, path.size() - std::string_view(ending).size()) + kShowEnding;
-    if (fileExists(show) || ending != kDeskProjectEnding) return show;
+    if (fileExists(show, disk) || ending != kDeskProjectEnding) return show;
     std::string named;
-    DeskProject project;
+    DeskProject project(disk);
     project.add({"show", [] { return Json(); }, [&](const Member& name) { name.take(named); }});
     project.open(path);
     return named.empty() ? show : folderOf(path) + fileTitle(named);

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "desk/project/Member.h"
+#include "platform/Disk.h"
 
 namespace korvane {
 
@@ -34,6 +35,8 @@ struct Section {
 /// Members that this version does not know are kept as they were read.
 class DeskProject {
  public:
+  explicit DeskProject(Disk& disk = machineDisk()) : disk_(disk) {}
+
   /// Adds a part; the file has them in this order.
   void add(Section section) { sections_.push_back(std::move(section)); }
 
@@ -56,6 +59,7 @@ class DeskProject {
  private:
   void take(const Json& document, std::vector<std::string>& faults);
 
+  Disk& disk_;
   std::vector<Section> sections_;
   Json kept_ = Json::object();  // the document as it was read
   bool newer_ = false;
@@ -63,7 +67,7 @@ class DeskProject {
 
 /// The show that a project's file belongs to, whichever of the three it is: the one of the same
 /// name, or else the one in the same folder that a desk project names.
-std::string showOfProject(const std::string& path);
+std::string showOfProject(const std::string& path, Disk& disk = machineDisk());
 
 /// What is to be written over what was read: members that `now` has not stay, objects are merged,
 /// and so are elements of lists that have the same name or target; members that are null in `now`

@@ -44,7 +44,8 @@ std::optional<std::string> textOf(std::string (*text)(Plugin&), Plugin& plugin) 
 // Nothing for a file that is not there.
 std::optional<std::string> bytesOf(const std::string& path, Disk& disk) {
   if (!fileExists(path, disk)) return std::nullopt;
-  return std::string(std::istreambuf_iterator<char>(*disk.read(path)), {});
+  const auto in = disk.read(path);
+  return std::string(std::istreambuf_iterator<char>(*in), {});
 }
 
 std::array<ListView*, 3> listsOf(Engine& engine) {

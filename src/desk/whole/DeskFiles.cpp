@@ -35,7 +35,8 @@ std::string lines(const std::vector<std::string>& faults) {
 
 DeskFiles::DeskFiles(DeskSession& session, DeskForm& form, DeskQuestion& question,
                      const std::string& recentFile)
-    : session_(session),
+    : project(session.platform.disk()),
+      session_(session),
       form_(form),
       question_(question),
       recent_(recentFile, session.platform.disk()) {
@@ -64,7 +65,7 @@ void DeskFiles::open(const std::string& path) {
 }
 
 void DeskFiles::openNow(const std::string& path) {
-  const std::string show = showOfProject(path);
+  const std::string show = showOfProject(path, session_.platform.disk());
   if (session_.open(show))
     openProject(path.ends_with(kDeskProjectEnding) ? path : projectFile(show));
 }
