@@ -228,6 +228,30 @@ bool DeskSession::open(const std::string& show) {
   return well;
 }
 
+std::string DeskSession::showText() {
+  std::string text;
+  TextWriter writer(&text);
+  const std::string title = path_.empty() ? name() + kShowEnding : fileTitle(path_);
+  writeProject(plugin.engine, platform.numberFormat(), title, writer);
+  return text;
+}
+
+std::string DeskSession::gridText() { return definitionText(plugin); }
+
+bool DeskSession::restore(const std::string& copy, const std::string& original) {
+  const auto told = std::exchange(onFile, nullptr);  // the copy is nobody's file
+  const bool well = open(copy);
+  onFile = told;
+  if (!well) return false;
+  path_ = original;
+  host.setProject(original.empty() ? home_ + showName(copy) : projectOf(original));
+  readProjectNames(plugin.engine);
+  composition_.kept.reset();
+  definition_.kept.reset();
+  if (onFile) onFile();
+  return true;
+}
+
 // The window that defines the grid may have been looked at before.
 void DeskSession::showGrid() {
   if (!plugin.matrixConf.loaded()) return;

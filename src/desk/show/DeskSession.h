@@ -31,6 +31,13 @@ class DeskSession {
   /// told, if that can't be done.
   bool save(const std::string& show);
 
+  /// What a save would write of the show and of its grid now. A Failure for what can't be written.
+  std::string showText();
+  std::string gridText();
+  /// Opens a copy of a show that was never saved, or not lately: it goes on as that of the file
+  /// `original`, empty for none, and counts as changed. False if it can't be opened.
+  bool restore(const std::string& copy, const std::string& original);
+
   /// The file of the show; empty for a new one.
   const std::string& path() const { return path_; }
   /// The show's name for people.

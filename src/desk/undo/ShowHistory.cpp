@@ -1,5 +1,7 @@
 #include "desk/undo/ShowHistory.h"
 
+#include <algorithm>
+
 #include "desk/undo/ShowRestore.h"
 
 namespace korvane {
@@ -45,6 +47,14 @@ void ShowHistory::go(std::deque<Step>& from, std::deque<Step>& to) {
   to.push_back(std::move(step));
   present_ = stateOf(plugin_, present_);
   open_ = false;
+}
+
+std::vector<std::string> ShowHistory::newest(std::size_t most) const {
+  std::vector<std::string> names;
+  for (auto step = undo_.rbegin(); step != undo_.rend() && names.size() < most; ++step) {
+    if (std::ranges::find(names, step->name.text) == names.end()) names.push_back(step->name.text);
+  }
+  return names;
 }
 
 void ShowHistory::forget(std::deque<Step>& steps) {

@@ -4,6 +4,7 @@
 #include <deque>
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "desk/undo/StepName.h"
 
@@ -33,6 +34,8 @@ class ShowHistory {
   /// What the next step takes back or makes again, for people; empty for none.
   std::string undoName() const { return undo_.empty() ? "" : undo_.back().name.text; }
   std::string redoName() const { return redo_.empty() ? "" : redo_.back().name.text; }
+  /// What the newest steps did, for people, the newest first; the same words once.
+  std::vector<std::string> newest(std::size_t most) const;
   std::size_t steps() const { return undo_.size(); }
   std::size_t bytes() const { return bytes_; }
 

@@ -10,6 +10,7 @@ namespace {
 
 constexpr int kMonitorMilliseconds = 50;
 constexpr int kStateMilliseconds = 500;
+constexpr std::size_t kMostChanges = 5;  // that are told of a show that was kept aside
 
 constexpr int kMasterStep = 5;      // per cent a key
 constexpr double kCurveStep = 0.1;  // gamma a key
@@ -33,7 +34,7 @@ Desk::Desk(Platform& machine, LampFeed& feed, const DeskPlaces& places)
       wiring(engine(), session.plugin.matrixConf),
       monitor(engine().desktop),
       helpWindow(engine().desktop, form.menus()),
-      files(session, form, question, places.recentShows),
+      files(session, form, question, places.recentShows, places.kept),
       history(session.plugin),
       feed_(feed),
       kept_(places.outputs, machine.disk()),
@@ -83,6 +84,7 @@ void Desk::bindProject() {
 }
 
 void Desk::bindHistory() {
+  files.whatChanged = [this] { return history.newest(kMostChanges); };
   form.undo.onClick = [this] { history.undo(); };
   form.redo.onClick = [this] { history.redo(); };
   history.onGrid = [this] {
@@ -229,6 +231,7 @@ bool Desk::mayClose() {
 
 void Desk::close(std::optional<AtEnd> how) {
   closing_ = true;
+  files.end();
   finish(how);
   if (onQuit) onQuit();
 }
@@ -244,11 +247,13 @@ void Desk::settle() {
   send();
   keepTime();
   showState();
+  files.keepAside(engine().timers.now());
 }
 
 void Desk::refresh() {
   settle();
   followShow();
+  files.noteEvent(engine().timers.now());
   files.showTitle();
   setCaption(form.wrong, whatIsWrong());
 }

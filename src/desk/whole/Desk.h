@@ -25,6 +25,7 @@ struct DeskPlaces {
   std::vector<Example> examples = {};  ///< shows that come with the program
   std::string recentShows = {};        ///< file that keeps them; empty: not kept
   std::string outputs = {};            ///< file that keeps them; empty: not kept
+  std::string kept = {};  ///< folder for what was changed and not saved; empty: not kept
 };
 
 /// The stand-alone desk without a screen: a show, the desk's windows beside the plug-in's, and what

@@ -1,7 +1,13 @@
 #include "desk/whole/DeskFiles.h"
 
+#include <unistd.h>
+
 #include <algorithm>
 #include <exception>
+#include <filesystem>
+#include <fstream>
+#include <system_error>
+#include <utility>
 
 #include "desk/project/ShowPath.h"
 #include "platform/ReplaceFile.h"
@@ -13,7 +19,10 @@ constexpr const char* kShowFilter = "Matrix Project (*.Korvane)|*.Korvane";
 constexpr const char* kOpenFilter =
     "Project: show, desk or grid (*.Korvane, *.korvanedesk, *.korvaneconf)"
     "|*.Korvane;*.korvanedesk;*.korvaneconf";
-constexpr std::size_t kMostFaults = 10;  // that are told at once
+constexpr const char* kLastMark = "-open-last";  // a file beside that of the recent shows
+constexpr std::int64_t kQuiet = 3000;     // ms without an event, until a project is kept aside
+constexpr std::int64_t kLongest = 30000;  // and with events all the time
+constexpr std::size_t kMostFaults = 10;   // that are told at once
 
 std::string projectFile(const std::string& show) { return projectOf(show) + kDeskProjectEnding; }
 
@@ -34,12 +43,13 @@ std::string lines(const std::vector<std::string>& faults) {
 }  // namespace
 
 DeskFiles::DeskFiles(DeskSession& session, DeskForm& form, DeskQuestion& question,
-                     const std::string& recentFile)
+                     const std::string& recentFile, const std::string& kept)
     : project(session.platform.disk()),
       session_(session),
       form_(form),
       question_(question),
-      recent_(recentFile, session.platform.disk()) {
+      recent_(recentFile, session.platform.disk()),
+      shows_(kept) {
   project.add(nameOf("show", session, kShowEnding));
   project.add(nameOf("grid", session, kGridEnding));
   form.newShow.onClick = [this] { begin(); };
@@ -53,11 +63,25 @@ DeskFiles::DeskFiles(DeskSession& session, DeskForm& form, DeskQuestion& questio
   form.save.onClick = [this] { save(); };
   form.saveAs.onClick = [this] { saveAs(); };
   session.onFile = [this] {
+    hold();
     if (session_.path().empty()) return;
     recent_.add(session_.path());
     form_.showRecent(recent_.paths());
   };
   form.showRecent(recent_.paths());
+  form.openLast.setLit(!recentFile.empty() && fileExists(recentFile + kLastMark));
+  form.openLast.onClick = [this, mark = recentFile + kLastMark] {
+    form_.openLast.setLit(!form_.openLast.lit());
+    std::error_code error;
+    if (form_.openLast.lit())
+      std::ofstream(systemPath(mark)) << "the last show opens at the start\n";
+    else
+      std::filesystem::remove(systemPath(mark), error);
+  };
+}
+
+void DeskFiles::openLast() {
+  if (form_.openLast.lit() && !recent_.paths().empty()) open(std::string(recent_.paths().front()));
 }
 
 void DeskFiles::open(const std::string& path) {
@@ -98,6 +122,7 @@ bool DeskFiles::saveAs() {
 
 bool DeskFiles::saveTo(const std::string& show) {
   if (!session_.save(show)) return false;
+  forgetKept();
   const std::string path = projectFile(show);
   try {
     project.save(path);
@@ -119,7 +144,9 @@ void DeskFiles::leave(std::function<void()> then) {
   if (!changed()) return then();
   question_.ask(session_.name() + " was changed since it was opened or saved.",
                 {"Save", "Discard", "Cancel"}, [this, then = std::move(then)](std::size_t answer) {
-                  if (answer == 1 || (answer == 0 && save())) then();
+                  if (answer == 2 || (answer == 0 && !save())) return;
+                  forgetKept();
+                  then();
                 });
 }
 
@@ -131,6 +158,106 @@ void DeskFiles::showTitle() {
   const std::string mark = changed() ? "*" : "";
   const std::string title = open ? session_.name() + mark + " - Korvane" : "Korvane";
   if (title != form_.caption()) form_.setCaption(title);
+}
+
+// Of a show that another desk has open, this one keeps changes of its own.
+void DeskFiles::hold() {
+  if (held_ == session_.path()) return;
+  if (writing_.valid()) writing_.wait();
+  if (held_) shows_.drop();  // it has become another project, by a save or by leaving it
+  aside_ = {};
+  held_ = session_.path();
+  const std::string other = shows_.hold(*held_);
+  if (other.empty()) return;
+  session_.platform.messageBox(session_.name() + " is open in another desk, too: " + other +
+                               ". Whichever saves last is what stays.");
+}
+
+void DeskFiles::noteEvent(std::int64_t now) {
+  if (!pending_) changedAt_ = now;
+  eventAt_ = now;
+  pending_ = true;
+}
+
+void DeskFiles::keepAside(std::int64_t now) {
+  if (!pending_ || (now - eventAt_ < kQuiet && now - changedAt_ < kLongest)) return;
+  pending_ = false;
+  keepNow();
+}
+
+// The disk may take its time: the desk does not wait for it.
+void DeskFiles::keepNow() {
+  if (!session_.plugin.matrixForm.loaded()) return;
+  if (!changed()) return forgetKept();
+  if (!held_) hold();
+  KeptShow now{
+      session_.path(), session_.name(), whatChanged ? whatChanged() : aside_.changes, {}, {},
+      project.text()};
+  try {
+    now.show = session_.showText();
+    now.grid = session_.gridText();
+  } catch (const std::exception&) {
+    return;  // what can't be written now is no better kept
+  }
+  if (now == aside_) return;
+  aside_ = std::move(now);
+  if (writing_.valid()) writing_.wait();
+  writing_ = std::async(std::launch::async, [this, show = aside_] {
+    try {
+      shows_.keep(show);
+    } catch (const std::exception&) {
+      // A disk that is full now is told of when the person saves.
+    }
+  });
+}
+
+void DeskFiles::forgetKept() {
+  if (writing_.valid()) writing_.wait();
+  shows_.drop();
+  aside_ = {};
+  pending_ = false;
+}
+
+void DeskFiles::end() { forgetKept(); }
+
+void DeskFiles::offerLeft() {
+  const auto left = shows_.left();
+  if (!left) return;
+  std::string text = left->show.name +
+                     " was changed and not saved when the desk ended. It was kept at " +
+                     left->time + ".";
+  if (!left->show.changes.empty()) text += " Changed last:";
+  for (const std::string& change : left->show.changes) text += "\n- " + change;
+  question_.ask(text, {"Open it", "Throw it away", "Later"}, [this, left](std::size_t answer) {
+    if (answer == 0) restore(*left);
+    if (answer == 1) shows_.drop(left->key);
+  });
+}
+
+// The copy has a folder of its own for as long as it is read.
+void DeskFiles::restore(const KeptShows::Left& left) {
+  namespace fs = std::filesystem;
+  std::error_code error;
+  const fs::path folder =
+      fs::temp_directory_path(error) / ("korvane-" + left.key + "-" + std::to_string(::getpid()));
+  fs::create_directory(folder, error);
+  const std::string stem = utf8Path(folder / systemPath(left.show.name));
+  try {
+    writeNewFile(stem + kShowEnding, left.show.show);
+    writeNewFile(stem + kGridEnding, left.show.grid);
+  } catch (const std::system_error& failure) {
+    session_.platform.messageBox(left.show.name + " can't be opened. " + failure.what());
+    return;
+  }
+  if (session_.restore(stem + kShowEnding, left.show.path)) {
+    project.read(left.show.project);
+    keepNow();
+    if (shows_.key() != left.key) {
+      if (writing_.valid()) writing_.wait();
+      shows_.drop(left.key);
+    }
+  }
+  fs::remove_all(folder, error);
 }
 
 }  // namespace korvane

@@ -1,9 +1,14 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
+#include <future>
+#include <optional>
 #include <string>
+#include <vector>
 
 #include "desk/project/DeskProject.h"
+#include "desk/project/KeptShows.h"
 #include "desk/show/DeskSession.h"
 #include "desk/show/RecentShows.h"
 #include "desk/windows/DeskForm.h"
@@ -15,14 +20,17 @@ namespace korvane {
 /// opened, begun and saved together. Nothing that was changed is left without a question.
 class DeskFiles {
  public:
-  /// `recentFile` keeps the shows that were opened lately; empty: they are not kept.
+  /// `recentFile` keeps the shows that were opened lately, and what was changed is kept aside in
+  /// the folder `kept`; empty: they are not kept.
   DeskFiles(DeskSession& session, DeskForm& form, DeskQuestion& question,
-            const std::string& recentFile);
+            const std::string& recentFile, const std::string& kept);
 
   /// Opens the project that any of its three files belongs to. The person is asked first if
   /// changes would be lost.
   void open(const std::string& path);
   void begin();
+  /// At the start: opens the show that was opened or saved last, if the person wants that.
+  void openLast();
   /// Whether it was saved.
   bool save();
   bool saveAs();
@@ -35,10 +43,25 @@ class DeskFiles {
   /// Shows the name of the show and whether it was changed.
   void showTitle();
 
+  /// At the start: offers what a desk that did not end well has left behind.
+  void offerLeft();
+  /// After each event of a person, at this time in ms.
+  void noteEvent(std::int64_t now);
+  /// After each pass over the timers: keeps a changed project aside when all is quiet.
+  void keepAside(std::int64_t now);
+  /// The desk ends as it is meant to: nothing is to be offered.
+  void end();
+
+  /// What was changed lately, in words.
+  std::function<std::vector<std::string>()> whatChanged;
   DeskProject project;
 
  private:
   bool saveTo(const std::string& show);
+  void hold();
+  void keepNow();
+  void forgetKept();
+  void restore(const KeptShows::Left& left);
   void openNow(const std::string& path);
   void openProject(const std::string& path);
 
@@ -46,6 +69,12 @@ class DeskFiles {
   DeskForm& form_;
   DeskQuestion& question_;
   RecentShows recent_;
+  KeptShows shows_;
+  std::optional<std::string> held_;  // the show that is held
+  KeptShow aside_;                   // as it was kept last
+  std::future<void> writing_;
+  std::int64_t changedAt_ = 0, eventAt_ = 0;
+  bool pending_ = false;
   std::string kept_;  // of the project, when it was opened or saved last
 };
 

@@ -111,5 +111,130 @@ TEST_F(Projects, AProjectThatCannotBeWrittenIsTold) {
   EXPECT_EQ(machine.failedSaves[0].path, folder + "tour.korvanedesk");
 }
 
+/// A desk that keeps aside what was changed, as often as it is started.
+class KeptAside : public testing::Test {
+ protected:
+  struct Run {
+    explicit Run(const std::string& folder)
+        : desk(machine, feed, {folder + "mine", {}, folder + "recent", {}, folder + "kept/"}) {
+      event([this] { desk.show(); });
+      event([this] { desk.files.offerLeft(); });
+    }
+    void event(const std::function<void()>& what) {
+      runEvent(machine, what);
+      desk.refresh();
+    }
+    void click(MenuItem& item) {
+      event([&item] { item.click(); });
+    }
+    /// Opens the tool, gives its fade a name, and waits.
+    void change(const char* name) {
+      click(desk.form.tool);
+      event([&] { desk.engine().master.fadeName.setText(name); });
+      rest();
+    }
+    void rest() {
+      TimerQueue& timers = desk.engine().timers;
+      timers.advanceTo(timers.now() + 4000, [this](const auto& tick) { runEvent(machine, tick); });
+      desk.settle();
+    }
+    PicturePlatform machine;
+    LampFeed feed{"korvane-tests"};
+    Desk desk;
+  };
+
+  KeptAside() {
+    std::filesystem::remove_all(folder);
+    std::filesystem::create_directories(folder);
+  }
+  ~KeptAside() override { std::filesystem::remove_all(folder); }
+  std::string folder = testing::TempDir() + "korvane-kept-aside-" +
+                       testing::UnitTest::GetInstance()->current_test_info()->name() + "/";
+};
+
+TEST_F(KeptAside, IsOfferedAfterACrashWithWhatWasChangedAndOpensAsItWas) {
+  std::string contents;
+  {
+    Run crashed(folder);
+    crashed.change("Slow");
+    contents = crashed.desk.session.showText();
+  }
+  Run next(folder);
+  ASSERT_TRUE(next.desk.question.visible());
+  const std::string text = next.desk.question.text.look().caption;
+  EXPECT_THAT(text,
+              HasSubstr("mine was changed and not saved when the desk ended. It was kept at 20"));
+  EXPECT_THAT(text, HasSubstr("\n- name of fade 'new fade'"));
+  next.event([&] { next.desk.question.first.click(); });
+  EXPECT_EQ(next.desk.session.showText(), contents);
+  EXPECT_EQ(next.desk.session.path(), "");
+  EXPECT_EQ(next.desk.form.caption(), "mine* - Korvane");
+}
+
+TEST_F(KeptAside, ANoIsForGood) {
+  { Run(folder).change("Slow"); }
+  {
+    Run next(folder);
+    ASSERT_TRUE(next.desk.question.visible());
+    next.event([&] { next.desk.question.second.click(); });
+  }
+  EXPECT_FALSE(Run(folder).desk.question.visible());
+}
+
+TEST_F(KeptAside, NothingIsOfferedAfterAProperEnd) {
+  {
+    Run one(folder);
+    one.change("Slow");
+    one.click(one.desk.form.quit);
+    one.event([&] { one.desk.question.second.click(); });  // discard
+    EXPECT_TRUE(one.desk.closed());
+  }
+  {
+    Run one(folder);
+    EXPECT_FALSE(one.desk.question.visible());
+    one.change("Slow");
+    one.machine.answers = {folder + "tour.Korvane"};
+    one.click(one.desk.form.save);
+  }
+  EXPECT_FALSE(Run(folder).desk.question.visible());
+}
+
+TEST_F(KeptAside, NeverWritesOverThePersonsFiles) {
+  Run one(folder);
+  one.change("Slow");
+  one.machine.answers = {folder + "tour.Korvane"};
+  one.click(one.desk.form.save);
+  const auto written = std::filesystem::last_write_time(folder + "tour.Korvane");
+  one.change("Fast");
+  EXPECT_EQ(std::filesystem::last_write_time(folder + "tour.Korvane"), written);
+}
+
+TEST_F(KeptAside, TheSecondDeskOnAProjectIsTold) {
+  Run one(folder), two(folder);
+  one.change("Slow");
+  one.machine.answers = {folder + "tour.Korvane"};
+  one.click(one.desk.form.save);
+  two.machine.answers = {folder + "tour.Korvane"};
+  two.click(two.desk.form.open);
+  ASSERT_EQ(two.machine.boxes.size(), 1U);
+  EXPECT_THAT(two.machine.boxes[0], HasSubstr("tour is open in another desk, too: "));
+}
+
+TEST_F(KeptAside, TheLastShowOpensAtTheStartIfWanted) {
+  {
+    Run one(folder);
+    one.change("Slow");
+    one.machine.answers = {folder + "tour.Korvane"};
+    one.click(one.desk.form.save);
+    one.click(one.desk.form.openLast);
+  }
+  Run next(folder);
+  EXPECT_TRUE(next.desk.form.openLast.lit());
+  next.event([&] { next.desk.files.openLast(); });
+  EXPECT_EQ(next.desk.session.name(), "tour");
+  next.click(next.desk.form.openLast);
+  EXPECT_FALSE(Run(folder).desk.form.openLast.lit());
+}
+
 }  // namespace
 }  // namespace korvane

@@ -28,6 +28,8 @@ DeskForm::DeskForm(Form& toolWindow, const std::vector<Example>& shows)
       saveAs("saveAs",
              {.caption = "Save as ...", .toolTip = "save the show with its grid in another file"},
              "Ctrl+Shift+S"),
+      openLast("openLast", {.caption = "Open the last show at the start",
+                            .toolTip = "begin with the show that was open last"}),
       quit("quit", {.caption = "Quit", .toolTip = "close the desk"}, "Ctrl+Q"),
       undo("undo",
            {.caption = "Undo",
@@ -101,8 +103,8 @@ void DeskForm::addControls() {
   add({&begin, &welcome, &newShow, &open});
   for (const auto& item : examples) add({item.get()});
   add({&hint, &pane, &dmx, &blackout, &freeze, &beat, &grandMaster, &channels, &wiring, &output});
-  add({&save, &saveAs, &quit, &undo, &redo, &configure, &tool, &front, &narrow, &full, &help, &sent,
-       &wrong});
+  add({&save, &saveAs, &openLast, &quit, &undo, &redo, &configure, &tool, &front, &narrow, &full,
+       &help, &sent, &wrong});
   add({&masterUp, &masterDown, &steeper, &flatter});
   for (const auto& item : recent) add({item.get()});
 }
@@ -111,6 +113,7 @@ void DeskForm::declareMenus() {
   std::vector<MenuItem*> shows = {&newShow, &open, &save, &saveAs, nullptr};
   append(shows, recent);
   shows.push_back(nullptr);
+  shows.push_back(&openLast);
   shows.push_back(&quit);
   std::vector<MenuItem*> tries;
   append(tries, examples);

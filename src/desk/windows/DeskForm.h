@@ -21,7 +21,7 @@ class DeskForm : public Form {
   /// Shows the paths in the menu, the newest first.
   void showRecent(const std::vector<std::string>& paths);
 
-  MenuItem newShow, open, save, saveAs, quit;
+  MenuItem newShow, open, save, saveAs, openLast, quit;
   MenuItem undo, redo;
   std::vector<std::unique_ptr<MenuItem>> recent, examples;
   MenuItem tool, configure, wiring, output, channels, front, narrow, full;

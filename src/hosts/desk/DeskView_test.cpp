@@ -65,16 +65,17 @@ TEST_F(DeskView, TheMenusHoldTheItemsWithTheirKeys) {
         all << menu->text() + ": " + item->text() + " " + item->shortcut().toString();
     }
   }
-  EXPECT_EQ(all.join("\n").toStdString(),
-            "Show: New Ctrl+N\nShow: Open ... Ctrl+O\nShow: Save Ctrl+S\n"
-            "Show: Save as ... Ctrl+Shift+S\nShow: Quit Ctrl+Q\n"
-            "Edit: Undo Ctrl+Z\nEdit: Redo Ctrl+Shift+Z\n"
-            "Play: Output on F12\nPlay: Blackout F10\nPlay: Freeze F11\n"
-            "Play: Grand master up Shift+F12\nPlay: Grand master down Shift+F11\nPlay: Beat F9\n"
-            "Lamps: Wiring Shift+F3\nLamps: Configure lamps F3\nLamps: Outputs ... F5\n"
-            "Lamps: Channels F8\nLamps: Curve steeper Shift+F10\nLamps: Curve flatter Shift+F9\n"
-            "View: Matrix F2\nView: Desk F4\nView: Narrow view F6\nView: Full view F7\n"
-            "Help: Help F1");
+  EXPECT_EQ(
+      all.join("\n").toStdString(),
+      "Show: New Ctrl+N\nShow: Open ... Ctrl+O\nShow: Save Ctrl+S\n"
+      "Show: Save as ... Ctrl+Shift+S\nShow: Open the last show at the start \nShow: Quit Ctrl+Q\n"
+      "Edit: Undo Ctrl+Z\nEdit: Redo Ctrl+Shift+Z\n"
+      "Play: Output on F12\nPlay: Blackout F10\nPlay: Freeze F11\n"
+      "Play: Grand master up Shift+F12\nPlay: Grand master down Shift+F11\nPlay: Beat F9\n"
+      "Lamps: Wiring Shift+F3\nLamps: Configure lamps F3\nLamps: Outputs ... F5\n"
+      "Lamps: Channels F8\nLamps: Curve steeper Shift+F10\nLamps: Curve flatter Shift+F9\n"
+      "View: Matrix F2\nView: Desk F4\nView: Narrow view F6\nView: Full view F7\n"
+      "Help: Help F1");
 }
 
 TEST_F(DeskView, BlackoutIsLitWhileItIsOn) {

@@ -9,7 +9,9 @@
 #include <filesystem>
 #include <iostream>
 
+#include "desk/project/StateFolder.h"
 #include "desk/whole/Desk.h"
+#include "hosts/desk/DroppedFiles.h"
 #include "hosts/desk/MousePresses.h"
 #include "hosts/desk/Options.h"
 #include "hosts/desk/QuitOnSignal.h"
@@ -43,6 +45,8 @@ DeskPlaces placesOf(const Options& options) {
   if (options.outputs.empty())
     places.outputs =
         QDir(folder(QStandardPaths::AppConfigLocation)).filePath("outputs").toStdString();
+  const std::string state = stateFolder();
+  if (!state.empty()) places.kept = state + "desk/";
   return places;
 }
 
@@ -69,6 +73,9 @@ class Program {
   qt::LoopGate gate_{platform_, desk_.engine().timers};
   qt::DesktopView view_{desk_.engine().desktop, gate_, desk_.form};
   MousePresses presses_;
+  DroppedFiles dropped_{view_.window(desk_.form), [this](const std::string& path) {
+                          gate_.run([&] { desk_.files.open(path); });
+                        }};
   QTimer settled_;
 };
 
@@ -98,7 +105,11 @@ void Program::begin() {
     if (options_.dmx) gate_.run([this] { desk_.form.dmx.click(); });
     desk_.files.keepAsIs();
   }
-  if (options_.screenshot.empty()) return;
+  if (options_.screenshot.empty()) {
+    if (options_.show.empty()) gate_.run([this] { desk_.files.openLast(); });
+    gate_.run([this] { desk_.files.offerLeft(); });
+    return;
+  }
   settled_.setSingleShot(true);
   settled_.callOnTimeout([this] { takePicture(); });
   settled_.start(kSettleMilliseconds);

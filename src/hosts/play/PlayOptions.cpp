@@ -21,6 +21,8 @@ says nothing of them. Any of the three may be named.
   --master PERCENT   grand master, 0 to 100 (default: 100)
   --blackout         begin dark
   --seconds N        end after N seconds (default: play on)
+  --resume           go on where the last run with --resume was, however it ended; without SHOW, with
+                     its show and outputs
   --help             print this text
 
 Keys: a, b fade to the left or right deck; space is a beat; + and - move the grand master by 5 %,
@@ -34,12 +36,14 @@ Exit status: 0 played, 1 the show can't be opened, 2 wrong usage; with 1 and 2 n
 
 namespace {
 
-constexpr char kOutput = 'o', kMaster = 'm', kBlackout = 'b', kSeconds = 's', kHelp = 'h';
+constexpr char kOutput = 'o', kMaster = 'm', kBlackout = 'b', kSeconds = 's', kResume = 'r',
+               kHelp = 'h';
 
 constexpr option kOptions[] = {{"output", required_argument, nullptr, kOutput},
                                {"master", required_argument, nullptr, kMaster},
                                {"blackout", no_argument, nullptr, kBlackout},
                                {"seconds", required_argument, nullptr, kSeconds},
+                               {"resume", no_argument, nullptr, kResume},
                                {"help", no_argument, nullptr, kHelp},
                                {nullptr, 0, nullptr, 0}};
 
@@ -82,6 +86,9 @@ PlayOptions parsePlayOptions(int count, char** words) {
         break;
       case kSeconds:
         options.seconds = seconds(optarg);
+        break;
+      case kResume:
+        options.resume = true;
         break;
       case kHelp:
         options.help = true;

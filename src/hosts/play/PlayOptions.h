@@ -15,7 +15,8 @@ struct PlayOptions {
   std::vector<OutputConfig> outputs;  ///< none: those of the project
   WallLevels levels;                  ///< grand master, blackout, freeze at the start
   bool masterGiven = false;           ///< else the grand master is that of the project
-  double seconds = 0;                 ///< length of the play, 0 plays until it is ended
+  bool resume = false;  ///< goes on where the last run was, and remembers where this one is
+  double seconds = 0;   ///< length of the play, 0 plays until it is ended
   bool help = false;
 };
 

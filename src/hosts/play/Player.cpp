@@ -87,6 +87,65 @@ void Player::takeProject() {
   for (const std::string& fault : project.open(path)) tell(path + ": " + fault);
 }
 
+// What plays, and how: a row each.
+void Player::bindState() {
+  Variablen& v = plugin_.engine.v;
+  Master& master = plugin_.engine.master;
+  state_.add({"show", [this] { return Json(showPath().string()); }, [](const Member&) {}});
+  state_.add({"outputs",
+              [this] {
+                std::vector<OutputEntry> entries;
+                for (const OutputConfig& output : options_.outputs) entries.push_back({output});
+                return toJson(entries);
+              },
+              [this](const Member& member) {
+                if (!options_.outputs.empty()) return;
+                for (const OutputEntry& entry : outputsOf(member))
+                  options_.outputs.push_back(entry.config);
+              }});
+  state_.add(
+      {"levels",
+       [this] {
+         return Json{{"master", feed_.levels().master}, {"blackout", feed_.levels().blackout}};
+       },
+       [this](const Member& member) {
+         if (!options_.masterGiven) member["master"].take(options_.levels.master, 0, 100);
+         member["blackout"].take(options_.levels.blackout);
+       }});
+  for (const auto& [name, list] :
+       {std::pair("left", &v.A.efxList), std::pair("right", &v.B.efxList),
+        std::pair("fade", &master.efxXList)})
+    state_.add({name, [list = list] { return Json(list->current()); },
+                [this, list = list](const Member& member) {
+                  int row = 0;
+                  if (member.take(row, 0, list->count() - 1)) event([&] { list->click(row, 0); });
+                }});
+  state_.add({"fader", [&master] { return Json(master.faderM.value()); },
+              [this, &master](const Member& member) {
+                int place = 0;
+                if (member.take(place, master.faderM.min(), master.faderM.max()))
+                  event([&] { master.faderM.setValue(place); });
+              },
+              Counts::Never});
+}
+
+// Another show than that of the last run begins from its start.
+void Player::resume() {
+  if (!options_.resume) return;
+  bindState();
+  if (PlayState::showOf(playStateFile()) != showPath().string()) return;
+  for (const std::string& fault : state_.resume()) tell(playStateFile() + ": " + fault);
+}
+
+void Player::keepState() {
+  if (!options_.resume) return;
+  try {
+    state_.keep(!plugin_.engine.v.fadeRunning);
+  } catch (const std::exception& error) {
+    tell(std::string("where the show is can't be kept: ") + error.what());
+  }
+}
+
 bool Player::open() {
   const bool opened = event([this] {
     plugin_.plugIn.ITharnPlugin_Init("korvane-play", options_.show, host_);
@@ -94,6 +153,7 @@ bool Player::open() {
   });
   if (!opened) return false;
   takeProject();
+  resume();
   if (!event([this] { plugin_.matrixForm.active.setValue(1); })) return false;
   feed_.setLevels(options_.levels);
   // The first packet holds the first picture.
@@ -180,6 +240,7 @@ bool Player::play() {
     terminal_->attend();
     clock_.pass(gate);
     tellNetwork();
+    keepState();
     draw();
     const int next = clock_.untilNext();
     const int wait = next < 0 ? kPictureInterval : std::min(next, kPictureInterval);

@@ -6,6 +6,7 @@
 #include "desk/output/LampFeed.h"
 #include "hosts/play/Messages.h"
 #include "hosts/play/PlayOptions.h"
+#include "hosts/play/PlayState.h"
 #include "hosts/play/Terminal.h"
 #include "platform/HeadlessPlatform.h"
 #include "platform/LocaleFormat.h"
@@ -64,6 +65,9 @@ class Player {
   bool open();
   void openShow();
   void takeProject();
+  void bindState();
+  void resume();
+  void keepState();
   bool press(char key);
   void pressLevel(char key);
   void pressLook(char key);
@@ -79,6 +83,7 @@ class Player {
   WallClock clock_{plugin_.engine.timers, [this] { feed_.endOfPass(plugin_.engine.v); }};
   Messages messages_;
   std::optional<Terminal> terminal_;
+  PlayState state_{playStateFile()};
   std::optional<std::int64_t> drawnAt_;
 };
 

@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <chrono>
+#include <cstdlib>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
@@ -161,6 +163,38 @@ TEST_F(OnATerminal, ACrashPutsTheTerminalBack) {
     EXPECT_EQ(std::memcmp(&now, &before, sizeof now), 0);
     EXPECT_TRUE(own.shows(kScreenBack));
   }
+}
+
+// As after a power cut: nothing could be said at the end.
+TEST_F(OnATerminal, ResumeGoesOnWhereAKilledPlayerWasWithinTwoSeconds) {
+  const std::string folder = testing::TempDir() + "korvane-resumed";
+  std::filesystem::remove_all(folder);
+  setenv("XDG_STATE_HOME", folder.c_str(), 1);
+  TestTerminal killed;
+  killed.start({KORVANE_PLAY, "--resume", "--output", lamps.target(), kShow});
+  ASSERT_TRUE(killed.shows("▀"));
+  killed.type("o-");
+  ASSERT_TRUE(killed.shows("BLACKOUT. Master 95 %"));
+  const std::string state = folder + "/korvane/playing.json";
+  const auto kept = [&state] {
+    std::ifstream stream(state);
+    const std::string text(std::istreambuf_iterator<char>(stream), {});
+    return text.find("\"master\": 95") != std::string::npos;
+  };
+  EXPECT_TRUE(TestTerminal::wait(kept));
+  killed.signal(SIGKILL);
+  killed.status();
+  lamps.take();
+
+  const auto begun = std::chrono::steady_clock::now();
+  terminal.start({KORVANE_PLAY, "--resume"});
+  ASSERT_TRUE(TestTerminal::wait([this] { return lamps.take() > 0; }));
+  EXPECT_LT(std::chrono::steady_clock::now() - begun, std::chrono::seconds(2));
+  EXPECT_TRUE(terminal.shows("BLACKOUT. Master 95 %")) << terminal.screen;
+  terminal.type("q");
+  EXPECT_EQ(terminal.status(), 0);
+  unsetenv("XDG_STATE_HOME");
+  std::filesystem::remove_all(folder);
 }
 
 TEST_F(OnATerminal, CtrlZGivesTheTerminalBackAndTheForegroundTakesItAgain) {

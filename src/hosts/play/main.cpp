@@ -2,6 +2,7 @@
 
 #include <iostream>
 
+#include "hosts/play/PlayState.h"
 #include "hosts/play/Player.h"
 #include "platform/TextFile.h"
 
@@ -9,10 +10,15 @@ namespace korvane {
 namespace {
 
 int run(int count, char** words) {
-  const PlayOptions options = parsePlayOptions(count, words);
+  PlayOptions options = parsePlayOptions(count, words);
   if (options.help) {
     std::cout << kPlayUsage;
     return 0;
+  }
+  if (options.resume && options.show.empty()) options.show = PlayState::showOf(playStateFile());
+  if (options.resume && options.show.empty()) {
+    std::cerr << "korvane-play: there is nothing to go on with; name a show\n";
+    return 1;
   }
   if (!options.show.empty() && !fileExists(options.show)) {
     std::cerr << "korvane-play: there is no show " << options.show << "\n";
