@@ -37,6 +37,20 @@ void ListView::add(std::string text, std::vector<std::string> sub, Color color) 
   shown();
 }
 
+void ListView::setRows(std::vector<Row> rows) {
+  if (rows == rows_) return;
+  rows_ = std::move(rows);
+  current_ = rows_.empty() ? -1 : std::clamp(current_, 0, count() - 1);
+  if (editRow_ >= count()) editRow_ = -1;
+  shown();
+}
+
+void ListView::center(int row) {
+  if (row == centered_) return;
+  centered_ = row;
+  shown();
+}
+
 void ListView::setCell(int row, int col, std::string text) {
   Row& target = at(row);
   if (col < 0) throw Failure(kSubscript, name() + " has no column " + std::to_string(col));

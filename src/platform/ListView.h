@@ -25,6 +25,8 @@ class ListView : public Control {
     std::vector<std::string> sub;  ///< texts of the second column and on
     Color color = 0;               ///< text colour of the coloured columns
     bool selected = false;
+
+    bool operator==(const Row&) const = default;
   };
 
   explicit ListView(std::string name, Look look = {})
@@ -44,6 +46,8 @@ class ListView : public Control {
 
   /// Adds a row at the end, unselected. The first row becomes the current one.
   void add(std::string text, std::vector<std::string> sub = {}, Color color = 0);
+  /// Replaces the rows, in one step for the view; the current row stays that of the same index.
+  void setRows(std::vector<Row> rows);
   void setCell(int row, int col, std::string text);
   /// Removes a row; the current one stays the same row or, if it goes, the row that takes its
   /// place. An open editor closes and what was typed is lost.
@@ -56,6 +60,10 @@ class ListView : public Control {
   /// Makes the row the current one and gives it the mark alone. No event.
   void select(int index);
   void unselectAll();
+
+  /// The row that the view brings to the middle when it becomes another one; -1 for none.
+  int centered() const { return centered_; }
+  void center(int row);
 
   /// What a person does: left click on a cell, double click on a row.
   void click(int row, int col);
@@ -99,6 +107,7 @@ class ListView : public Control {
   std::vector<Column> columns_;
   std::vector<Row> rows_;
   int current_ = -1;
+  int centered_ = -1;
   int editRow_ = -1;
   int editCol_ = -1;
 };

@@ -244,6 +244,12 @@ void CueRunner::goOnFrom(const CuePosition& position) {
   wait();
 }
 
+void CueRunner::changed(int cue) {
+  if (cue != at_.on) return;
+  timer_.disable();
+  wait();
+}
+
 void CueRunner::mapped(const std::function<int(int)>& place) {
   for (int* cue : {&at_.on, &at_.next}) *cue = *cue < 0 ? -1 : place(*cue);
   for (std::vector<int>* cues : {&at_.round, &played_}) {

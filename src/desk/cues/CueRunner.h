@@ -56,6 +56,8 @@ class CueRunner {
   /// Goes on from a position, without touching the stage.
   void goOnFrom(const CuePosition& position);
 
+  /// A cue has been edited: if it is on, its end is another one.
+  void changed(int cue);
   // The list has been edited; the cues that are on and next stay so.
   void inserted(int at);
   void removed(int at);

@@ -34,17 +34,17 @@ void runAutoPlay(ShowRun& show, int) { show.startAutoPlay(!show.automatic.on());
 void runTap(ShowRun& show, int) { show.tempo.tap(); }
 
 constexpr ShowCommand kCommands[] = {
-    {"cueGo", "Go", "start the next cue", "Space", runGo},
-    {"cueBack", "Back", "start the cue before", "Backspace", runBack},
+    {"cueGo", "Go", "start the next cue", "Space", false, runGo},
+    {"cueBack", "Back", "start the cue before", "Backspace", false, runBack},
     {"cuePause", "Pause", "hold the time of the cue that is on, until pressed again", "Shift+Space",
-     runPause},
-    {"cueJump", "Start", "start the selected cue", "", runJump},
-    {"cueNext", "Next", "let Go start the selected cue", "", runNext},
-    {"cueStop", "Stop", "no cue is on any more; what is on stays", "", runStop},
-    {"cueRecord", "Record", "make a cue of what is on", "Ctrl+R", runRecord},
+     false, runPause},
+    {"cueStop", "Stop", "no cue is on any more; what is on stays", "Ctrl+Space", false, runStop},
+    {"cueJump", "Start", "start the selected cue", "", true, runJump},
+    {"cueNext", "Make next", "let Go start the selected cue", "", true, runNext},
+    {"cueRecord", "Record", "make a cue of what is on", "Ctrl+R", false, runRecord},
     {"autoPlay", "Automatic play", "change effects by itself, until pressed again", "Ctrl+Shift+A",
-     runAutoPlay},
-    {"tap", "Tap", "a beat by hand; several set the tempo", "Ctrl+T", runTap},
+     false, runAutoPlay},
+    {"tap", "Tap", "a beat by hand; several set the tempo", "Ctrl+T", false, runTap},
 };
 
 }  // namespace

@@ -47,6 +47,7 @@ struct ShowCommand {
   const char* caption;
   const char* toolTip;
   const char* key;  ///< default key; empty for none
+  bool ofCue;       ///< it needs to be told which cue, from 1
   void (*run)(ShowRun& show, int argument);
 };
 

@@ -9,6 +9,7 @@ namespace korvane {
 namespace {
 
 constexpr int kMonitorMilliseconds = 50;
+constexpr int kCountdownMilliseconds = 100;
 constexpr int kStateMilliseconds = 500;
 constexpr std::size_t kMostChanges = 5;  // that are told of a show that was kept aside
 
@@ -36,6 +37,7 @@ Desk::Desk(Platform& machine, LampFeed& feed, const DeskPlaces& places)
       helpWindow(engine().desktop, form.menus()),
       files(session, form, question, places.recentShows, places.kept),
       history(session.plugin),
+      cues(session.plugin, form),
       feed_(feed),
       kept_(places.outputs, machine.disk()),
       refresh_(engine().timers, "timerDesk"),
@@ -116,7 +118,7 @@ void Desk::bindWindows() {
 }
 
 void Desk::bindPlay() {
-  form.beat.onClick = [this] { message(kMessageBeat); };
+  form.beat.onClick = cues.run.tempo.onBeat = [this] { message(kMessageBeat); };
   form.narrow.onClick = [this] { message(kMessageViewChange, kNarrowView); };
   form.full.onClick = [this] { message(kMessageViewChange, kFullView); };
   form.blackout.onClick = [this] {
@@ -210,6 +212,7 @@ void Desk::bindFields() {
 void Desk::message(std::int32_t number, std::int32_t argument) {
   session.platform.quietly(
       [&] { session.plugin.plugIn.ITharnPlugin_MessageHandle(number, argument, 0); });
+  if (number == kMessageBeat) cues.run.beat();
 }
 
 // The lamps would lose their light with the desk, so a running output is not ended by the way.
@@ -245,12 +248,14 @@ void Desk::settle() {
   followGrid();
   followDmx();
   send();
+  cues.settle();
   keepTime();
   showState();
   files.keepAside(engine().timers.now());
 }
 
 void Desk::refresh() {
+  cues.refresh();
   settle();
   followShow();
   files.noteEvent(engine().timers.now());
@@ -318,7 +323,9 @@ int Desk::universesOfWall() {
 
 // A load of the tool's window stops all timers and gives them its own interval.
 void Desk::keepTime() {
-  const int wanted = monitor.visible() ? kMonitorMilliseconds : kStateMilliseconds;
+  const int wanted = monitor.visible() ? kMonitorMilliseconds
+                     : cues.counting() ? kCountdownMilliseconds
+                                       : kStateMilliseconds;
   if (refresh_.enabled() && refresh_.interval() == wanted) return;
   refresh_.setInterval(wanted);
   refresh_.enable();

@@ -10,6 +10,7 @@
 #include "desk/show/KeptOutputs.h"
 #include "desk/undo/ShowHistory.h"
 #include "desk/wall/Wiring.h"
+#include "desk/whole/DeskCues.h"
 #include "desk/whole/DeskFiles.h"
 #include "desk/windows/ChannelMonitor.h"
 #include "desk/windows/DeskForm.h"
@@ -59,6 +60,7 @@ class Desk {
   DeskHelp helpWindow;
   DeskFiles files;
   ShowHistory history;
+  DeskCues cues;
 
   std::function<void()> onQuit;  ///< the desk was closed
 

@@ -1,5 +1,6 @@
 #include "desk/windows/DeskForm.h"
 
+#include "desk/cues/ShowRun.h"
 #include "desk/project/ShowPath.h"
 
 namespace korvane {
@@ -75,6 +76,7 @@ DeskForm::DeskForm(Form& toolWindow, const std::vector<Example>& shows)
                .toolTip = "gamma 0.1 less on the output that is lit in Outputs"},
               "Shift+F9"),
       dmx("dmx", {.caption = "Output on", .toolTip = "the lamps follow the show"}, "F12"),
+      cues("cues", {.caption = "Cues", .toolTip = "let the show run by itself"}, "Shift+F2"),
       help("help", {.caption = "Help", .toolTip = "how to work with the desk"}, "F1"),
       begin("begin", {}),
       pane("pane", {}),
@@ -93,6 +95,11 @@ DeskForm::DeskForm(Form& toolWindow, const std::vector<Example>& shows)
     examples.push_back(std::make_unique<MenuItem>(
         numbered("example", i),
         Look{.caption = shows[i].title, .toolTip = "open " + shows[i].path}));
+  for (const ShowCommand& one : showCommands()) {
+    if (one.ofCue) continue;
+    commands.push_back(std::make_unique<MenuItem>(
+        one.name, Look{.caption = one.caption, .toolTip = one.toolTip}, one.key));
+  }
   grandMaster.setValue(kFull);
   addControls();
   declareMenus();
@@ -107,6 +114,8 @@ void DeskForm::addControls() {
        &help, &sent, &wrong});
   add({&masterUp, &masterDown, &steeper, &flatter});
   for (const auto& item : recent) add({item.get()});
+  add({&cues});
+  for (const auto& item : commands) add({item.get()});
 }
 
 void DeskForm::declareMenus() {
@@ -121,6 +130,9 @@ void DeskForm::declareMenus() {
   menus.push_back({"Edit", {&undo, &redo}});
   if (!tries.empty()) menus.push_back({"Examples", tries});
   menus.push_back({"Play", {&dmx, &blackout, &freeze, &masterUp, &masterDown, nullptr, &beat}});
+  std::vector<MenuItem*> runs = {&cues, nullptr};
+  append(runs, commands);
+  menus.push_back({"Cues", runs});
   menus.push_back(
       {"Lamps", {&wiring, &configure, &output, &channels, nullptr, &steeper, &flatter}});
   menus.push_back({"View", {&tool, &front, nullptr, &narrow, &full}});

@@ -26,6 +26,8 @@ class DeskForm : public Form {
   std::vector<std::unique_ptr<MenuItem>> recent, examples;
   MenuItem tool, configure, wiring, output, channels, front, narrow, full;
   MenuItem beat, blackout, freeze, masterUp, masterDown, steeper, flatter, dmx;
+  MenuItem cues;
+  std::vector<std::unique_ptr<MenuItem>> commands;  ///< of a show that runs by itself
   MenuItem help;
   Group begin, pane;
   Label welcome, hint;

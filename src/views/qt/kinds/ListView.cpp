@@ -37,11 +37,13 @@ class RowList : public QTreeView {
  private:
   void shareWidth();
   void showCurrentRow();
+  void showCenteredRow();
   void showEditor();
 
   ListView& list_;
   Seat seat_;
   ListModel model_;
+  int centered_ = -1;  // as it was brought to the middle last
   bool editorOpen_ = false;
 };
 
@@ -66,6 +68,7 @@ void RowList::refresh() {
   model_.refresh();
   if (columns != header()->count()) shareWidth();
   showCurrentRow();
+  showCenteredRow();
   showEditor();
 }
 
@@ -85,6 +88,13 @@ void RowList::showCurrentRow() {
     if (current.isValid()) scrollTo(current);
   }
   selection.select(marked, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+}
+
+void RowList::showCenteredRow() {
+  const QModelIndex middle = model_.index(list_.centered(), 0);
+  if (centered_ == middle.row() || !middle.isValid()) return;
+  centered_ = middle.row();
+  scrollTo(middle, PositionAtCenter);
 }
 
 void RowList::showEditor() {
@@ -117,6 +127,8 @@ void RowList::shareWidth() {
 void RowList::resizeEvent(QResizeEvent* event) {
   QTreeView::resizeEvent(event);
   shareWidth();
+  centered_ = -1;
+  showCenteredRow();
 }
 
 void RowList::mousePressEvent(QMouseEvent* event) {

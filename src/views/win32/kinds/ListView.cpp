@@ -54,6 +54,7 @@ class RowsWidget : public Widget {
   void show() override {
     showColumns();
     showRows();
+    showCenteredRow();
     showEditor();
   }
   std::optional<LRESULT> notify(const NMHDR& header) override;
@@ -65,6 +66,7 @@ class RowsWidget : public Widget {
   }
   void showColumns();
   void showRows() const;
+  void showCenteredRow();
   void setState(int row, UINT state, UINT mask) const;
   void showEditor();
   RECT editedCell() const;
@@ -75,6 +77,7 @@ class RowsWidget : public Widget {
 
   ListView& list_;
   std::vector<ListView::Column> columns_;
+  int centered_ = -1;  // as it was brought to the middle last
   CellEditor editor_;
 };
 
@@ -137,6 +140,17 @@ void RowsWidget::showRows() const {
     send(LVM_ENSUREVISIBLE, static_cast<WPARAM>(list_.current()), FALSE);
   }
   InvalidateRect(window(), nullptr, FALSE);
+}
+
+// With half a page above it and half a page below it.
+void RowsWidget::showCenteredRow() {
+  if (centered_ == list_.centered() || list_.centered() >= list_.count()) return;
+  centered_ = list_.centered();
+  if (centered_ < 0) return;
+  const int half = static_cast<int>(send(LVM_GETCOUNTPERPAGE)) / 2;
+  for (const int row :
+       {std::max(centered_ - half, 0), std::min(centered_ + half, list_.count() - 1)})
+    send(LVM_ENSUREVISIBLE, static_cast<WPARAM>(row), FALSE);
 }
 
 // A list that changes under an open editor leaves alone what has been typed.

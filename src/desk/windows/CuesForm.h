@@ -1,0 +1,68 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "desk/cues/ShowRun.h"
+#include "desk/windows/CueFields.h"
+#include "platform/Controls.h"
+#include "platform/Form.h"
+#include "platform/ListView.h"
+#include "state/Engine.h"
+
+namespace korvane {
+
+/// The window of the cues: the list with what is on and what is next, the fields of the selected
+/// cue, and below them automatic play and the tempo.
+class CuesForm : public Form {
+ public:
+  CuesForm(Engine& engine, ShowRun& run);
+
+  /// Shows what has changed: all of it after an event, else what time alone changes.
+  void refresh();
+  void keepTime();
+  /// True while something counts down.
+  bool counting() const;
+
+  Label now, then;
+  ListView list;
+  Button go, back, pause, stop, jump, next, record;
+  PictureButton add, remove, up, down;
+  Button duplicate;
+  CheckBox loop, random;
+  TextBox guard;
+  CueFields fields;
+  Group cueGroup, listGroup, autoGroup, tempoGroup;
+  CheckBox autoPlay;
+  TextBox every;
+  ListBox unit;
+  CheckBox autoRandom;
+  TextBox bpm;
+  Button tap;
+
+ private:
+  void declareLayout();
+  void bindCommands();
+  void bindEditing();
+  void bindOptions();
+  void bindAutomatic();
+  bool selectedCue(int& cue) const;
+  void insert(int at, Cue cue);
+  void remove_Click();
+  void move(int by);
+  void takeNumber(TextBox& box, double least, double most, const std::string& what,
+                  const std::function<void(double)>& take);
+  void showRows();
+  void showOptions();
+  std::string whatIsOn() const;
+  std::string whatIsNext() const;
+  std::string left() const;
+
+  Engine& engine_;
+  ShowRun& run_;
+  bool filling_ = false;
+  int shownOn_ = -2, shownNext_ = -2;
+};
+
+}  // namespace korvane
