@@ -11,7 +11,7 @@ constexpr std::int64_t kMostLate = 1000;  // ms that are made up for
 
 }  // namespace
 
-AutoPlay::AutoPlay(TimerQueue& timers, Stage& stage)
+AutoPlay::AutoPlay(TimerQueue& timers, ShowStage& stage)
     : timers_(timers), stage_(stage), timer_(timers, "timerAutoPlay") {
   timer_.onTimer = [this] { tick(); };
 }
@@ -90,7 +90,7 @@ double AutoPlay::remaining() const {
 
 // The row behind the selected one, or any other; of a list with one row that one.
 std::int16_t AutoPlay::another(ShowList list, bool random) {
-  const std::vector<Stage::Row> rows = stage_.rows(list);
+  const std::vector<ShowStage::Row> rows = stage_.rows(list);
   if (rows.empty()) return RowRef::kGone;
   const std::int16_t selected = stage_.selected(list);
   const auto found = std::find_if(rows.begin(), rows.end(),

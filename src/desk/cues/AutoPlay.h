@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "desk/cues/Stage.h"
+#include "desk/cues/ShowStage.h"
 #include "platform/Random.h"
 #include "platform/TimerQueue.h"
 
@@ -22,7 +22,7 @@ struct AutoPlaySettings {
 /// next fade of the fade list brings it up.
 class AutoPlay {
  public:
-  AutoPlay(TimerQueue& timers, Stage& stage);
+  AutoPlay(TimerQueue& timers, ShowStage& stage);
 
   bool on() const { return on_; }
   /// The first change comes when its time is over.
@@ -48,7 +48,7 @@ class AutoPlay {
   std::int16_t another(ShowList list, bool random);
 
   TimerQueue& timers_;
-  Stage& stage_;
+  ShowStage& stage_;
   Timer timer_;
   AutoPlaySettings settings_;
   bool on_ = false;

@@ -14,7 +14,7 @@ constexpr std::int64_t kLongAgo = std::numeric_limits<std::int64_t>::min() / 2;
 
 }  // namespace
 
-CueRunner::CueRunner(TimerQueue& timers, Stage& stage, CueList& list)
+CueRunner::CueRunner(TimerQueue& timers, ShowStage& stage, CueList& list)
     : timers_(timers), stage_(stage), list_(list), timer_(timers, "timerCue"), lastGo_(kLongAgo) {
   timer_.onTimer = [this] { tick(); };
 }

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "desk/cues/Cue.h"
-#include "desk/cues/Stage.h"
+#include "desk/cues/ShowStage.h"
 #include "platform/Random.h"
 #include "platform/TimerQueue.h"
 
@@ -28,7 +28,7 @@ struct CuePosition {
 /// of whose rows is gone is passed over.
 class CueRunner {
  public:
-  CueRunner(TimerQueue& timers, Stage& stage, CueList& list);
+  CueRunner(TimerQueue& timers, ShowStage& stage, CueList& list);
 
   /// Starts the next cue, from whatever is on. A second Go within the list's guard is none.
   void go();
@@ -84,7 +84,7 @@ class CueRunner {
   void mapped(const std::function<int(int)>& place);
 
   TimerQueue& timers_;
-  Stage& stage_;
+  ShowStage& stage_;
   CueList& list_;
   Timer timer_;
   CuePosition at_;

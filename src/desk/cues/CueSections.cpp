@@ -26,31 +26,31 @@ const char* word(const Words& words, Enum value) {
   return words.at(static_cast<std::size_t>(value));
 }
 
-using ShowRows = std::array<std::vector<Stage::Row>, 3>;
+using ShowRows = std::array<std::vector<ShowStage::Row>, 3>;
 
-ShowRows rowsOf(const Stage& stage) {
+ShowRows rowsOf(const ShowStage& stage) {
   ShowRows all;
   for (const ShowList list : kShowLists) all[static_cast<std::size_t>(list)] = stage.rows(list);
   return all;
 }
 
-Json toJson(const RowRef& ref, const std::vector<Stage::Row>& rows) {
+Json toJson(const RowRef& ref, const std::vector<ShowStage::Row>& rows) {
   if (ref.leaves()) return {};
-  const auto found = std::find_if(rows.begin(), rows.end(),
-                                  [&ref](const Stage::Row& row) { return row.slot == ref.slot; });
+  const auto found = std::find_if(
+      rows.begin(), rows.end(), [&ref](const ShowStage::Row& row) { return row.slot == ref.slot; });
   Json json;
   json["row"] = found == rows.end() ? Json() : Json(found - rows.begin());
   json["name"] = found == rows.end() ? ref.name : found->name;
   return json;
 }
 
-RowRef rowOf(const Member& member, const std::vector<Stage::Row>& rows) {
+RowRef rowOf(const Member& member, const std::vector<ShowStage::Row>& rows) {
   if (!member.given()) return {};
   RowRef ref{RowRef::kGone};
   int row = -1;
   member["name"].take(ref.name);
   member["row"].take(row, 0, kMostRow);
-  const auto named = [&ref](const Stage::Row& one) { return one.name == ref.name; };
+  const auto named = [&ref](const ShowStage::Row& one) { return one.name == ref.name; };
   auto found = rows.end();
   if (row >= 0 && std::cmp_less(row, rows.size()) && named(rows[static_cast<std::size_t>(row)]))
     found = rows.begin() + row;
@@ -84,7 +84,7 @@ Cue cueOf(const Member& member, const ShowRows& rows) {
   return cue;
 }
 
-Json toJson(const CueList& list, const Stage& stage) {
+Json toJson(const CueList& list, const ShowStage& stage) {
   Json cues = Json::array();
   const ShowRows rows = rowsOf(stage);
   for (const Cue& cue : list.cues) cues.push_back(toJson(cue, rows));

@@ -58,7 +58,7 @@ ListView& PlugInStage::listView(ShowList list) {
   return const_cast<ListView&>(static_cast<const PlugInStage&>(*this).listView(list));
 }
 
-std::vector<Stage::Row> PlugInStage::rows(ShowList list) const {
+std::vector<ShowStage::Row> PlugInStage::rows(ShowList list) const {
   std::vector<Row> all;
   for (const ListView::Row& row : listView(list).rows()) all.push_back({slotOf(row), row.text});
   return all;

@@ -2,13 +2,13 @@
 
 #include <functional>
 
-#include "desk/cues/Stage.h"
+#include "desk/cues/ShowStage.h"
 #include "shell/Plugin.h"
 
 namespace korvane {
 
 /// A plug-in, worked by the same rows, fades and buttons that a person presses.
-class PlugInStage : public Stage {
+class PlugInStage : public ShowStage {
  public:
   explicit PlugInStage(Plugin& plugin) : plugin_(plugin) {}
 

@@ -4,7 +4,7 @@
 
 namespace korvane {
 
-Rehearsal::Rehearsal(const Stage& stage)
+Rehearsal::Rehearsal(const ShowStage& stage)
     : side_(stage.seen()), atEnd_(stage.standsAt(stage.seen())), master_(stage.master()) {
   for (const ShowList list : kShowLists) of(list) = {stage.rows(list), stage.selected(list)};
   for (const Row& fade : of(ShowList::Fades).rows)
@@ -35,7 +35,7 @@ void Rehearsal::cutTo(Side side) {
   fadeEnds_ = timers.now();
 }
 
-void Rehearsal::bringTo(Stage& stage) const {
+void Rehearsal::bringTo(ShowStage& stage) const {
   for (const ShowList list : kShowLists) {
     if (stage.has(list, selected(list))) stage.press(list, selected(list));
   }

@@ -3,17 +3,17 @@
 #include <array>
 #include <map>
 
-#include "desk/cues/Stage.h"
+#include "desk/cues/ShowStage.h"
 #include "platform/TimerQueue.h"
 
 namespace korvane {
 
 /// A stage without a picture, in a time of its own: it only notes what would be on. Hours of cues
 /// are gone through in no time, to find what should be on now.
-class Rehearsal : public Stage {
+class Rehearsal : public ShowStage {
  public:
   /// The show as it stands on a stage.
-  explicit Rehearsal(const Stage& stage);
+  explicit Rehearsal(const ShowStage& stage);
 
   std::vector<Row> rows(ShowList list) const override { return of(list).rows; }
   bool has(ShowList list, std::int16_t slot) const override;
@@ -32,7 +32,7 @@ class Rehearsal : public Stage {
   void setMaster(int percent) override { master_ = percent; }
 
   /// Brings what is noted onto a stage, with cuts.
-  void bringTo(Stage& stage) const;
+  void bringTo(ShowStage& stage) const;
 
   TimerQueue timers;
 

@@ -8,9 +8,9 @@
 namespace korvane {
 namespace {
 
-const Stage::Row* rowNamed(const std::vector<Stage::Row>& rows, const std::string& name) {
+const ShowStage::Row* rowNamed(const std::vector<ShowStage::Row>& rows, const std::string& name) {
   const auto found = std::find_if(rows.begin(), rows.end(),
-                                  [&name](const Stage::Row& row) { return row.name == name; });
+                                  [&name](const ShowStage::Row& row) { return row.name == name; });
   return found == rows.end() ? nullptr : &*found;
 }
 
@@ -63,7 +63,7 @@ bool runCommand(ShowRun& show, const std::string& name, int argument) {
   return command != nullptr;
 }
 
-ShowRun::ShowRun(TimerQueue& timers, Stage& on)
+ShowRun::ShowRun(TimerQueue& timers, ShowStage& on)
     : stage(on), cues(timers, on, list), automatic(timers, on), tempo(timers) {
   tempo.onBeat = [this] { beat(); };
 }
@@ -79,7 +79,7 @@ void ShowRun::clear() {
 void ShowRun::followNames() {
   for (const ShowList which : kShowLists) {
     std::map<std::int16_t, std::string> names;
-    for (Stage::Row& row : stage.rows(which)) names[row.slot] = std::move(row.name);
+    for (ShowStage::Row& row : stage.rows(which)) names[row.slot] = std::move(row.name);
     for (Cue& cue : list.cues) {
       RowRef& ref = cue.row(which);
       const auto found = names.find(ref.slot);
@@ -90,15 +90,15 @@ void ShowRun::followNames() {
 
 void ShowRun::findRows() {
   for (const ShowList which : kShowLists) {
-    const std::vector<Stage::Row> rows = stage.rows(which);
+    const std::vector<ShowStage::Row> rows = stage.rows(which);
     for (Cue& cue : list.cues) {
       RowRef& ref = cue.row(which);
       if (ref.leaves()) continue;
-      const bool stays = std::any_of(rows.begin(), rows.end(), [&ref](const Stage::Row& row) {
+      const bool stays = std::any_of(rows.begin(), rows.end(), [&ref](const ShowStage::Row& row) {
         return row.slot == ref.slot && row.name == ref.name;
       });
       if (stays) continue;
-      const Stage::Row* found = rowNamed(rows, ref.name);
+      const ShowStage::Row* found = rowNamed(rows, ref.name);
       ref.slot = found == nullptr ? RowRef::kGone : found->slot;
     }
   }
@@ -108,7 +108,7 @@ Cue ShowRun::recorded() const {
   Cue cue;
   for (const ShowList which : kShowLists) {
     const std::int16_t slot = stage.selected(which);
-    for (const Stage::Row& row : stage.rows(which)) {
+    for (const ShowStage::Row& row : stage.rows(which)) {
       if (row.slot == slot) cue.row(which) = {slot, row.name};
     }
   }

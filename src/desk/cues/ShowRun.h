@@ -14,7 +14,7 @@ namespace korvane {
 /// take turns: whichever is started ends the other.
 class ShowRun {
  public:
-  ShowRun(TimerQueue& timers, Stage& stage);
+  ShowRun(TimerQueue& timers, ShowStage& stage);
 
   /// No cues, no automatic play, no tempo: that of a new project.
   void clear();
@@ -34,7 +34,7 @@ class ShowRun {
   /// the first cue.
   void catchUp(std::int64_t milliseconds, bool automaticPlay);
 
-  Stage& stage;
+  ShowStage& stage;
   CueList list;
   CueRunner cues;
   AutoPlay automatic;

@@ -46,7 +46,7 @@ class TestShow : public TestPlugin {
   }
   /// The row of this name as a cue holds it.
   RowRef ref(ShowList list, const std::string& text) {
-    for (const Stage::Row& row : stage.rows(list)) {
+    for (const ShowStage::Row& row : stage.rows(list)) {
       if (row.name == text) return {row.slot, row.name};
     }
     ADD_FAILURE() << "no row " << text;

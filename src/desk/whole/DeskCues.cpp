@@ -10,7 +10,7 @@ DeskCues::DeskCues(Plugin& plugin, DeskForm& desk)
   for (const auto& item : desk.commands)
     item->onClick = [this, name = item->name()] { runCommand(run, name); };
   MatrixForm& tool = plugin.matrixForm;
-  tool.onKept = [this, own = tool.onKept] {
+  tool.onLoaded = [this, own = tool.onLoaded] {
     if (own) own();
     run.findRows();
   };

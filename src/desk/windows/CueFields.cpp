@@ -71,13 +71,13 @@ ListBox& CueFields::boxOf(ShowList list) {
 }
 
 // First "leave", then the rows, then a row that is gone.
-void CueFields::showRow(ShowList list, const RowRef& row, const Stage& stage) {
-  std::vector<Stage::Row>& rows = rows_[static_cast<std::size_t>(list)];
+void CueFields::showRow(ShowList list, const RowRef& row, const ShowStage& stage) {
+  std::vector<ShowStage::Row>& rows = rows_[static_cast<std::size_t>(list)];
   rows = stage.rows(list);
   std::vector<std::string> items = {list == ShowList::Fades ? "the selected one"
                                                             : "leave as it is"};
   int index = 0;
-  for (const Stage::Row& one : rows) {
+  for (const ShowStage::Row& one : rows) {
     if (!row.leaves() && one.slot == row.slot) index = static_cast<int>(items.size());
     items.push_back(one.name);
   }
@@ -90,7 +90,7 @@ void CueFields::showRow(ShowList list, const RowRef& row, const Stage& stage) {
   box.setIndex(index);
 }
 
-void CueFields::show(const Cue* cue, const Stage& stage) {
+void CueFields::show(const Cue* cue, const ShowStage& stage) {
   filling_ = true;
   cue_ = cue == nullptr ? Cue{} : *cue;
   for (Control* control : controls()) {
@@ -111,13 +111,13 @@ void CueFields::show(const Cue* cue, const Stage& stage) {
 
 // A row that is gone stays what it is.
 void CueFields::takeRow(ShowList list) {
-  const std::vector<Stage::Row>& rows = rows_[static_cast<std::size_t>(list)];
+  const std::vector<ShowStage::Row>& rows = rows_[static_cast<std::size_t>(list)];
   const int index = boxOf(list).index();
   RowRef& row = cue_.row(list);
   if (index <= 0) {
     row = {};
   } else if (std::cmp_less_equal(index, rows.size())) {
-    const Stage::Row& chosen = rows[static_cast<std::size_t>(index - 1)];
+    const ShowStage::Row& chosen = rows[static_cast<std::size_t>(index - 1)];
     row = {chosen.slot, chosen.name};
   }
 }

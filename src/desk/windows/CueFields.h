@@ -18,7 +18,7 @@ class CueFields {
   std::vector<Control*> controls();
   Layout layout();
   /// Shows a cue, with the rows that its show has; nothing disables the fields.
-  void show(const Cue* cue, const Stage& stage);
+  void show(const Cue* cue, const ShowStage& stage);
 
   TextBox name;
   ListBox left, right, move, fade;
@@ -35,12 +35,12 @@ class CueFields {
   void bind();
   void changed();
   ListBox& boxOf(ShowList list);
-  void showRow(ShowList list, const RowRef& row, const Stage& stage);
+  void showRow(ShowList list, const RowRef& row, const ShowStage& stage);
   void takeRow(ShowList list);
   bool takeNumbers();
 
   Cue cue_;
-  std::vector<Stage::Row> rows_[3];
+  std::vector<ShowStage::Row> rows_[3];
   bool filling_ = false;
 };
 

@@ -9,14 +9,14 @@
 namespace korvane {
 
 /// What cues and automatic play act on: the lists of a show, the master fader, the grand master.
-class Stage {
+class ShowStage {
  public:
   struct Row {
     std::int16_t slot = 0;
     std::string name;
   };
 
-  virtual ~Stage() = default;
+  virtual ~ShowStage() = default;
 
   /// The rows of a list from the top.
   virtual std::vector<Row> rows(ShowList list) const = 0;
