@@ -1,11 +1,14 @@
 #pragma once
 
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <vector>
 
+#include "desk/cues/Evening.h"
 #include "desk/output/OutputConfig.h"
 #include "desk/wall/WallLevels.h"
+#include "hosts/play/Film.h"
 
 namespace korvane {
 
@@ -15,8 +18,11 @@ struct PlayOptions {
   std::vector<OutputConfig> outputs;  ///< none: those of the project
   WallLevels levels;                  ///< grand master, blackout, freeze at the start
   bool masterGiven = false;           ///< else the grand master is that of the project
+  double seconds = 0;                 ///< length of the play, 0 plays until it is ended
   bool resume = false;  ///< goes on where the last run was, and remembers where this one is
-  double seconds = 0;   ///< length of the play, 0 plays until it is ended
+  EveningPlan evening;  ///< what runs by itself, and when
+  std::optional<AutoPlaySettings> automatic;  ///< none: as the project says
+  FilmOptions film;                           ///< instead of playing
   bool help = false;
 };
 

@@ -1,8 +1,12 @@
 #include "hosts/play/Player.h"
 
 #include <algorithm>
+#include <chrono>
 #include <cmath>
+#include <csignal>
+#include <utility>
 
+#include "desk/cues/CueSections.h"
 #include "desk/project/DeskProject.h"
 #include "desk/project/Parts.h"
 #include "desk/project/ShowPath.h"
@@ -21,6 +25,11 @@ constexpr int kMasterStep = 5;        // per cent a key
 constexpr double kCurveStep = 0.1;    // gamma a key
 constexpr int kShareStep = 5;         // per cent a key
 constexpr int kPictureInterval = 40;  // ms between two pictures in the terminal
+
+std::int64_t universalTime() {
+  using namespace std::chrono;
+  return duration_cast<milliseconds>(system_clock::now().time_since_epoch()).count();
+}
 
 std::string cut(const std::string& text, int columns) {
   std::string line;
@@ -41,6 +50,26 @@ Raster PlayerPlatform::loadPicture(const std::string& path) {
 
 Player::Player(const PlayOptions& options) : options_(options), host_(showPath(), feed_) {
   platform_.tell = [this](const std::string& text) { tell(text); };
+  bindRun();
+}
+
+void Player::bindRun() {
+  stage_.getMaster = [this] { return feed_.levels().master; };
+  stage_.putMaster = [this](int percent) {
+    WallLevels levels = feed_.levels();
+    levels.master = percent;
+    feed_.setLevels(levels);
+  };
+  run_.tempo.onBeat = [this] {
+    plugin_.plugIn.ITharnPlugin_MessageHandle(kMessageBeat, 0, 0);
+    run_.beat();
+  };
+}
+
+bool Player::hasCues() {
+  if (options_.evening.what != EveningPlan::What::Cues || run_.list.count() > 0) return true;
+  tell("there are no cues in " + projectOf(showPath().string()) + kDeskProjectEnding);
+  return false;
 }
 
 std::filesystem::path Player::showPath() const {
@@ -69,6 +98,7 @@ void Player::openShow() {
 
 // What the command line says is stronger than the project.
 void Player::takeProject() {
+  if (options_.automatic) run_.automatic.set(*options_.automatic);
   if (options_.show.empty()) return;
   const std::string own = projectOf(showPath().string()) + kDeskProjectEnding;
   const std::string path = options_.show.ends_with(kDeskProjectEnding) ? options_.show : own;
@@ -84,7 +114,9 @@ void Player::takeProject() {
                    if (output.on) options_.outputs.push_back(output.config);
                  }
                }});
+  for (Section& section : cueSections(run_)) project.add(std::move(section));
   for (const std::string& fault : project.open(path)) tell(path + ": " + fault);
+  if (options_.automatic) run_.automatic.set(*options_.automatic);
 }
 
 // What plays, and how: a row each.
@@ -153,9 +185,12 @@ bool Player::open() {
   });
   if (!opened) return false;
   takeProject();
+  if (!hasCues()) return false;
   resume();
   if (!event([this] { plugin_.matrixForm.active.setValue(1); })) return false;
   feed_.setLevels(options_.levels);
+  evening_.emplace(run_, options_.evening, universalTime);
+  attend();
   // The first packet holds the first picture.
   for (const OutputConfig& output : options_.outputs) feed_.outputs.add(output).switchOn();
   return true;
@@ -167,10 +202,20 @@ bool Player::press(char key) {
   if (key != 0) messages_.forgetNewest();
   if (key == 'a') event([&] { master.AutoFadeA.click(); });
   if (key == 'b') event([&] { master.AutoFadeB.click(); });
-  if (key == ' ') event([&] { plugin_.plugIn.ITharnPlugin_MessageHandle(kMessageBeat, 0, 0); });
+  if (key == ' ') event([&] { run_.tempo.onBeat(); });
   pressLevel(key);
   pressLook(key);
+  pressRun(key);
   return key != 'q';
+}
+
+/// The keys of what runs by itself.
+void Player::pressRun(char key) {
+  constexpr std::pair<char, const char*> kKeys[] = {
+      {'n', "cueGo"}, {'z', "cueBack"}, {'p', "cuePause"}, {'t', "tap"}};
+  for (const auto& [one, command] : kKeys) {
+    if (key == one) event([&] { runCommand(run_, command); });
+  }
 }
 
 /// The keys of the levels between the picture and the outputs.
@@ -197,6 +242,24 @@ void Player::pressLook(char key) {
   }
 }
 
+// What the clock says; outside the hours the lamps may be dark.
+void Player::attend() {
+  event([this] { evening_->attend(); });
+  if (evening_->dark() == dark_) return;
+  dark_ = evening_->dark();
+  WallLevels levels = feed_.levels();
+  levels.blackout = dark_ || options_.levels.blackout;
+  feed_.setLevels(levels);
+}
+
+std::string Player::runText() const {
+  if (run_.automatic.on()) return "Automatic play. ";
+  const int on = run_.cues.on();
+  if (on < 0) return dark_ ? "Dark until the hour. " : "";
+  return "Cue " + std::to_string(on + 1) + " " + run_.list.at(on).name +
+         (run_.cues.paused() ? ", paused. " : ". ");
+}
+
 void Player::tellNetwork() {
   for (const std::string& line : feed_.news()) tell(line);
 }
@@ -205,7 +268,7 @@ std::string Player::statusLine() const {
   if (!messages_.newest().empty()) return messages_.newest();
   const Variablen& v = plugin_.engine.v;
   const WallLevels& levels = feed_.levels();
-  return "q ends; a, b fade; space beats; o, f, +, -, g, G, 0 to 3. " +
+  return runText() + "q ends; a, b fade; space beats; o, f, +, -, g, G, 0 to 3. " +
          std::string(levels.blackout ? "BLACKOUT. " : "") + (levels.freeze ? "FREEZE. " : "") +
          (levels.master < 100 ? "Master " + std::to_string(levels.master) + " %. " : "") +
          (options_.show.empty() ? "A new show" : showPath().stem().string()) + ", " +
@@ -234,20 +297,39 @@ bool Player::play() {
   };
   const TimerQueue& timers = plugin_.engine.timers;
   const auto end = timers.now() + static_cast<std::int64_t>(std::lround(options_.seconds * 1000));
-  bool more = true;
+  bool more = true, told = false;
   while (more && (options_.seconds == 0 || timers.now() < end)) {
     Signals::drain();
     terminal_->attend();
     clock_.pass(gate);
+    attend();
     tellNetwork();
     keepState();
     draw();
+    if (!std::exchange(told, true)) service_.ready();
+    service_.alive(timers.now());
+    service_.status(runText() + "Output " + feed_.outputs.status());
     const int next = clock_.untilNext();
     const int wait = next < 0 ? kPictureInterval : std::min(next, kPictureInterval);
-    more = takeEndSignal() == 0 && press(terminal_->waitForKey(wait));
+    more = takeEndSignal() == 0 && press(terminal_->waitForKey(wait)) && !evening_->over();
   }
+  service_.stopping();
   terminal_.reset();
   feed_.outputs.switchAllOff();
+  messages_.flush();
+  return true;
+}
+
+// In a time of its own, so the same film comes of the same show each time.
+bool Player::film() {
+  std::signal(SIGPIPE, SIG_IGN);  // a reader that has seen enough ends the film
+  TimerQueue& timers = plugin_.engine.timers;
+  timers.clock = nullptr;
+  platform_.clock = [&timers] { return timers.now(); };
+  if (!open()) return false;
+  const auto length = static_cast<std::int64_t>(std::lround(options_.seconds * 1000));
+  makeFilm(plugin_.engine, options_.film, length,
+           [this](const std::function<void()>& tick) { runEvent(platform_, tick); });
   messages_.flush();
   return true;
 }

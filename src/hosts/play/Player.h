@@ -3,10 +3,12 @@
 #include <filesystem>
 #include <optional>
 
+#include "desk/cues/PlugInStage.h"
 #include "desk/output/LampFeed.h"
 #include "hosts/play/Messages.h"
 #include "hosts/play/PlayOptions.h"
 #include "hosts/play/PlayState.h"
+#include "hosts/play/ServiceNotice.h"
 #include "hosts/play/Terminal.h"
 #include "platform/HeadlessPlatform.h"
 #include "platform/LocaleFormat.h"
@@ -26,10 +28,11 @@ class PlayerPlatform : public HeadlessPlatform {
     tell(grid.told());
     return true;
   }
-  std::int64_t timeOfDay() override { return wallTimeOfDay(); }
+  std::int64_t timeOfDay() override { return clock ? clock() : wallTimeOfDay(); }
   Raster loadPicture(const std::string& path) override;
 
   std::function<void(const std::string& text)> tell;
+  std::function<std::int64_t()> clock;  ///< none: the machine's
 };
 
 /// The desk: the project is the show; the picture of each pass goes to the lamps.
@@ -57,6 +60,8 @@ class Player {
   /// Plays until the time is over, a key or a signal ends it. False, with the reason told and
   /// nothing sent, if the show can't be opened.
   bool play();
+  /// Makes a film of the show in virtual time. False, with the reason told, if it can't be opened.
+  bool film();
 
  private:
   std::filesystem::path showPath() const;
@@ -68,12 +73,18 @@ class Player {
   void bindState();
   void resume();
   void keepState();
+  void bindRun();
+  /// False, with the reason told, if cues are to be run and there are none.
+  bool hasCues();
+  void attend();
+  void pressRun(char key);
   bool press(char key);
   void pressLevel(char key);
   void pressLook(char key);
   void tellNetwork();
   void draw();
   std::string statusLine() const;
+  std::string runText() const;
 
   PlayOptions options_;
   LampFeed feed_{"korvane-play"};
@@ -81,6 +92,11 @@ class Player {
   PlayerHost host_;
   Plugin plugin_{platform_};
   WallClock clock_{plugin_.engine.timers, [this] { feed_.endOfPass(plugin_.engine.v); }};
+  PlugInStage stage_{plugin_};
+  ShowRun run_{plugin_.engine.timers, stage_};
+  std::optional<Evening> evening_;
+  ServiceNotice service_;
+  bool dark_ = false;  // outside the hours
   Messages messages_;
   std::optional<Terminal> terminal_;
   PlayState state_{playStateFile()};

@@ -24,7 +24,8 @@ int run(int count, char** words) {
     std::cerr << "korvane-play: there is no show " << options.show << "\n";
     return 1;
   }
-  return Player(options).play() ? 0 : 1;
+  Player player(options);
+  return (options.film.wanted() ? player.film() : player.play()) ? 0 : 1;
 }
 
 }  // namespace
