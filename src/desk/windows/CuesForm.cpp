@@ -110,17 +110,16 @@ CuesForm::CuesForm(Engine& engine, ShowRun& run)
 }
 
 void CuesForm::declareLayout() {
-  const Layout editing = column(
-      {boxed(cueGroup, fields.layout()),
-       boxed(listGroup, column({row({loop, random}), korvane::fields({guard})})),
-       boxed(autoGroup, column({row({autoPlay, autoRandom}), row({Layout(every, 1), unit})})),
-       boxed(tempoGroup, row({Layout(bpm, 1), tap})), space()});
-  setLayout(column(
-      {row({now, space(), then}),
-       row({column({Layout(list, 1), row({add, remove, up, down, duplicate, space(), record})}, 1),
-            editing},
-           1),
-       row({Layout(go, 1), back, pause, stop, space(), jump, next})}));
+  const Layout order = boxed(listGroup, row({loop, random, Layout(guard, 1)}), 1);
+  const Layout cues =
+      column({Layout(list, 1), row({add, remove, up, down, duplicate, space(), record}),
+              row({order, boxed(tempoGroup, row({bpm, tap}))})},
+             1);
+  const Layout automatic =
+      boxed(autoGroup, column({row({autoPlay, autoRandom}), row({Layout(every, 1), unit})}));
+  const Layout editing = column({boxed(cueGroup, fields.layout()), automatic, space()});
+  setLayout(column({row({now, space(), then}), row({cues, editing}, 1),
+                    row({Layout(go, 1), back, pause, stop, space(), jump, next})}));
 }
 
 bool CuesForm::selectedCue(int& cue) const {
