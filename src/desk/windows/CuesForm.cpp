@@ -11,6 +11,7 @@ namespace {
 constexpr TextBoxStyle kTakenAtTheEnd{.commit = TextBoxStyle::Commit::OnLeave};
 constexpr Color kOnColor = rgb(0, 150, 60);
 constexpr Color kNextColor = rgb(215, 120, 0);
+constexpr Color kLostColor = rgb(130, 130, 130);
 constexpr int kMostRowsOfList = 10000;
 
 Look lookOf(const char* command) {
@@ -95,7 +96,7 @@ CuesForm::CuesForm(Engine& engine, ShowRun& run)
              &tempoGroup, &bpm, &tap, &go, &back, &pause, &stop, &jump, &next});
   unit.setItems({"seconds", "beats"});
   list.setColumns({{.title = "", .width = 0.09, .colored = true},
-                   {.title = "Cue", .width = 0.23, .colored = true},
+                   {.title = "Cue", .width = 0.23},
                    {.title = "Left", .width = 0.17},
                    {.title = "Right", .width = 0.17},
                    {.title = "Fader", .width = 0.2},
@@ -319,7 +320,7 @@ void CuesForm::showRows() {
     ListView::Row row{mark,
                       {std::to_string(i + 1) + "  " + cue.name, text(ShowList::Left),
                        text(ShowList::Right), moveText(cue, hasFade), endText(cue)}};
-    row.color = i == on ? kOnColor : i == nextCue ? kNextColor : engine_.v.colorBlack;
+    row.color = i == on ? kOnColor : i == nextCue ? kNextColor : kLostColor;
     row.selected = i == marked;
     rows.push_back(std::move(row));
   }
