@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "desk/cues/CueSections.h"
 #include "desk/project/Parts.h"
 #include "platform/Events.h"
 
@@ -65,6 +66,7 @@ void Desk::show() {
 
 // What the desk keeps beside the show and its grid, a row each.
 void Desk::bindProject() {
+  for (Section& section : cueSections(cues.run)) files.project.add(std::move(section));
   form.quit.onClick = [this] { engine().desktop.close(form); };
   form.mayClose = [this] { return mayClose(); };
   files.project.add({"outputs", [this] { return toJson(setup.entries()); },
