@@ -44,8 +44,7 @@ std::optional<std::string> textOf(std::string (*text)(Plugin&), Plugin& plugin) 
 // Nothing for a file that is not there.
 std::optional<std::string> bytesOf(const std::string& path, Disk& disk) {
   if (!fileExists(path, disk)) return std::nullopt;
-  const auto in = disk.read(path);
-  return std::string(std::istreambuf_iterator<char>(*in), {});
+  return std::string(std::istreambuf_iterator<char>(*disk.read(path)), {});
 }
 
 std::array<ListView*, 3> listsOf(Engine& engine) {
