@@ -6,6 +6,7 @@
 
 #include <cstdlib>
 #include <filesystem>
+#include <functional>
 
 #include "commands/ConsolePlatform.h"
 #include "commands/HostCalls.h"
@@ -44,7 +45,7 @@ class WorkedDesk {
   WorkedDesk(const WorkedDesk&) = delete;
   WorkedDesk& operator=(const WorkedDesk&) = delete;
 
-  std::string work() {
+  void work() {
     if (!desk.session.plugin.matrixForm.visible() && desk.engine().desktop.modal() == nullptr)
       answer("click Desk.tool");
     std::string line;
@@ -55,7 +56,6 @@ class WorkedDesk {
     else if (line.find(".save") != std::string::npos)
       answer("answer " + folder_ + "/some.any");
     answer(line);
-    return line;
   }
   std::string contents() {
     std::string text;
@@ -64,14 +64,18 @@ class WorkedDesk {
     writeDefinition(desk.engine(), desk.session.plugin.matrixConf.MName.text(), writer);
     return text;
   }
-  /// Closes what stands before a step: a question, or the colour mixer.
-  void closeModals() {
-    while (const Form* modal = desk.engine().desktop.modal()) answer("close " + modal->name());
+  /// Closes what stands before a step, a question or the colour mixer. Whether there was one.
+  bool closesModal() {
+    const Form* modal = desk.engine().desktop.modal();
+    if (modal != nullptr) answer("close " + modal->name());
+    return modal != nullptr;
   }
   void answer(const std::string& line) {
     interpreter_.answer(line);
     desk.refresh();
+    if (onAnswer) onAnswer();
   }
+  std::function<void()> onAnswer;
 
  private:
   // Commands of the desk that begin another history or end it, and its own windows.
@@ -112,19 +116,15 @@ TEST(UndoneOperator, FindsTheFirstStateByteForByteAndTheLastOne) {
     WorkedDesk worked(static_cast<std::uint64_t>(seed));
     ShowHistory& history = worked.desk.history;
     std::vector<std::string> states = {worked.contents()};
-    for (int i = 0; i < kSessionActions; ++i) {
-      const std::size_t steps = history.steps();
-      const std::string line = worked.work();
-      const std::string now = worked.contents();
-      if (history.steps() == steps + 1)
-        states.push_back(now);
-      else if (history.steps() == steps)
-        states.back() = now;
-      else
-        states.resize(history.steps() + 1);  // it pressed Undo
-      ASSERT_EQ(states.size(), history.steps() + 1) << line;
+    worked.onAnswer = [&] {
+      const bool more = history.steps() == states.size();  // one step more, that is
+      states.resize(history.steps() + 1);                  // or fewer: it pressed Undo
+      if (more || history.redoName().empty()) states.back() = worked.contents();
+    };
+    for (int i = 0; i < kSessionActions; ++i) worked.work();
+    while (worked.closesModal()) {
     }
-    worked.closeModals();
+    worked.onAnswer = nullptr;
     ASSERT_EQ(worked.contents(), states.back());
     all += history.steps();
     for (std::size_t step = history.steps(); step > 0; --step) {
