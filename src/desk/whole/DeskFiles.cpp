@@ -240,11 +240,12 @@ void DeskFiles::restore(const KeptShows::Left& left) {
   std::error_code error;
   const fs::path folder =
       fs::temp_directory_path(error) / ("korvane-" + left.key + "-" + std::to_string(::getpid()));
-  fs::create_directory(folder, error);
+  Disk& disk = session_.platform.disk();
+  disk.makeFolders(utf8Path(folder));
   const std::string stem = utf8Path(folder / systemPath(left.show.name));
   try {
-    writeNewFile(stem + kShowEnding, left.show.show);
-    writeNewFile(stem + kGridEnding, left.show.grid);
+    disk.create(stem + kShowEnding, left.show.show);
+    disk.create(stem + kGridEnding, left.show.grid);
   } catch (const std::system_error& failure) {
     session_.platform.messageBox(left.show.name + " can't be opened. " + failure.what());
     return;
@@ -257,7 +258,8 @@ void DeskFiles::restore(const KeptShows::Left& left) {
       shows_.drop(left.key);
     }
   }
-  fs::remove_all(folder, error);
+  for (const char* ending : {kShowEnding, kGridEnding}) disk.remove(stem + ending);
+  disk.remove(utf8Path(folder));
 }
 
 }  // namespace korvane
