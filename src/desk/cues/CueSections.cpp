@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 
 namespace korvane {
 namespace {
@@ -140,6 +141,19 @@ std::vector<Section> cueSections(ShowRun& run) {
            [&run](const Member& member) { read(member, run.tempo); }}};
 }
 
+namespace {
+
+// The deck that is seen alone, or will be when the fade of the cue is done.
+std::optional<Side> sideOf(const ShowRun& run) {
+  const int on = run.cues.on();
+  if (run.stage.fading() && on >= 0 && run.list.at(on).move != Cue::Move::None)
+    return run.list.at(on).towards();
+  const Side seen = run.stage.seen();
+  return run.stage.standsAt(seen) ? std::optional(seen) : std::nullopt;
+}
+
+}  // namespace
+
 Json toJson(const ShowRun& run) {
   const CuePosition at = run.cues.position();
   const ShowRows rows = rowsOf(run.stage);
@@ -157,7 +171,8 @@ Json toJson(const ShowRun& run) {
     const auto index = static_cast<std::size_t>(list);
     json[kListNames[index]] = toJson(RowRef{run.stage.selected(list)}, rows[index]);
   }
-  json["seen"] = word(kSides, run.stage.seen());
+  const std::optional<Side> side = sideOf(run);
+  json["seen"] = side ? Json(word(kSides, *side)) : Json();
   json["master"] = run.stage.master();
   return json;
 }
@@ -168,6 +183,9 @@ bool goOnFrom(ShowRun& run, const Member& member) {
   int elapsed = 0, chance = 1, automaticElapsed = 0, automaticChance = 1, master = 100;
   const int most = std::max(run.list.count() - 1, -1);
   member["on"].take(at.on, -1, most);
+  bool automatic = false;
+  member["automatic"].take(automatic);
+  if (at.on < 0 && !automatic) return false;
   member["next"].take(at.next, -1, most);
   constexpr int kMostElapsed = static_cast<int>(kLongestCue) * 1000;
   member["elapsed"].take(elapsed, 0, kMostElapsed);
@@ -191,8 +209,6 @@ bool goOnFrom(ShowRun& run, const Member& member) {
   if (member["master"].take(master, 0, 100)) run.stage.setMaster(master);
   run.automatic.setOn(false);
   run.cues.goOnFrom(at);
-  bool automatic = false;
-  member["automatic"].take(automatic);
   member["automaticElapsed"].take(automaticElapsed, 0, kMostElapsed);
   member["automaticChance"].take(automaticChance, 0, std::numeric_limits<int>::max());
   if (automatic)

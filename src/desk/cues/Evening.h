@@ -27,6 +27,8 @@ class Evening {
   /// `clock` tells the universal time in milliseconds since 1970.
   Evening(ShowRun& run, const EveningPlan& plan, std::function<std::int64_t()> clock);
 
+  /// The show is on already, from an earlier run: without hours it is not begun anew.
+  void goOn() { begun_ = on_ = !plan_.hours; }
   /// Looks at the clock; call it at least once a second.
   void attend();
   /// The show is on now.

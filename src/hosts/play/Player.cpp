@@ -159,6 +159,22 @@ void Player::bindState() {
                   event([&] { master.faderM.setValue(place); });
               },
               Counts::Never});
+  state_.add({"run", [this] { return runState(); },
+              [this](const Member& member) {
+                event([&] { goOnFrom(run_, member); });
+                resumed_ = run_.cues.on() >= 0 || run_.automatic.on();
+              }});
+}
+
+// What goes on all the time is kept in steps: each is a write to the disk.
+Json Player::runState() const {
+  constexpr std::int64_t kStep = 5000;  // ms
+  constexpr int kBeats = 8;
+  Json state = toJson(run_);
+  for (const char* time : {"elapsed", "automaticElapsed"})
+    state[time] = state[time].get<std::int64_t>() / kStep * kStep;
+  state["beats"] = state["beats"].get<int>() / kBeats * kBeats;
+  return state;
 }
 
 // Another show than that of the last run begins from its start.
@@ -185,11 +201,12 @@ bool Player::open() {
   });
   if (!opened) return false;
   takeProject();
-  if (!hasCues()) return false;
   resume();
+  if (!hasCues()) return false;
   if (!event([this] { plugin_.matrixForm.active.setValue(1); })) return false;
   feed_.setLevels(options_.levels);
   evening_.emplace(run_, options_.evening, universalTime);
+  if (resumed_) evening_->goOn();
   attend();
   // The first packet holds the first picture.
   for (const OutputConfig& output : options_.outputs) feed_.outputs.add(output).switchOn();

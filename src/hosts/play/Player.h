@@ -72,6 +72,7 @@ class Player {
   void takeProject();
   void bindState();
   void resume();
+  Json runState() const;
   void keepState();
   void bindRun();
   /// False, with the reason told, if cues are to be run and there are none.
@@ -96,7 +97,8 @@ class Player {
   ShowRun run_{plugin_.engine.timers, stage_};
   std::optional<Evening> evening_;
   ServiceNotice service_;
-  bool dark_ = false;  // outside the hours
+  bool resumed_ = false;  // the run goes on where it was
+  bool dark_ = false;     // outside the hours
   Messages messages_;
   std::optional<Terminal> terminal_;
   PlayState state_{playStateFile()};

@@ -12,6 +12,9 @@
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
+#include <string>
+#include <utility>
+#include <vector>
 
 namespace korvane {
 namespace {
@@ -145,43 +148,88 @@ TEST_F(Unattended, AWrongCommandLineSaysWhatIsWrong) {
   }
 }
 
-TEST_F(Unattended, AServiceManagerHearsThatItIsReadyAliveAndStopping) {
-  const std::string path = folder + "/notify";
-  const int manager = socket(AF_UNIX, SOCK_DGRAM, 0);
-  sockaddr_un address{};
-  address.sun_family = AF_UNIX;
-  path.copy(address.sun_path, sizeof address.sun_path - 1);
-  ASSERT_EQ(bind(manager, reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
-  const pid_t player = fork();
-  if (player == 0) {
-    setenv("NOTIFY_SOCKET", path.c_str(), 1);
+/// Stands in for the service manager, which hears all that a player says.
+class Manager {
+ public:
+  explicit Manager(std::string path)
+      : path_(std::move(path)), socket_(socket(AF_UNIX, SOCK_DGRAM, 0)) {
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    path_.copy(address.sun_path, sizeof address.sun_path - 1);
+    EXPECT_EQ(bind(socket_, reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
+    const timeval patience{10, 0};
+    setsockopt(socket_, SOL_SOCKET, SO_RCVTIMEO, &patience, sizeof patience);
+  }
+  ~Manager() { close(socket_); }
+  Manager(const Manager&) = delete;
+  Manager& operator=(const Manager&) = delete;
+
+  pid_t start(std::vector<std::string> arguments) const {
+    const pid_t player = fork();
+    if (player != 0) return player;
+    setenv("NOTIFY_SOCKET", path_.c_str(), 1);
     setenv("WATCHDOG_USEC", "200000", 1);
     if (std::freopen("/dev/null", "r", stdin) == nullptr) _exit(98);
-    execl(KORVANE_PLAY, KORVANE_PLAY, kShow.c_str(), nullptr);
+    std::vector<char*> words = {const_cast<char*>(KORVANE_PLAY)};
+    for (std::string& argument : arguments) words.push_back(argument.data());
+    words.push_back(nullptr);
+    execv(KORVANE_PLAY, words.data());
     _exit(99);
   }
-  const timeval patience{10, 0};
-  setsockopt(manager, SOL_SOCKET, SO_RCVTIMEO, &patience, sizeof patience);
-  int ready = 0, alive = 0, stopping = 0;
-  std::string first;
-  std::array<char, 512> said{};
-  for (ssize_t size = 0; (size = recv(manager, said.data(), said.size(), 0)) > 0;) {
-    const std::string word(said.data(), static_cast<std::size_t>(size));
-    if (first.empty()) first = word;
-    ready += word == "READY=1";
-    alive += word == "WATCHDOG=1";
-    if (alive == 3) kill(player, SIGTERM);
-    stopping += word == "STOPPING=1";
-    if (stopping > 0) break;
+  /// What a player says next; empty if it says nothing for long.
+  std::string hear() const {
+    std::array<char, 512> said{};
+    const ssize_t size = recv(socket_, said.data(), said.size(), 0);
+    return size <= 0 ? "" : std::string(said.data(), static_cast<std::size_t>(size));
   }
-  EXPECT_EQ(first, "READY=1");
-  EXPECT_EQ(ready, 1);
-  EXPECT_GE(alive, 3);
-  EXPECT_EQ(stopping, 1);
+  /// The next thing that begins so.
+  std::string hear(const std::string& beginning) const {
+    for (std::string word = hear(); !word.empty(); word = hear()) {
+      if (word.starts_with(beginning)) return word;
+    }
+    return "";
+  }
+
+ private:
+  std::string path_;
+  int socket_;
+};
+
+int endOf(pid_t player) {
   int status = 0;
   waitpid(player, &status, 0);
-  EXPECT_EQ(status, 0);
-  close(manager);
+  return status;
+}
+
+TEST_F(Unattended, AServiceManagerHearsThatItIsReadyAliveAndStopping) {
+  const Manager manager(folder + "/notify");
+  const pid_t player = manager.start({kShow});
+  EXPECT_EQ(manager.hear(), "READY=1");
+  for (int i = 0; i < 3; ++i) EXPECT_EQ(manager.hear("WATCHDOG"), "WATCHDOG=1");
+  kill(player, SIGTERM);
+  EXPECT_EQ(manager.hear("STOPPING"), "STOPPING=1");
+  EXPECT_EQ(endOf(player), 0);
+}
+
+TEST_F(Unattended, AKilledPlayerGoesOnAtItsCue) {
+  writeProject(R"({"version": 1, "cues": {"list": [
+    {"name": "one", "move": "cut left", "end": "seconds", "after": 0.1},
+    {"name": "two", "move": "cut right", "end": "seconds", "after": 3600},
+    {"name": "three", "move": "cut left"}]}})");
+  setenv("XDG_STATE_HOME", folder.c_str(), 1);
+  const Manager manager(folder + "/notify");
+  for (int killed = 0; killed < 3; ++killed) {
+    const pid_t player = manager.start({"--resume", "--cues", show});
+    if (killed == 0) {
+      EXPECT_THAT(manager.hear("STATUS=Cue 1"), HasSubstr("one"));
+      EXPECT_THAT(manager.hear("STATUS"), HasSubstr("Cue 2 two"));
+    } else {
+      EXPECT_THAT(manager.hear("STATUS"), HasSubstr("Cue 2 two")) << "not from the beginning";
+    }
+    kill(player, SIGKILL);
+    EXPECT_NE(endOf(player), 0);
+  }
+  unsetenv("XDG_STATE_HOME");
 }
 
 }  // namespace
