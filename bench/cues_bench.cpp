@@ -39,10 +39,11 @@ struct Show {
   explicit Show(int cues) {
     run.list.loop = true;
     run.list.guard = 0;
+    // Both lists name effects from all over the decks, as looking for one takes time.
     for (int i = 0; i < cues; ++i) {
       Cue cue{.name = "cue"};
-      cue.row(ShowList::Left) = {static_cast<std::int16_t>(i % kEffects), "effect"};
-      cue.row(ShowList::Right) = {static_cast<std::int16_t>(i * 7 % kEffects), "effect"};
+      cue.row(ShowList::Left) = {static_cast<std::int16_t>(i * 97 % kEffects), "effect"};
+      cue.row(ShowList::Right) = {static_cast<std::int16_t>(i * 59 % kEffects), "effect"};
       cue.end = Cue::End::Seconds;
       run.list.cues.push_back(cue);
     }
