@@ -205,7 +205,7 @@ class Night {
     watch_->check();
     begin();
     if (path.empty() || projectEndsEarly(path, machine_.disk)) return;
-    evening_->event([&] { evening_->desk.openShow(path); });
+    evening_->event([&] { evening_->desk.files.open(path); });
     if (evening_->desk.session.path() != path)
       throw NightBroken(path + " could not be opened after the power had failed");
   }
