@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <exception>
 #include <filesystem>
-#include <fstream>
+#include <ostream>
 #include <system_error>
 #include <utility>
 
@@ -69,14 +69,14 @@ DeskFiles::DeskFiles(DeskSession& session, DeskForm& form, DeskQuestion& questio
     form_.showRecent(recent_.paths());
   };
   form.showRecent(recent_.paths());
-  form.openLast.setLit(!recentFile.empty() && fileExists(recentFile + kLastMark));
-  form.openLast.onClick = [this, mark = recentFile + kLastMark] {
+  Disk& disk = session.platform.disk();
+  form.openLast.setLit(!recentFile.empty() && fileExists(recentFile + kLastMark, disk));
+  form.openLast.onClick = [this, &disk, mark = recentFile + kLastMark] {
     form_.openLast.setLit(!form_.openLast.lit());
-    std::error_code error;
-    if (form_.openLast.lit())
-      std::ofstream(systemPath(mark)) << "the last show opens at the start\n";
-    else
-      std::filesystem::remove(systemPath(mark), error);
+    disk.remove(mark);
+    if (!form_.openLast.lit()) return;
+    disk.makeFolders(utf8Path(systemPath(mark).parent_path()));
+    *disk.write(mark) << "the last show opens at the start\n";
   };
 }
 

@@ -143,11 +143,8 @@ class Night {
              std::next(asks_.begin(), person_->upTo(static_cast<int>(asks_.size()) - 1))->first;
     const std::vector<std::string> words = tokens(line);
     const std::string name = words.size() > 1 ? words[1] : "";
-    answered_.clear();
-    if (asks_.contains(name) && !person_->oneIn(8)) {
-      answered_ = kFolder + person_->fileFor(asks_.at(name));
-      perform("answer " + answered_);
-    }
+    if (asks_.contains(name) && !person_->oneIn(8))
+      perform("answer " + (kFolder + person_->fileFor(asks_.at(name))));
     perform(line);
     ConsolePlatform& platform = evening_->platform();
     if (!platform.questions.empty()) asks_[name] = platform.questions.back();
@@ -178,21 +175,20 @@ class Night {
     if (evening_->desk.closed()) begin();
   }
 
-  // A show that was written without a word of a failure.
+  // A show that was written without a word of a failure, and that is still open.
   void checkSaved() {
     if (!evening_->platform().failedSaves.empty()) {
       ++tally_.refused;
       return;
     }
-    for (const std::string& path : {answered_, evening_->desk.session.path()}) {
-      const auto old = before_.find(path);
-      const std::string bytes = machine_.disk.bytesOf(path);
-      if (!path.ends_with(".Korvane") || bytes.empty() ||
-          (old != before_.end() && old->second == bytes))
-        continue;
-      ++tally_.saved;
-      return watch_->checkLoads(engine(), path);
-    }
+    const std::string path = evening_->desk.session.path();
+    const auto old = before_.find(path);
+    const std::string bytes = machine_.disk.bytesOf(path);
+    if (!path.ends_with(".Korvane") || bytes.empty() ||
+        (old != before_.end() && old->second == bytes))
+      return;
+    ++tally_.saved;
+    watch_->checkLoads(engine(), path);
   }
 
   // The desk is started again, and opens whatever show can be opened.
@@ -230,7 +226,6 @@ class Night {
   std::int64_t begun_ = 0;  // when the timers' time was 0
   int left_[std::size(kTroubles)] = {};
   std::map<std::string, FileQuestion> asks_;  // by who asks
-  std::string answered_;
   std::map<std::string, std::string> before_;
   std::string log_;
   NightTally tally_;

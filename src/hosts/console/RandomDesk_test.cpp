@@ -9,8 +9,8 @@ namespace {
 
 /// The stand-alone desk in a console. Its outputs are left alone: nothing leaves the machine.
 struct DeskConsole {
-  DeskConsole(Disk& disk, const std::string& stem, std::uint64_t seed) : base(stem) {
-    platform.files = &disk;
+  DeskConsole(Disk& disk, const std::string& stem, std::uint64_t seed)
+      : base(stem), platform(onDisk(disk)) {
     platform.clock = [this] { return engine().timers.now(); };
     platform.pictures = [&disk](const std::string& path) {
       return OperatorConsole::pictureOn(disk, path);
@@ -58,6 +58,12 @@ struct DeskConsole {
     if (now != found)
       throw ShowLost(path + " was kept otherwise: " + Json::diff(now, found).dump());
     kept = std::move(now);
+  }
+
+  static ConsolePlatform onDisk(Disk& disk) {
+    ConsolePlatform machine;
+    machine.files = &disk;
+    return machine;
   }
 
   std::string base;
