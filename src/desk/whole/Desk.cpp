@@ -381,7 +381,7 @@ std::string Desk::darkLamps() {
 
 std::string Desk::whatIsWrong() {
   std::string text = kept_.fault();
-  for (const std::string& one : {setup.fault(), darkLamps()}) {
+  for (const std::string& one : {files.fault(), setup.fault(), darkLamps()}) {
     if (!one.empty()) text += (text.empty() ? "" : " ") + one;
   }
   return text;

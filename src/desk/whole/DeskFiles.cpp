@@ -168,9 +168,10 @@ void DeskFiles::hold() {
   aside_ = {};
   held_ = session_.path();
   const std::string other = shows_.hold(*held_);
-  if (other.empty()) return;
-  session_.platform.messageBox(session_.name() + " is open in another desk, too: " + other +
-                               ". Whichever saves last is what stays.");
+  fault_ = other.empty()
+               ? std::string()
+               : session_.name() + " was open in another desk, too, when it was opened: " + other +
+                     ". Whichever saves last is what stays.";
 }
 
 void DeskFiles::noteEvent(std::int64_t now) {

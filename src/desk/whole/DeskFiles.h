@@ -40,6 +40,8 @@ class DeskFiles {
   bool changed();
   /// All is as it is meant to be from the start: not a change of the person's.
   void keepAsIs() { kept_ = project.changes(); }
+  /// Who else has the show open, in words; empty: nobody. No box: the show goes on meanwhile.
+  const std::string& fault() const { return fault_; }
   /// Shows the name of the show and whether it was changed.
   void showTitle();
 
@@ -71,6 +73,7 @@ class DeskFiles {
   RecentShows recent_;
   KeptShows shows_;
   std::optional<std::string> held_;  // the show that is held
+  std::string fault_;
   KeptShow aside_;                   // as it was kept last
   std::future<void> writing_;
   std::int64_t changedAt_ = 0, eventAt_ = 0;
