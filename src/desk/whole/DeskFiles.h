@@ -74,7 +74,7 @@ class DeskFiles {
   KeptShows shows_;
   std::optional<std::string> held_;  // the show that is held
   std::string fault_;
-  KeptShow aside_;                   // as it was kept last
+  KeptShow aside_;  // as it was kept last
   std::future<void> writing_;
   std::int64_t changedAt_ = 0, eventAt_ = 0;
   bool pending_ = false;
