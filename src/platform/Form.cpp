@@ -52,6 +52,13 @@ void Form::setLayout(Layout layout) {
   enterGroups(layout_, nullptr);
 }
 
+void Form::extend(const std::vector<Control*>& controls, Layout part) {
+  add(controls);
+  Layout whole = std::move(layout_);
+  whole.children.insert(std::prev(whole.children.end()), std::move(part));
+  setLayout(std::move(whole));
+}
+
 void Form::key(int key) {
   if (onKeyPress) return onKeyPress(key);
   if (visible_ && takesKey(key)) key == kEnterKey ? onEnter() : onEscape();

@@ -60,6 +60,10 @@ class Form {
   /// A key that no control wanted.
   void key(int key);
 
+  /// Puts controls, with their layout, before the last line of the window, the one with its
+  /// buttons: what a program that holds the window adds to it. Before a view has made the window.
+  void extend(const std::vector<Control*>& controls, Layout part);
+
   std::function<void()> onLoad;
   std::function<void()> onActivate;     ///< the window becomes the active one
   std::function<void()> onClose;        ///< its frame's close button, before it is hidden

@@ -36,6 +36,8 @@ Desk::Desk(Platform& machine, LampFeed& feed, const DeskPlaces& places)
       wiring(engine(), session.plugin.matrixConf),
       monitor(engine().desktop),
       helpWindow(engine().desktop, form.menus()),
+      mixer(session.plugin.dialogs.mixer),
+      choices(places.choices, machine.disk(), mixer),
       files(session, form, question, places.recentShows, places.kept),
       history(session.plugin),
       cues(session.plugin, form),

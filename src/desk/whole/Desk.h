@@ -10,12 +10,14 @@
 #include "desk/show/KeptOutputs.h"
 #include "desk/undo/ShowHistory.h"
 #include "desk/wall/Wiring.h"
+#include "desk/whole/DeskChoices.h"
 #include "desk/whole/DeskCues.h"
 #include "desk/whole/DeskFiles.h"
 #include "desk/windows/ChannelMonitor.h"
 #include "desk/windows/DeskForm.h"
 #include "desk/windows/DeskHelp.h"
 #include "desk/windows/DeskQuestion.h"
+#include "desk/windows/MixerParts.h"
 #include "desk/windows/OutputSetup.h"
 
 namespace korvane {
@@ -26,7 +28,8 @@ struct DeskPlaces {
   std::vector<Example> examples = {};  ///< shows that come with the program
   std::string recentShows = {};        ///< file that keeps them; empty: not kept
   std::string outputs = {};            ///< file that keeps them; empty: not kept
-  std::string kept = {};  ///< folder for what was changed and not saved; empty: not kept
+  std::string kept = {};     ///< folder for what was changed and not saved; empty: not kept
+  std::string choices = {};  ///< file that keeps them; empty: not kept
 };
 
 /// The stand-alone desk without a screen: a show, the desk's windows beside the plug-in's, and what
@@ -58,6 +61,8 @@ class Desk {
   Wiring wiring;
   ChannelMonitor monitor;
   DeskHelp helpWindow;
+  MixerParts mixer;
+  DeskChoices choices;
   DeskFiles files;
   ShowHistory history;
   DeskCues cues;

@@ -59,6 +59,12 @@ class TestDesk : public testing::Test {
                      [this](const std::function<void()>& tick) { runEvent(machine, tick); });
     desk.settle();
   }
+  DeskPlaces places() const {
+    return {.project = folder + "mine",
+            .examples = examples,
+            .recentShows = folder + "config/recent",
+            .choices = folder + "config/choices"};
+  }
   /// Chooses "Open ..." and a file.
   void open(const std::string& path) {
     machine.answers = {path};
@@ -83,7 +89,7 @@ class TestDesk : public testing::Test {
   PicturePlatform machine;
   LampFeed feed{"korvane-tests"};
   std::vector<Example> examples = examplesIn(KORVANE_SOURCE_DIR "/examples");
-  Desk desk{machine, feed, {folder + "mine", examples, folder + "config/recent"}};
+  Desk desk{machine, feed, places()};
   Plugin& plugin = desk.session.plugin;
   MatrixForm& tool = plugin.matrixForm;
   Variablen& v = plugin.engine.v;

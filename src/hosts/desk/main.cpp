@@ -42,6 +42,8 @@ DeskPlaces placesOf(const Options& options) {
       examplesIn(examplesBeside(QCoreApplication::applicationDirPath().toStdString()));
   places.recentShows =
       QDir(folder(QStandardPaths::AppConfigLocation)).filePath("recent-shows").toStdString();
+  places.choices =
+      QDir(folder(QStandardPaths::AppConfigLocation)).filePath("choices").toStdString();
   if (options.outputs.empty())
     places.outputs =
         QDir(folder(QStandardPaths::AppConfigLocation)).filePath("outputs").toStdString();
