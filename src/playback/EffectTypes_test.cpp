@@ -81,7 +81,7 @@ TEST_P(EffectTypes, ChoosingPaintKeepsAStillOfWhatTheDeckShowed) {
 }
 
 TEST_P(EffectTypes, ATypeThatDoesNotExistIsReportedInWords) {
-  deck.efx[0].type = 9;
+  deck.efx[0].type = 99;
   EXPECT_TRUE(pick(deck.efxList, 0));
   EXPECT_EQ(takeBoxes(), Texts{"Wert nicht erlaubt"});
 }

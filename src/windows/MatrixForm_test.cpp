@@ -1,5 +1,6 @@
 #include "windows/MatrixForm.h"
 
+#include "generators/Effects.h"
 #include "generators/color/MxColorForm.h"
 #include "testing/TestPlugin.h"
 
@@ -247,10 +248,8 @@ TEST_F(MainWindow, ControlsHaveTheirKindsAndTexts) {
 
 TEST_F(MainWindow, ListsHaveTheirColumnsAndEntries) {
   ASSERT_TRUE(open());
-  const Texts types = {"Color",        "Gradient", "Paint", "Image", "Color Change",
-                       "Color Scroll", "Fire",     "Fluid", "Ticker"};
-  EXPECT_EQ(v.A.type.items(), types);
-  EXPECT_EQ(v.B.type.items(), types);
+  EXPECT_EQ(v.A.type.items(), kindNames());
+  EXPECT_EQ(v.B.type.items(), kindNames());
   EXPECT_EQ(master.fadeType.items(),
             (Texts{"CrossFade", "BlackFade", "ColorFade", "Random", "Flow Down", "Fill up",
                    "Scroll Up", "Scroll Down", "Scroll Left", "Scroll Right", "Add"}));
