@@ -80,7 +80,10 @@ void DeskSession::bindTool() {
     const std::string before = gridFile();
     keep(composition_);
     adopt(platform.answered.value());
-    if (gridFile() != before) definition_.kept = bytesOf(gridFile(), platform.disk());
+    if (gridFile() != before) {
+      definition_.kept = bytesOf(gridFile(), platform.disk());
+      ++keeps_;
+    }
   };
   plugin.matrixConf.onKept = [this] {
     if (platform.answered == gridFile()) keep(definition_);
@@ -247,6 +250,7 @@ bool DeskSession::restore(const std::string& copy, const std::string& original) 
   readProjectNames(plugin.engine);
   composition_.kept.reset();
   definition_.kept.reset();
+  ++keeps_;
   if (onFile) onFile();
   return true;
 }
@@ -278,6 +282,7 @@ bool DeskSession::keepIn(const std::string& show) {
     writeDefinition(plugin.engine, gridFile(), plugin.matrixConf.MName.text());
   } catch (const std::exception&) {
     definition_.kept.reset();  // it was told
+    ++keeps_;
     return false;
   }
   keep(definition_);
@@ -307,7 +312,10 @@ std::string DeskSession::folder() { return folderOf(host.ProjectBaseFilename());
 
 std::string DeskSession::gridFile() { return host.ProjectBaseFilename() + kGridEnding; }
 
-void DeskSession::keep(Document& document) { document.kept = textOf(document.text, plugin); }
+void DeskSession::keep(Document& document) {
+  document.kept = textOf(document.text, plugin);
+  ++keeps_;
+}
 
 bool DeskSession::changed(const Document& document) {
   const std::optional<std::string> now = textOf(document.text, plugin);

@@ -46,6 +46,8 @@ class DeskSession {
   std::string folder();
   /// Whether effects, fades or the grid are others than when they were loaded or saved last.
   bool changed();
+  /// How many times the show or the grid was found or put in its file.
+  int keeps() const { return keeps_; }
   /// A show is being loaded: not all of it stands yet.
   bool loading() const { return loading_; }
   /// How many shows were begun or opened.
@@ -91,6 +93,7 @@ class DeskSession {
   std::string path_;
   bool loading_ = false;
   int loads_ = 0;
+  int keeps_ = 0;
   Document composition_;
   Document definition_;
 };

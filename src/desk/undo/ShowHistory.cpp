@@ -10,6 +10,7 @@ void ShowHistory::begin() {
   forget(undo_);
   forget(redo_);
   present_ = stateOf(plugin_, present_);
+  ++version_;
   open_ = false;
 }
 
@@ -18,6 +19,7 @@ void ShowHistory::note() {
   if (!present_.grid) return begin();
   ShowState now = stateOf(plugin_, present_);
   if (now == present_) return;
+  ++version_;
   const StepName name = nameOfStep(present_, now);
   forget(redo_);
   if (!goesOn(name)) undo_.push_back({present_, name});
@@ -46,6 +48,7 @@ void ShowHistory::go(std::deque<Step>& from, std::deque<Step>& to) {
   std::swap(step.other, present_);
   to.push_back(std::move(step));
   present_ = stateOf(plugin_, present_);
+  ++version_;
   open_ = false;
 }
 

@@ -36,6 +36,8 @@ class ShowHistory {
   std::string redoName() const { return redo_.empty() ? "" : redo_.back().name.text; }
   /// What the newest steps did, for people, the newest first; the same words once.
   std::vector<std::string> newest(std::size_t most) const;
+  /// Another number after each change that was noted, was taken back, or came with another show.
+  std::int64_t version() const { return version_; }
   std::size_t steps() const { return undo_.size(); }
   std::size_t bytes() const { return bytes_; }
 
@@ -63,6 +65,7 @@ class ShowHistory {
   std::size_t bytes_ = 0;
   std::int64_t changedAt_ = 0;
   std::int64_t press_ = 0;
+  std::int64_t version_ = 0;
   bool open_ = false;  // the newest step may still grow
 };
 

@@ -90,6 +90,7 @@ void Desk::bindProject() {
 }
 
 void Desk::bindHistory() {
+  files.version = [this] { return history.version(); };
   files.whatChanged = [this] { return history.newest(kMostChanges); };
   form.undo.onClick = [this] { history.undo(); };
   form.redo.onClick = [this] { history.redo(); };

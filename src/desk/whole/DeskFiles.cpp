@@ -135,12 +135,20 @@ bool DeskFiles::saveTo(const std::string& show) {
   return true;
 }
 
+bool DeskFiles::showChanged() {
+  const std::int64_t now = version();
+  if (!look_ || look_->version != now || look_->keeps != session_.keeps())
+    look_ = {now, session_.keeps(), session_.changed()};
+  return look_->changed;
+}
+
 bool DeskFiles::changed() {
-  return session_.changed() || (session_.plugin.matrixForm.loaded() && project.changes() != kept_);
+  return showChanged() || (session_.plugin.matrixForm.loaded() && project.changes() != kept_);
 }
 
 void DeskFiles::leave(std::function<void()> then) {
   session_.commitDialogs();
+  look_.reset();  // what this event has done so far is not noted yet
   if (!changed()) return then();
   question_.ask(session_.name() + " was changed since it was opened or saved.",
                 {"Save", "Discard", "Cancel"}, [this, then = std::move(then)](std::size_t answer) {

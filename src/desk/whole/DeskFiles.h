@@ -54,11 +54,14 @@ class DeskFiles {
   /// The desk ends as it is meant to: nothing is to be offered.
   void end();
 
+  /// Another number after each change of the show or the grid that was noted.
+  std::function<std::int64_t()> version;
   /// What was changed lately, in words.
   std::function<std::vector<std::string>()> whatChanged;
   DeskProject project;
 
  private:
+  bool showChanged();
   bool saveTo(const std::string& show);
   void hold();
   void keepNow();
@@ -78,6 +81,13 @@ class DeskFiles {
   std::future<void> writing_;
   std::int64_t changedAt_ = 0, eventAt_ = 0;
   bool pending_ = false;
+  /// What the last look found, and when: to compare means to write the whole show.
+  struct Look {
+    std::int64_t version = 0;
+    int keeps = 0;
+    bool changed = false;
+  };
+  std::optional<Look> look_;
   std::string kept_;  // of the project, when it was opened or saved last
 };
 

@@ -44,7 +44,7 @@ struct DeskConsole {
   /// Without a star in its title, the show and its grid are those of the files.
   void checkKept() {
     const std::string path = desk.session.path();
-    if (over() || path.empty() || desk.session.changed()) return;
+    if (over() || path.empty() || desk.files.changed()) return;
     Json now = changesOf(engine());
     if (now == kept) return;
     ConsolePlatform machine;
