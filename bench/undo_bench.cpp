@@ -60,9 +60,16 @@ void nothingChanged(benchmark::State& state, std::int16_t type) {
   measureBesideLoop(state, kLoopBytes, [&show] { show.history.note(); });
 }
 
+// All that the desk does after an event of a person that changes nothing.
+void eventAtTheDesk(benchmark::State& state, std::int16_t type) {
+  LongShow show(type);
+  measureBesideLoop(state, kLoopBytes, [&show] { show.desk.refresh(); });
+}
+
 BENCHMARK_CAPTURE(stepOfUndo, fire, kFire)->Apply(inTurns);
 BENCHMARK_CAPTURE(stepOfUndo, paint, kPaint)->Apply(inTurns);
 BENCHMARK_CAPTURE(nothingChanged, paint, kPaint)->Apply(inTurns);
+BENCHMARK_CAPTURE(eventAtTheDesk, paint, kPaint)->Apply(inTurns);
 
 }  // namespace
 }  // namespace korvane
