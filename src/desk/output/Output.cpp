@@ -7,6 +7,8 @@ namespace {
 
 using std::chrono::steady_clock;
 
+constexpr auto kLookAgain = std::chrono::seconds(1);  // for another program that sends there
+
 TimePoint clockNow() { return steady_clock::now(); }
 
 /// Names of what an output sends to: equal for programs that meet there.
@@ -60,16 +62,16 @@ void Output::configure(const OutputConfig& config) {
 
 void Output::switchOn() {
   if (on()) return;
-  for (const std::string& place : placesOf(config_)) claims_.emplace_back(place);
+  for (const std::string& place : placesOf(config_)) claims_.emplace_back(place, Claim(place));
   next_.reset();
   ending_.reset();
   leaving_ = false;
   figures_ = {};
   figures_.concern = rival();
-  thread_ = std::thread([this, carrier = makeCarrier(config_, identity_, network_),
-                         picture = newest_, rival = rival()]() mutable {
-    run(Sender(config_, std::move(carrier), std::move(picture)), rival);
-  });
+  thread_ = std::thread(
+      [this, carrier = makeCarrier(config_, identity_, network_), picture = newest_]() mutable {
+        run(Sender(config_, std::move(carrier), std::move(picture)));
+      });
 }
 
 void Output::beginEnd(std::optional<AtEnd> how) {
@@ -107,7 +109,9 @@ void Output::show(const LevelledPicture& wall) {
 }
 
 /// The sender's thread. The lock is not held while anything is sent.
-void Output::run(Sender sender, const std::string& rival) {
+void Output::run(Sender sender) {
+  std::string rival = this->rival();
+  TimePoint lookedAt = clockNow();
   std::unique_lock lock(mutex_);
   while (!sender.ended() && !leaving_) {
     if (auto picture = std::exchange(next_, std::nullopt))
@@ -118,6 +122,11 @@ void Output::run(Sender sender, const std::string& rival) {
       lock.unlock();
       sender.step(clockNow(), clockNow);
       OutputFigures figures = sender.figures(clockNow());
+      if (!rival.empty() && clockNow() - lookedAt >= kLookAgain) {
+        claimAgain();  // the other one may have ended
+        rival = this->rival();
+        lookedAt = clockNow();
+      }
       if (figures.concern.empty()) figures.concern = rival;
       lock.lock();
       figures_ = std::move(figures);
@@ -127,9 +136,15 @@ void Output::run(Sender sender, const std::string& rival) {
   }
 }
 
+void Output::claimAgain() {
+  for (auto& [place, claim] : claims_) {
+    if (!claim.held()) claim = Claim(place);
+  }
+}
+
 /// Another program of this machine that sends to the same place, in words.
 std::string Output::rival() const {
-  for (const Claim& claim : claims_) {
+  for (const auto& [place, claim] : claims_) {
     if (!claim.held() && !claim.holder().empty())
       return claim.holder() + " sends there already: the lamps may flicker";
   }

@@ -5,6 +5,8 @@
 #include <optional>
 #include <string>
 #include <thread>
+#include <utility>
+#include <vector>
 
 #include "desk/network/Claim.h"
 #include "desk/network/ErrorNews.h"
@@ -52,7 +54,8 @@ class Output {
 
  private:
   void stop();
-  void run(Sender sender, const std::string& rival);
+  void run(Sender sender);
+  void claimAgain();
   std::string rival() const;
 
   OutputConfig config_;
@@ -61,7 +64,8 @@ class Output {
   OutputStage stage_;
   LevelledPicture wall_;
   OutputPicture newest_;
-  std::vector<Claim> claims_;  ///< of the places that are sent to, while on
+  /// The places that are sent to, and the claims of them, while on. The thread's while it runs.
+  std::vector<std::pair<std::string, Claim>> claims_;
   std::thread thread_;
   ErrorNews news_;
 
