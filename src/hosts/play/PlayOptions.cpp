@@ -20,6 +20,7 @@ says nothing of them. Any of the three may be named.
                      ddp@192.168.1.50; may be given several times (docs/outputs.md)
   --master PERCENT   grand master, 0 to 100 (default: 100)
   --blackout         begin dark
+  --freeze           begin with the first picture held
   --seconds N        end after N seconds (default: play on)
   --resume           go on where the last run with --resume was, however it ended; without SHOW, with
                      its show and outputs
@@ -47,13 +48,14 @@ Exit status: 0 played, 1 the show can't be opened, 2 wrong usage; with 1 and 2 n
 
 namespace {
 
-constexpr char kOutput = 'o', kMaster = 'm', kBlackout = 'b', kSeconds = 's', kHelp = 'h',
-               kResume = 'u', kCues = 'c', kAuto = 'a', kFrom = 'f', kTo = 't', kAfter = 'e',
-               kGif = 'g', kRaw = 'r';
+constexpr char kOutput = 'o', kMaster = 'm', kBlackout = 'b', kFreeze = 'z', kSeconds = 's',
+               kHelp = 'h', kResume = 'u', kCues = 'c', kAuto = 'a', kFrom = 'f', kTo = 't',
+               kAfter = 'e', kGif = 'g', kRaw = 'r';
 
 constexpr option kOptions[] = {{"output", required_argument, nullptr, kOutput},
                                {"master", required_argument, nullptr, kMaster},
                                {"blackout", no_argument, nullptr, kBlackout},
+                               {"freeze", no_argument, nullptr, kFreeze},
                                {"seconds", required_argument, nullptr, kSeconds},
                                {"resume", no_argument, nullptr, kResume},
                                {"cues", no_argument, nullptr, kCues},
@@ -160,6 +162,9 @@ PlayOptions parsePlayOptions(int count, char** words) {
         break;
       case kBlackout:
         options.levels.blackout = true;
+        break;
+      case kFreeze:
+        options.levels.freeze = true;
         break;
       case kSeconds:
         options.seconds = seconds(optarg);

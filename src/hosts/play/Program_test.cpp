@@ -68,12 +68,13 @@ class OnATerminal : public testing::Test {
     terminal.start({KORVANE_PLAY, "--output", lamps.target(), kShow}, foreground);
   }
   /// A grey wall that stands still.
-  void playGrey(const std::string& stem) {
+  void playGrey(const std::string& stem, std::vector<std::string> options = {}) {
     std::ofstream(stem + ".Korvane")
         << "grey\nV1.0\n0\n1\n1\n1\n0\n0\n0\nA0\nTrue\n0\ngrey\n8421504\n"
            "B0\nFalse\nX0\n0\nfade\n3\n0\n";
     std::ofstream(stem + ".korvaneconf") << "grey\n2,1,False\n1,2,3\n4,5,6\n";
-    terminal.start({KORVANE_PLAY, "--output", lamps.target(), stem + ".Korvane"}, true);
+    options.insert(options.begin(), {KORVANE_PLAY, "--output", lamps.target(), stem + ".Korvane"});
+    terminal.start(options, true);
   }
   void playUntilPictured() {
     play();
@@ -118,6 +119,18 @@ TEST_F(OnATerminal, LevelsCurveAndWhiteBalanceHaveKeys) {
     terminal.type(keys);
     EXPECT_TRUE(lamps.show(values)) << keys;
   }
+  terminal.type("q");
+  EXPECT_EQ(terminal.status(), 0);
+}
+
+TEST_F(OnATerminal, FreezeByOptionHoldsTheFirstPictureUntilItsKey) {
+  playGrey(testing::TempDir() + "korvane-play-freeze", {"--freeze"});
+  ASSERT_TRUE(lamps.show({128, 128, 128}));
+  terminal.type("-");
+  ASSERT_TRUE(lamps.shine());
+  EXPECT_TRUE(lamps.show({128, 128, 128})) << "nothing came through";
+  terminal.type("f");
+  EXPECT_TRUE(lamps.show({122, 122, 122}));
   terminal.type("q");
   EXPECT_EQ(terminal.status(), 0);
 }
