@@ -1,7 +1,10 @@
 // The outputs of the desk: their window, what they send, and what the monitor shows of it.
 
+#include <algorithm>
+
 #include "desk/whole/Desk.h"
 #include "desk/whole/TestDesk.h"
+#include "testing/UdpReceiver.h"
 
 namespace korvane {
 namespace {
@@ -158,6 +161,34 @@ TEST_F(TestDesk, TheMonitorShowsTheBytesOfEachOutputAndUniverse) {
   }
   EXPECT_EQ(desk.monitor.shown()[3 * 59], 64);
   EXPECT_EQ(desk.monitor.shown()[3 * 60], 0) << "the wall has 400 lamps";
+}
+
+// By sACN the values begin at byte 126.
+TEST_F(TestDesk, TheMonitorShowsWhatIsSentByteForByte) {
+  const UdpReceiver receiver;
+  click(desk.form.wiring);
+  event([this] { desk.wiring.setPlan({.cols = 20, .rows = 20}); });
+  click(desk.wiring.apply);
+  light();
+  event([&] {
+    desk.setup.use(
+        parseOutput("sacn:2=7" + receiver.place() + ",gamma=2.2,smooth=on,balance=90/80/70"));
+  });
+  event([this] { desk.form.grandMaster.setValue(63); });
+  click(desk.form.channels);
+  const std::vector<std::string> names = desk.monitor.universe.items();
+  const auto sent = std::ranges::find(names, "1. sACN, universe 7");
+  ASSERT_NE(sent, names.end());
+  event([&] { desk.monitor.universe.choose(static_cast<int>(sent - names.begin())); });
+  const auto shown = desk.monitor.shown();
+  EXPECT_EQ(std::ranges::count_if(shown, [](int level) { return level > 0; }), 170) << "red lamps";
+  std::vector<int> values;
+  for (int packet = 0; packet < 50 && !std::ranges::equal(values, shown); ++packet) {
+    const auto bytes = receiver.packet();
+    ASSERT_EQ(bytes.size(), 638U);
+    values.assign(bytes.begin() + 126, bytes.end());
+  }
+  EXPECT_TRUE(std::ranges::equal(values, shown));
 }
 
 }  // namespace

@@ -143,12 +143,12 @@ void DeskForm::declareMenus() {
 Layout DeskForm::beginPage() {
   std::vector<Layout> shows;
   for (const auto& item : examples) shows.emplace_back(*item);
-  return boxed(
-      begin,
-      column({space(), row({space(), welcome, space()}), row({space(), newShow, open, space()}),
-              row({space(), grid(kExamplesInARow, std::move(shows)), space()}),
-              row({space(), hint, space()}), space(2)}),
-      1);
+  return boxed(begin,
+               column({space(), row({space(), welcome, space()}),
+                       row({space(), newShow, open, tool, space()}),
+                       row({space(), grid(kExamplesInARow, std::move(shows)), space()}),
+                       row({space(), hint, space()}), space(2)}),
+               1);
 }
 
 void DeskForm::declareLayout(Form& toolWindow) {
