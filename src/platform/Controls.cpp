@@ -106,6 +106,12 @@ void Slider::setValue(int value) {
   run(onChange);
 }
 
+void MenuItem::setKey(std::string key) {
+  if (key == key_) return;
+  key_ = std::move(key);
+  shown();
+}
+
 void MenuItem::setLit(bool lit) {
   if (lit == lit_) return;
   lit_ = lit;

@@ -209,9 +209,11 @@ class MenuItem : public Control {
 
   void click() { run(onClick); }
   const std::string& key() const { return key_; }
+  void setKey(std::string key);
   bool lit() const { return lit_; }
   void setLit(bool lit);
 
+  bool repeats = false;  ///< its key, held, counts again and again
   std::function<void()> onClick;
 
  private:

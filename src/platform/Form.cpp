@@ -64,6 +64,12 @@ void Form::key(int key) {
   if (visible_ && takesKey(key)) key == kEnterKey ? onEnter() : onEscape();
 }
 
+// It may end the taking of keys.
+void Form::anyKey(const std::string& name) {
+  const auto take = onAnyKey;
+  if (take) take(name);
+}
+
 void Form::hold(Form& inner, Group& pane) {
   held_ = &inner;
   inner.within_ = this;

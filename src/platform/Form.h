@@ -59,6 +59,8 @@ class Form {
   bool takesKey(int key) const;
   /// A key that no control wanted.
   void key(int key);
+  /// Any key, for a window that takes them all.
+  void anyKey(const std::string& name);
 
   /// Puts controls, with their layout, before the last line of the window, the one with its
   /// buttons: what a program that holds the window adds to it. Before a view has made the window.
@@ -70,9 +72,12 @@ class Form {
   std::function<bool()> mayClose;       ///< its frame's close button: false keeps it open
   std::function<void()> onClick;        ///< a click on its background
   std::function<void(int)> onKeyPress;  ///< 13 Enter, 27 Escape, 32 space
-  std::function<void()> onEnter;        ///< Enter, where nothing else wants it
-  std::function<void()> onEscape;       ///< Escape, where nothing else wants it
-  std::function<void()> onShown;        ///< for the view: caption, size or frame changed
+  /// While it is set, the window takes every key, by its name, before its controls and all
+  /// commands.
+  std::function<void(const std::string& key)> onAnyKey;
+  std::function<void()> onEnter;   ///< Enter, where nothing else wants it
+  std::function<void()> onEscape;  ///< Escape, where nothing else wants it
+  std::function<void()> onShown;   ///< for the view: caption, size or frame changed
   void shown() const {
     if (onShown) onShown();
   }

@@ -5,8 +5,14 @@
 
 #include "platform/Failure.h"
 #include "platform/Keys.h"
+#include "platform/Text.h"
 
 namespace korvane {
+namespace {
+
+constexpr std::int64_t kOneWord = 1000;  // ms between two letters of it, at most
+
+}  // namespace
 
 void ListView::setColumns(std::vector<Column> columns) {
   columns_ = std::move(columns);
@@ -39,6 +45,7 @@ void ListView::add(std::string text, std::vector<std::string> sub, Color color) 
 
 void ListView::setRows(std::vector<Row> rows) {
   if (rows == rows_) return;
+  if (rows.size() != rows_.size()) gathered_.clear();
   rows_ = std::move(rows);
   current_ = rows_.empty() ? -1 : std::clamp(current_, 0, count() - 1);
   if (editRow_ >= count()) editRow_ = -1;
@@ -67,6 +74,7 @@ void ListView::setCell(int row, int col, std::string text) {
 void ListView::remove(int index) {
   at(index);
   rows_.erase(rows_.begin() + index);
+  gathered_.clear();
   if (current_ > index || current_ >= count()) --current_;
   editRow_ = -1;
   shown();
@@ -74,6 +82,7 @@ void ListView::remove(int index) {
 
 void ListView::clear() {
   rows_.clear();
+  gathered_.clear();
   current_ = -1;
   editRow_ = -1;
   shown();
@@ -89,6 +98,7 @@ void ListView::select(int index) {
   at(index);
   for (Row& row : rows_) row.selected = false;
   at(index).selected = true;
+  gathered_.clear();
   current_ = index;
   shown();
 }
@@ -114,6 +124,55 @@ void ListView::exchange(int row, int other) {
   std::swap(at(row), at(other));
   std::swap(at(row).selected, at(other).selected);
   shown();
+}
+
+void ListView::clickGathering(int row, int col) {
+  at(row);
+  if (actions.empty()) return click(row, col);
+  if (gathered_.empty() && current_ >= 0) gathered_ = {current_};
+  const auto place = std::lower_bound(gathered_.begin(), gathered_.end(), row);
+  if (place != gathered_.end() && *place == row)
+    gathered_.erase(place);
+  else
+    gathered_.insert(place, row);
+  shown();
+}
+
+void ListView::clickRange(int row, int col) {
+  at(row);
+  if (actions.empty()) return click(row, col);
+  gathered_.clear();
+  const int from = std::max(current_, 0);
+  for (int i = std::min(from, row); i <= std::max(from, row); ++i) gathered_.push_back(i);
+  shown();
+}
+
+bool ListView::isGathered(int row) const {
+  return std::binary_search(gathered_.begin(), gathered_.end(), row);
+}
+
+std::vector<int> ListView::rowsFor(int row) const {
+  return isGathered(row) ? gathered_ : std::vector<int>{row};
+}
+
+const ListView::Action* ListView::actionOf(const std::string& key) const {
+  const auto found = std::find_if(actions.begin(), actions.end(),
+                                  [&key](const Action& action) { return action.key == key; });
+  return found == actions.end() ? nullptr : &*found;
+}
+
+int ListView::firstNamed(const std::string& beginning) const {
+  for (int row = 0; row < count(); ++row) {
+    if (lowerCase(nameOf(row)).starts_with(lowerCase(beginning))) return row;
+  }
+  return -1;
+}
+
+void ListView::typed(const std::string& letter, std::int64_t at) {
+  const bool goesOn = !typed_.empty() && at - typedAt_ <= kOneWord;
+  typed_ = goesOn ? typed_ + letter : letter;
+  typedAt_ = at;
+  reach(firstNamed(typed_));
 }
 
 bool ListView::takesKey(int key) { return key == kEditKey || key == kSpaceKey || key == kEnterKey; }

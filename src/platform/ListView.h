@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <string>
 #include <vector>
@@ -76,6 +77,49 @@ class ListView : public Control {
   /// One of the system's own keys has moved to a row: that clicks it, if it is another one.
   void reach(int row);
 
+  /// What the owner of the list lets a person do with rows besides: an entry of their popup, and
+  /// the key that does the same.
+  struct Action {
+    std::string caption;
+    std::string key;
+    std::function<void(const std::vector<int>& rows)> run;
+  };
+  std::vector<Action> actions;
+
+  /// Several rows are gathered for an action: by Control and a click, which puts a row to them or
+  /// takes it out, or by Shift and a click, which takes all from the current row on. Where there is
+  /// no action both are plain clicks.
+  void clickGathering(int row, int col);
+  void clickRange(int row, int col);
+  /// The gathered rows from the top; empty while there is no more than the current one.
+  const std::vector<int>& gathered() const { return gathered_; }
+  bool isGathered(int row) const;
+  /// The rows that an action on this one means: all that are gathered if it is one of them.
+  std::vector<int> rowsFor(int row) const;
+  /// The action of a key, nullptr if none has it.
+  const Action* actionOf(const std::string& key) const;
+
+  /// A letter that a person typed, at this time in milliseconds: with those typed just before, it
+  /// finds the first row whose name begins so, and clicks it if it is another one.
+  void typed(const std::string& letter, std::int64_t at);
+
+  /// Rows that a person drags from a list and lets go.
+  struct Drop {
+    ListView& from;
+    std::vector<int> rows;  ///< from the top
+    int before;             ///< the row of this list that they shall stand before; count() for last
+    bool copy;              ///< the rows stay where they are as well
+  };
+  /// Whether rows of that list may be dropped here; unset: none, and no row can be dragged. Where
+  /// rows can be dragged, a click counts when the button is let go.
+  std::function<bool(const ListView& from)> takesRowsOf;
+  std::function<void(const Drop& drop)> onDrop;
+
+  /// The name of a row: the text of its first column, unless the owner says otherwise.
+  std::string nameOf(int row) const { return onName ? onName(row) : cell(row, 0); }
+  /// The text with which an editor opens.
+  std::string textToEdit(int row, int col) const { return onName ? onName(row) : cell(row, col); }
+
   /// In-place editing. beginEdit opens the editor on a cell of an editable column, endEdit puts
   /// what was typed through onValidate and onEdited and stores the result.
   bool beginEdit(int row, int col);
@@ -93,6 +137,7 @@ class ListView : public Control {
   std::function<void(int row)> beforeClick;
   std::function<void(int row, int col)> onClick;
   std::function<void(int row)> onDoubleClick;
+  std::function<std::string(int row)> onName;  ///< its one editable column shows more than the name
   /// The text with which the editor closes, made of what was typed.
   std::function<std::string(int col, const std::string& typed)> onValidate;
   /// The end of an edit: the text to store in the cell, made of the old and the new one.
@@ -103,6 +148,7 @@ class ListView : public Control {
  private:
   Row& at(int index);
   void editCurrent();
+  int firstNamed(const std::string& beginning) const;
 
   std::vector<Column> columns_;
   std::vector<Row> rows_;
@@ -110,6 +156,9 @@ class ListView : public Control {
   int centered_ = -1;
   int editRow_ = -1;
   int editCol_ = -1;
+  std::vector<int> gathered_;
+  std::string typed_;
+  std::int64_t typedAt_ = 0;
 };
 
 }  // namespace korvane

@@ -35,12 +35,13 @@ Desk::Desk(Platform& machine, LampFeed& feed, const DeskPlaces& places)
       setup(engine().desktop, feed.outputs, [this] { return universesOfWall(); }),
       wiring(engine(), session.plugin.matrixConf),
       monitor(engine().desktop),
-      helpWindow(engine().desktop, form.menus()),
+      helpWindow(engine().desktop, form.items()),
       mixer(session.plugin.dialogs.mixer),
       choices(places.choices, machine.disk(), mixer),
       files(session, form, question, places.recentShows, places.kept),
       history(session.plugin),
       cues(session.plugin, form),
+      keys(session.plugin, form, places.keys, machine.disk()),
       feed_(feed),
       kept_(places.outputs, machine.disk()),
       refresh_(engine().timers, "timerDesk"),
@@ -185,6 +186,14 @@ void Desk::bindKeysOfDialogs() {
   bind(plugin.matrixConfigHelp, plugin.matrixConfigHelp.OK);
 }
 
+bool Desk::command(const std::string& name, int argument) {
+  const auto* item = dynamic_cast<CommandItem*>(form.find(name));
+  if (item == nullptr || !item->look().enabled) return false;
+  if (argument > 0 && runCommand(cues.run, name, argument)) return true;
+  item->onClick();
+  return true;
+}
+
 // What a field lacks is said in words, and a time may be typed with a point or a comma.
 void Desk::bindFields() {
   Plugin& plugin = session.plugin;
@@ -261,6 +270,7 @@ void Desk::settle() {
 
 void Desk::refresh() {
   cues.refresh();
+  keys.refresh();
   settle();
   followShow();
   files.noteEvent(engine().timers.now());
@@ -384,7 +394,7 @@ std::string Desk::darkLamps() {
 
 std::string Desk::whatIsWrong() {
   std::string text = kept_.fault();
-  for (const std::string& one : {files.fault(), setup.fault(), darkLamps()}) {
+  for (const std::string& one : {files.fault(), keys.bindings.fault(), setup.fault(), darkLamps()}) {
     if (!one.empty()) text += (text.empty() ? "" : " ") + one;
   }
   return text;

@@ -13,6 +13,7 @@
 #include "desk/whole/DeskChoices.h"
 #include "desk/whole/DeskCues.h"
 #include "desk/whole/DeskFiles.h"
+#include "desk/whole/DeskKeys.h"
 #include "desk/windows/ChannelMonitor.h"
 #include "desk/windows/DeskForm.h"
 #include "desk/windows/DeskHelp.h"
@@ -30,6 +31,7 @@ struct DeskPlaces {
   std::string outputs = {};            ///< file that keeps them; empty: not kept
   std::string kept = {};     ///< folder for what was changed and not saved; empty: not kept
   std::string choices = {};  ///< file that keeps them; empty: not kept
+  std::string keys = {};     ///< file that keeps them; empty: not kept
 };
 
 /// The stand-alone desk without a screen: a show, the desk's windows beside the plug-in's, and what
@@ -42,6 +44,9 @@ class Desk {
   void show();
   /// After each pass over the timers: sends what has changed, and shows how that fares.
   void settle();
+  /// Carries out a command of the table by its name; `argument` is the cue of those that need one,
+  /// from 1. False if there is none, or it can't be done now.
+  bool command(const std::string& name, int argument = 0);
   /// After each event of a person: as settle(), and shows all that such an event can change.
   void refresh();
   /// Ends the sending, each output as it is set unless told otherwise.
@@ -66,6 +71,7 @@ class Desk {
   DeskFiles files;
   ShowHistory history;
   DeskCues cues;
+  DeskKeys keys;
 
   std::function<void()> onQuit;  ///< the desk was closed
 

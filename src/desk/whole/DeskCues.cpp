@@ -8,7 +8,7 @@ DeskCues::DeskCues(Plugin& plugin, DeskForm& desk)
   stage.putMaster = [&desk](int percent) { desk.grandMaster.setValue(percent); };
   desk.cues.onClick = [this, &plugin] { plugin.engine.desktop.show(form); };
   for (const auto& item : desk.commands)
-    item->onClick = [this, name = item->name()] { runCommand(run, name); };
+    item->onClick = [this, name = item->name()] { runCommand(run, name, form.list.current() + 1); };
   MatrixForm& tool = plugin.matrixForm;
   tool.onLoaded = [this, own = tool.onLoaded] {
     if (own) own();

@@ -63,7 +63,8 @@ class TestDesk : public testing::Test {
     return {.project = folder + "mine",
             .examples = examples,
             .recentShows = folder + "config/recent",
-            .choices = folder + "config/choices"};
+            .choices = folder + "config/choices",
+            .keys = folder + "config/keys.json"};
   }
   /// Chooses "Open ..." and a file.
   void open(const std::string& path) {

@@ -1,5 +1,8 @@
 #include "desk/windows/DeskForm.h"
 
+#include <algorithm>
+#include <iterator>
+
 #include "desk/cues/ShowRun.h"
 #include "desk/project/ShowPath.h"
 
@@ -22,64 +25,6 @@ void append(std::vector<MenuItem*>& menu, const Items& items) {
 
 DeskForm::DeskForm(Form& toolWindow, const std::vector<Example>& shows)
     : Form("Desk", "Korvane"),
-      newShow("newShow", {.caption = "New", .toolTip = "begin a show on the present grid"},
-              "Ctrl+N"),
-      open("open", {.caption = "Open ...", .toolTip = "open a show of your own"}, "Ctrl+O"),
-      save("save", {.caption = "Save", .toolTip = "save the show with its grid"}, "Ctrl+S"),
-      saveAs("saveAs",
-             {.caption = "Save as ...", .toolTip = "save the show with its grid in another file"},
-             "Ctrl+Shift+S"),
-      openLast("openLast", {.caption = "Open the last show at the start",
-                            .toolTip = "begin with the show that was open last"}),
-      quit("quit", {.caption = "Quit", .toolTip = "close the desk"}, "Ctrl+Q"),
-      undo("undo",
-           {.caption = "Undo",
-            .toolTip = "take back what was changed last in the show or the grid",
-            .enabled = false},
-           "Ctrl+Z"),
-      redo("redo",
-           {.caption = "Redo", .toolTip = "change again what was taken back", .enabled = false},
-           "Ctrl+Shift+Z"),
-      tool("tool", {.caption = "Matrix", .toolTip = "show the decks and their effects"}, "F2"),
-      configure("configure",
-                {.caption = "Configure lamps", .toolTip = "define the lamp grid and its channels"},
-                "F3"),
-      wiring("wiring",
-             {.caption = "Wiring", .toolTip = "say how the lamps are wired, and test them"},
-             "Shift+F3"),
-      output("output",
-             {.caption = "Outputs ...", .toolTip = "say where the levels are sent, and see how"},
-             "F5"),
-      channels("channels",
-               {.caption = "Channels", .toolTip = "watch the levels that leave the desk"}, "F8"),
-      front("front", {.caption = "Desk", .toolTip = "bring the desk to the front"}, "F4"),
-      narrow("narrow", {.caption = "Narrow view", .toolTip = "show the master alone"}, "F6"),
-      full("full", {.caption = "Full view", .toolTip = "show the decks as well"}, "F7"),
-      beat("beat", {.caption = "Beat", .toolTip = "one beat of the music"}, "F9"),
-      blackout("blackout",
-               {.caption = "Blackout", .toolTip = "all lamps dark, until pressed again"}, "F10"),
-      freeze("freeze",
-             {.caption = "Freeze", .toolTip = "the lamps hold what they show, until pressed again"},
-             "F11"),
-      masterUp("masterUp",
-               {.caption = "Grand master up", .toolTip = "five per cent more of every level"},
-               "Shift+F12"),
-      masterDown("masterDown",
-                 {.caption = "Grand master down", .toolTip = "five per cent less of every level"},
-                 "Shift+F11"),
-      steeper("steeper",
-              {.caption = "Curve steeper",
-               .toolTip = "gamma 0.1 more on the output that is lit in Outputs"},
-              "Shift+F10"),
-      flatter("flatter",
-              {.caption = "Curve flatter",
-               .toolTip = "gamma 0.1 less on the output that is lit in Outputs"},
-              "Shift+F9"),
-      dmx("dmx", {.caption = "Output on", .toolTip = "the lamps follow the show"}, "F12"),
-      cues("cues", {.caption = "Cues", .toolTip = "let the show run by itself"}, "Shift+F2"),
-      help("help", {.caption = "Help", .toolTip = "how to work with the desk"}, "F1"),
-      begin("begin", {}),
-      pane("pane", {}),
       welcome("welcome", {.caption = "Begin with a show"}),
       hint("hint",
            {.caption = "Wiring says how many lamps you have and how they are wired; Outputs "
@@ -95,11 +40,16 @@ DeskForm::DeskForm(Form& toolWindow, const std::vector<Example>& shows)
     examples.push_back(std::make_unique<MenuItem>(
         numbered("example", i),
         Look{.caption = shows[i].title, .toolTip = "open " + shows[i].path}));
-  for (const ShowCommand& one : showCommands()) {
-    if (one.ofCue) continue;
-    commands.push_back(std::make_unique<MenuItem>(
-        one.name, Look{.caption = one.caption, .toolTip = one.toolTip}, one.key));
+  for (const ShowCommand& one : showCommands())
+    commands.push_back(std::make_unique<CommandItem>(one.name));
+  for (int row = 1; row <= kNumberedRows; ++row) {
+    const std::string number = "(" + std::to_string(row) + ")";
+    leftEffects.push_back(std::make_unique<CommandItem>("effectLeft" + number));
+    rightEffects.push_back(std::make_unique<CommandItem>("effectRight" + number));
+    fades.push_back(std::make_unique<CommandItem>("fade" + number));
   }
+  undo.setEnabled(false);
+  redo.setEnabled(false);
   grandMaster.setValue(kFull);
   addControls();
   declareMenus();
@@ -111,11 +61,13 @@ void DeskForm::addControls() {
   for (const auto& item : examples) add({item.get()});
   add({&hint, &pane, &dmx, &blackout, &freeze, &beat, &grandMaster, &channels, &wiring, &output});
   add({&save, &saveAs, &openLast, &quit, &undo, &redo, &configure, &tool, &front, &narrow, &full,
-       &help, &sent, &wrong});
-  add({&masterUp, &masterDown, &steeper, &flatter});
+       &keys, &help, &sent, &wrong});
+  add({&masterUp, &masterDown, &steeper, &flatter, &faderLeft, &faderRight, &faderFarLeft,
+       &faderFarRight, &cutLeft, &cutRight, &fadeLeft, &fadeRight});
   for (const auto& item : recent) add({item.get()});
   add({&cues});
-  for (const auto& item : commands) add({item.get()});
+  for (const Items* items : {&commands, &leftEffects, &rightEffects, &fades})
+    for (const auto& item : *items) add({item.get()});
 }
 
 void DeskForm::declareMenus() {
@@ -129,15 +81,32 @@ void DeskForm::declareMenus() {
   std::vector<Menu> menus = {{"Show", shows}};
   menus.push_back({"Edit", {&undo, &redo}});
   if (!tries.empty()) menus.push_back({"Examples", tries});
-  menus.push_back({"Play", {&dmx, &blackout, &freeze, &masterUp, &masterDown, nullptr, &beat}});
+  menus.push_back({"Play",
+                   {&dmx, &blackout, &freeze, &masterUp, &masterDown, nullptr, &faderLeft,
+                    &faderRight, &faderFarLeft, &faderFarRight, nullptr, &cutLeft, &cutRight,
+                    &fadeLeft, &fadeRight, nullptr, &beat}});
+  const auto rows = [&menus](const char* caption, const Items& items) {
+    menus.push_back({caption, {}});
+    append(menus.back().items, items);
+  };
+  rows("Left", leftEffects);
+  rows("Right", rightEffects);
+  rows("Fades", fades);
   std::vector<MenuItem*> runs = {&cues, nullptr};
   append(runs, commands);
   menus.push_back({"Cues", runs});
   menus.push_back(
       {"Lamps", {&wiring, &configure, &output, &channels, nullptr, &steeper, &flatter}});
   menus.push_back({"View", {&tool, &front, nullptr, &narrow, &full}});
-  menus.push_back({"Help", {&help}});
+  menus.push_back({"Help", {&keys, &help}});
   setMenus(std::move(menus));
+}
+
+std::vector<MenuItem*> DeskForm::items() const {
+  std::vector<MenuItem*> all;
+  for (const Menu& menu : menus())
+    std::ranges::copy_if(menu.items, std::back_inserter(all), [](auto* item) { return item; });
+  return all;
 }
 
 Layout DeskForm::beginPage() {

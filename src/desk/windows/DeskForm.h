@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "desk/keys/CommandTable.h"
 #include "desk/show/Examples.h"
 #include "desk/show/RecentShows.h"
 #include "platform/Controls.h"
@@ -20,16 +21,28 @@ class DeskForm : public Form {
 
   /// Shows the paths in the menu, the newest first.
   void showRecent(const std::vector<std::string>& paths);
+  /// The items of all menus.
+  std::vector<MenuItem*> items() const;
 
-  MenuItem newShow, open, save, saveAs, openLast, quit;
-  MenuItem undo, redo;
+  CommandItem newShow{"newShow"}, open{"open"}, save{"save"}, saveAs{"saveAs"};
+  CommandItem openLast{"openLast"}, quit{"quit"};
+  CommandItem undo{"undo"}, redo{"redo"};
   std::vector<std::unique_ptr<MenuItem>> recent, examples;
-  MenuItem tool, configure, wiring, output, channels, front, narrow, full;
-  MenuItem beat, blackout, freeze, masterUp, masterDown, steeper, flatter, dmx;
-  MenuItem cues;
-  std::vector<std::unique_ptr<MenuItem>> commands;  ///< of a show that runs by itself
-  MenuItem help;
-  Group begin, pane;
+  CommandItem tool{"tool"}, configure{"configure"}, wiring{"wiring"}, output{"output"};
+  CommandItem channels{"channels"}, front{"front"}, narrow{"narrow"}, full{"full"};
+  CommandItem beat{"beat"}, blackout{"blackout"}, freeze{"freeze"}, dmx{"dmx"};
+  CommandItem masterUp{"masterUp"}, masterDown{"masterDown"};
+  CommandItem steeper{"steeper"}, flatter{"flatter"};
+  CommandItem faderLeft{"faderLeft"}, faderRight{"faderRight"};
+  CommandItem faderFarLeft{"faderFarLeft"}, faderFarRight{"faderFarRight"};
+  CommandItem cutLeft{"cutLeft"}, cutRight{"cutRight"};
+  CommandItem fadeLeft{"fadeLeft"}, fadeRight{"fadeRight"};
+  using Items = std::vector<std::unique_ptr<CommandItem>>;
+  Items leftEffects, rightEffects, fades;  ///< the first rows of the lists
+  CommandItem cues{"cues"};
+  Items commands;  ///< of a show that runs by itself
+  CommandItem keys{"keys"}, help{"help"};
+  Group begin{"begin"}, pane{"pane"};
   Label welcome, hint;
   Slider grandMaster;
   Label sent, wrong;

@@ -1,5 +1,7 @@
 #include "desk/windows/DeskHelp.h"
 
+#include "desk/keys/CommandTable.h"
+
 namespace korvane {
 namespace {
 
@@ -37,28 +39,27 @@ NAME.korvanedesk. Any of the three opens the project. The version before the las
 stays as NAME.Korvane.bak.
 )";
 
-std::string keysOf(const std::vector<Menu>& menus) {
+std::string keysOf(const std::vector<MenuItem*>& items) {
   std::string text = "\nKEYS\n";
-  for (const Menu& menu : menus) {
-    for (const MenuItem* item : menu.items) {
-      if (item == nullptr || item->key().empty()) continue;
-      const Look& look = item->look();
-      text += item->key() + ": " + look.caption + ", " + look.toolTip + "\n";
-    }
+  for (const MenuItem* item : items) {
+    const CommandRow* row = commandRow(item->name());
+    if (row != nullptr && !item->key().empty())
+      text += item->key() + ": " + row->caption + ", " + row->words + "\n";
   }
   return text + "Enter, Escape: press OK, or close a window without it\n";
 }
 
 }  // namespace
 
-DeskHelp::DeskHelp(Desktop& desktop, const std::vector<Menu>& menus)
+DeskHelp::DeskHelp(Desktop& desktop, const std::vector<MenuItem*>& items)
     : Form("DeskHelp", "Korvane: help"),
-      text("text", {}, kHowTo + keysOf(menus), {.readOnly = true, .lines = kLines}),
+      text("text", {}, kHowTo + keysOf(items), {.readOnly = true, .lines = kLines}),
       OK("OK", {.caption = "OK", .toolTip = "close the help"}) {
   add({&text, &OK});
   setLayout(column({Layout(text, 1), row({space(), OK})}));
   OK.onClick = [this, &desktop] { desktop.hide(*this); };
   onEnter = onEscape = OK.onClick;
+  onActivate = [this, items] { text.setText(kHowTo + keysOf(items)); };
   desktop.add(*this);
 }
 

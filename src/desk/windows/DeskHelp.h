@@ -7,10 +7,10 @@
 
 namespace korvane {
 
-/// The help of the desk, all of it on this machine: how to begin, and the keys of the menus.
+/// The help of the desk, all of it on this machine: how to begin, and the keys of its commands.
 class DeskHelp : public Form {
  public:
-  DeskHelp(Desktop& desktop, const std::vector<Menu>& menus);
+  DeskHelp(Desktop& desktop, const std::vector<MenuItem*>& items);
 
   TextBox text;
   Button OK;

@@ -65,20 +65,93 @@ TEST_F(DeskView, TheMenusHoldTheItemsWithTheirKeys) {
         all << menu->text() + ": " + item->text() + " " + item->shortcut().toString();
     }
   }
+  const auto rows = [](const std::string& caption, const std::string& held) {
+    std::string text;
+    for (char number = '1'; number <= '9'; ++number)
+      text += caption + number + " " + held + number + "\n";
+    return text;
+  };
   EXPECT_EQ(
       all.join("\n").toStdString(),
       "Show: New Ctrl+N\nShow: Open ... Ctrl+O\nShow: Save Ctrl+S\n"
       "Show: Save as ... Ctrl+Shift+S\nShow: Open the last show at the start \nShow: Quit Ctrl+Q\n"
       "Edit: Undo Ctrl+Z\nEdit: Redo Ctrl+Shift+Z\n"
       "Play: Output on F12\nPlay: Blackout F10\nPlay: Freeze F11\n"
-      "Play: Grand master up Shift+F12\nPlay: Grand master down Shift+F11\nPlay: Beat F9\n"
-      "Cues: Cues Shift+F2\nCues: Go Space\nCues: Back Backspace\n"
-      "Cues: Pause Shift+Space\nCues: Stop Ctrl+Space\nCues: Record Ctrl+R\n"
-      "Cues: Automatic play Ctrl+Shift+A\nCues: Tap Ctrl+T\n"
-      "Lamps: Wiring Shift+F3\nLamps: Configure lamps F3\nLamps: Outputs ... F5\n"
-      "Lamps: Channels F8\nLamps: Curve steeper Shift+F10\nLamps: Curve flatter Shift+F9\n"
-      "View: Matrix F2\nView: Desk F4\nView: Narrow view F6\nView: Full view F7\n"
-      "Help: Help F1");
+      "Play: Grand master up Shift+F12\nPlay: Grand master down Shift+F11\n"
+      "Play: Fader left Left\nPlay: Fader right Right\nPlay: Fader far left Shift+Left\n"
+      "Play: Fader far right Shift+Right\nPlay: Cut left Ctrl+Left\n"
+      "Play: Cut right Ctrl+Right\nPlay: Fade left Alt+Left\nPlay: Fade right Alt+Right\n"
+      "Play: Beat F9\n" +
+          rows("Left: Left effect ", "") + rows("Right: Right effect ", "Ctrl+") +
+          rows("Fades: Fade ", "Alt+") +
+          "Cues: Cues Shift+F2\nCues: Go Space\nCues: Back Backspace\n"
+          "Cues: Pause Shift+Space\nCues: Stop Ctrl+Space\nCues: Start \nCues: Make next \n"
+          "Cues: Record Ctrl+R\n"
+          "Cues: Automatic play Ctrl+Shift+A\nCues: Tap Ctrl+T\n"
+          "Lamps: Wiring Shift+F3\nLamps: Configure lamps F3\nLamps: Outputs ... F5\n"
+          "Lamps: Channels F8\nLamps: Curve steeper Shift+F10\nLamps: Curve flatter Shift+F9\n"
+          "View: Matrix F2\nView: Desk F4\nView: Narrow view F6\nView: Full view F7\n"
+          "Help: Keys F1\nHelp: Help Shift+F1");
+}
+
+TEST_F(DeskView, AFocusedControlHasItsKeysFirstAndTheCommandsHaveTheRest) {
+  openTool();
+  Slider& fader = desk.engine().master.faderM;
+  ListView& list = desk.engine().v.A.efxList;
+  press(tool.panelA.add);
+  press(tool.panelA.add);
+  QWidget& rows = on(list);
+  rows.setFocus();
+  QTest::keyClick(&rows, Qt::Key_Down);
+  EXPECT_EQ(list.current(), 1);
+  QTest::keyClick(&rows, Qt::Key_Right);
+  EXPECT_EQ(fader.value(), 2) << "a list has no use for it";
+  QTest::keyClick(&rows, Qt::Key_3);
+  EXPECT_EQ(list.current(), 2);
+  auto& name = dynamic_cast<QLineEdit&>(on(desk.engine().master.fadeName));
+  name.setFocus();
+  QTest::keyClick(&name, Qt::Key_Left);
+  QTest::keyClick(&name, Qt::Key_1);
+  QTest::keyClick(&name, Qt::Key_Right, Qt::ControlModifier);
+  EXPECT_EQ(fader.value(), 2);
+  EXPECT_EQ(list.current(), 2);
+  EXPECT_TRUE(name.text().contains('1'));
+}
+
+TEST_F(DeskView, SpaceIsGoButPressesAButtonThatWasReachedByTab) {
+  openTool();
+  gate.run([this] { desk.command("cueRecord"); });
+  QWidget& cut = on(tool.fadeB);
+  press(tool.fadeB);
+  QTest::keyClick(&cut, Qt::Key_Space);
+  EXPECT_EQ(desk.cues.run.cues.on(), 0) << "a button that was clicked is done with";
+  press(tool.fadeA);
+  on(tool.fadeA).setFocus(Qt::TabFocusReason);
+  cut.setFocus(Qt::TabFocusReason);
+  QTest::keyClick(&cut, Qt::Key_Space);
+  EXPECT_EQ(desk.engine().master.faderM.value(), 100);
+}
+
+TEST_F(DeskView, TheWindowOfTheKeysTakesTheKeyThatIsPressedNext) {
+  QTest::keyClick(&window(), Qt::Key_F1);
+  KeysForm& keys = desk.keys.form;
+  qt::FormWindow& shown = view.window(keys);
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&shown));
+  const auto give = [&](const std::string& command, int key, Qt::KeyboardModifiers held) {
+    for (int row = 0; row < keys.list.count(); ++row)
+      if (keys.list.cell(row, 0) == command) gate.run([&] { keys.list.click(row, 0); });
+    press(keys.change);
+    QTest::keyClick(&shown, static_cast<Qt::Key>(key), held);
+  };
+  give("Blackout", Qt::Key_F10, Qt::ShiftModifier);
+  EXPECT_EQ(desk.form.blackout.key(), "F10") << "taken";
+  EXPECT_TRUE(keys.onAnyKey);
+  QTest::keyClick(&shown, Qt::Key_Escape);
+  EXPECT_TRUE(keys.visible()) << "Escape ended the waiting alone";
+  give("Blackout", Qt::Key_B, Qt::ControlModifier);
+  EXPECT_EQ(desk.form.blackout.key(), "Ctrl+B");
+  QTest::keyClick(&shown, Qt::Key_B, Qt::ControlModifier);
+  EXPECT_TRUE(desk.levels().blackout || desk.form.blackout.lit());
 }
 
 TEST_F(DeskView, BlackoutIsLitWhileItIsOn) {

@@ -44,6 +44,7 @@ DeskPlaces placesOf(const Options& options) {
       QDir(folder(QStandardPaths::AppConfigLocation)).filePath("recent-shows").toStdString();
   places.choices =
       QDir(folder(QStandardPaths::AppConfigLocation)).filePath("choices").toStdString();
+  places.keys = QDir(folder(QStandardPaths::AppConfigLocation)).filePath("keys.json").toStdString();
   if (options.outputs.empty())
     places.outputs =
         QDir(folder(QStandardPaths::AppConfigLocation)).filePath("outputs").toStdString();

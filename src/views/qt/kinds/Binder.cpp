@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "platform/KeyNames.h"
 #include "platform/Keys.h"
 
 namespace korvane::qt {
@@ -41,6 +42,16 @@ int keyCode(int key) {
     default:
       return 0;
   }
+}
+
+// A sign that needs Shift on this keyboard is named by itself; so is a key of the number block.
+std::string keyName(const QKeyEvent& event) {
+  Qt::KeyboardModifiers held = event.modifiers() & ~Qt::KeypadModifier;
+  const bool sign =
+      event.key() > Qt::Key_Space && event.key() < 0x80 && !QChar(event.key()).isLetterOrNumber();
+  if (sign) held &= ~Qt::ShiftModifier;
+  const QKeySequence keys(QKeyCombination(held, static_cast<Qt::Key>(event.key())));
+  return keyNamed(keys.toString(QKeySequence::PortableText).toStdString()).value_or("");
 }
 
 }  // namespace korvane::qt

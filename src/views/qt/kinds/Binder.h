@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QKeyEvent>
 #include <QWidget>
 #include <functional>
 
@@ -43,6 +44,10 @@ void act(const Seat& seat, Control& control, const std::function<void()>& event)
 
 /// The code by which the model knows a key; 0 for a key that means nothing to it.
 int keyCode(int key);
+
+/// The name by which the model knows a key with what is held, as in "Ctrl+Left"; empty for one that
+/// has none.
+std::string keyName(const QKeyEvent& event);
 
 /// The text of the model in the toolkit's encoding.
 inline QString text(const std::string& utf8) { return QString::fromStdString(utf8); }

@@ -14,6 +14,7 @@ namespace {
 constexpr QSize kSize{220, 160};
 constexpr int kColumnWidth = 190;  // of one among several
 constexpr QSize kLeastSize{140, 96};
+constexpr auto kHeld = Qt::ControlModifier | Qt::AltModifier;
 
 class RowList : public QTreeView {
  public:
@@ -25,7 +26,6 @@ class RowList : public QTreeView {
   QSize minimumSizeHint() const override { return kLeastSize; }
 
  protected:
-  bool event(QEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent*) override {}  // dragging marks no rows
@@ -39,6 +39,7 @@ class RowList : public QTreeView {
   void showCurrentRow();
   void showCenteredRow();
   void showEditor();
+  void perform(const ListView::Action& action);
 
   ListView& list_;
   Seat seat_;
@@ -143,20 +144,23 @@ void RowList::mouseDoubleClickEvent(QMouseEvent* event) {
   act(seat_, list_, [this, row = index.row()] { list_.doubleClick(row); });
 }
 
-// F2 edits a cell of the list that has the focus, whatever else it means in the program.
-bool RowList::event(QEvent* event) {
-  const bool edits = event->type() == QEvent::ShortcutOverride && list_.editable() &&
-                     static_cast<QKeyEvent*>(event)->key() == Qt::Key_F2;
-  if (edits) event->accept();
-  return edits || QTreeView::event(event);
-}
-
 void RowList::keyPressEvent(QKeyEvent* event) {
   if (editorOpen_) return;  // keys that the editor leaves over
   const int key = keyCode(event->key());
   if (ListView::takesKey(key)) return act(seat_, list_, [this, key] { list_.key(key); });
+  const std::string name = keyName(*event);
+  if (const ListView::Action* action = list_.actionOf(name)) return perform(*action);
+  if (!event->text().isEmpty() && event->text().at(0).isPrint() && !(event->modifiers() & kHeld))
+    return act(seat_, list_, [this, event] {
+      list_.typed(event->text().toStdString(), static_cast<std::int64_t>(event->timestamp()));
+    });
   QTreeView::keyPressEvent(event);
   act(seat_, list_, [this, reached = currentIndex().row()] { list_.reach(reached); });
+}
+
+void RowList::perform(const ListView::Action& action) {
+  const int row = list_.current();
+  if (row >= 0) act(seat_, list_, [this, &action, row] { action.run(list_.rowsFor(row)); });
 }
 
 }  // namespace

@@ -25,7 +25,10 @@ QString captionOf(const MenuItem& item) { return text(item.look().caption).repla
 
 void showAction(const MenuItem& item, QAction& action) {
   action.setText(captionOf(item));
-  action.setToolTip(text(item.look().toolTip));
+  const QString tip = text(item.look().toolTip);
+  action.setToolTip(item.key().empty() ? tip : QString("%1 (%2)").arg(tip, text(item.key())));
+  action.setShortcut(QKeySequence(text(item.key())));
+  action.setAutoRepeat(item.repeats);
   action.setEnabled(item.look().enabled);
   action.setVisible(item.look().visible);
   action.setCheckable(item.lit());
@@ -40,7 +43,6 @@ QWidget* makeWidget(MenuItem& item, const Seat& seat) {
   auto* widget = new MenuItemButton(seat.parent);
   clickOnEnter(*widget);
   auto* action = new QAction(widget);
-  action->setShortcut(QKeySequence(text(item.key())));
   action->setShortcutContext(Qt::ApplicationShortcut);
   widget->addAction(action);
   const auto click = [&item, seat] { act(seat, item, [&item] { item.click(); }); };
@@ -49,9 +51,8 @@ QWidget* makeWidget(MenuItem& item, const Seat& seat) {
   keepShown(item, *widget, [&item, widget, action] {
     widget->setText(captionOf(item));
     widget->setChecked(item.lit());
-    if (!item.key().empty())
-      widget->setToolTip(QString("%1 (%2)").arg(text(item.look().toolTip), text(item.key())));
     showAction(item, *action);
+    widget->setToolTip(action->toolTip());
   });
   return widget;
 }

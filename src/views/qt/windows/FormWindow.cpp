@@ -1,12 +1,17 @@
 #include "views/qt/windows/FormWindow.h"
 
+#include <QApplication>
 #include <QCloseEvent>
+#include <QFocusEvent>
 #include <QKeyEvent>
 #include <QMenu>
 #include <QScreen>
 #include <QTimer>
 #include <QVBoxLayout>
+#include <QWindow>
+#include <algorithm>
 
+#include "platform/KeyNames.h"
 #include "views/qt/windows/FittingArea.h"
 #include "views/qt/windows/LayoutBuilder.h"
 
@@ -25,6 +30,7 @@ FormWindow::FormWindow(Form& form, Desktop& desktop, EventGate& gate, FormWindow
       declaredWidth_(form.width()) {
   setObjectName(text(form.name()));
   form.surface != nullptr ? makeSurface() : makeControls();
+  watchFocus();
   form.onShown = [this] { refresh(); };
   refresh();
   resize(sizeHint().boundedTo(roomOn(*screen())));
@@ -93,6 +99,7 @@ void FormWindow::activate() {
 
 void FormWindow::refresh() {
   setWindowTitle(text(form_.caption()));
+  takeAllKeys(form_.onAnyKey != nullptr);
   const bool fullScreen = !form_.framed;
   if (isVisible() &&
       (isFullScreen() != fullScreen || isMaximized() != (form_.framed && form_.maximized)))
@@ -114,7 +121,59 @@ void FormWindow::followSize() {
   });
 }
 
+void FormWindow::watchFocus() {
+  for (const auto& [control, widget] : widgets_) {
+    widget->installEventFilter(this);
+    for (QWidget* inner : widget->findChildren<QWidget*>()) inner->installEventFilter(this);
+  }
+}
+
+const Control* FormWindow::focusedControl() const {
+  for (QWidget* at = focusWidget(); at != nullptr && at != this; at = at->parentWidget()) {
+    const auto found = std::find_if(widgets_.begin(), widgets_.end(),
+                                    [at](const auto& entry) { return entry.second == at; });
+    if (found != widgets_.end()) return found->first;
+  }
+  return nullptr;
+}
+
+bool FormWindow::focusWants(const QKeyEvent& event) const {
+  const Control* control = focusedControl();
+  return control != nullptr && wantsKey(*control, keyName(event), clicked_);
+}
+
+void FormWindow::takeAllKeys(bool all) {
+  if (all == allKeys_) return;
+  allKeys_ = all;
+  all ? qApp->installEventFilter(this) : qApp->removeEventFilter(this);
+}
+
+bool FormWindow::isOurs(const QObject& object) const {
+  if (object.isWindowType()) return &object == windowHandle();
+  return object.isWidgetType() && static_cast<const QWidget&>(object).window() == this;
+}
+
+bool FormWindow::eventFilter(QObject* object, QEvent* event) {
+  if (event->type() == QEvent::FocusIn) {
+    const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
+    if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason)
+      clicked_ = reason == Qt::MouseFocusReason;
+  }
+  const bool key = event->type() == QEvent::ShortcutOverride || event->type() == QEvent::KeyPress;
+  if (!allKeys_ || !key || !isOurs(*object)) return QWidget::eventFilter(object, event);
+  event->accept();
+  const std::string name = keyName(*static_cast<QKeyEvent*>(event));
+  if (event->type() == QEvent::KeyPress && !name.empty())
+    seat_.gate.run([this, &name] { form_.anyKey(name); });
+  return true;
+}
+
+// A key goes to the control that has the focus before it is a command, if that control wants it.
 bool FormWindow::event(QEvent* event) {
+  if (event->type() == QEvent::ShortcutOverride && focusWants(*static_cast<QKeyEvent*>(event))) {
+    event->accept();
+    return true;
+  }
   if (event->type() == QEvent::WindowActivate && desktop_.active() != &form_.front()) {
     seat_.gate.run([this] { desktop_.activate(form_.front()); });
   }

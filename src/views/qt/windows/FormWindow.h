@@ -25,6 +25,7 @@ class FormWindow : public QWidget {
 
  protected:
   bool event(QEvent* event) override;
+  bool eventFilter(QObject* object, QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
@@ -35,11 +36,18 @@ class FormWindow : public QWidget {
   QMenuBar* makeMenus();
   void refresh();
   void followSize();
+  void watchFocus();
+  const Control* focusedControl() const;
+  bool focusWants(const QKeyEvent& event) const;
+  void takeAllKeys(bool all);
+  bool isOurs(const QObject& object) const;
 
   Form& form_;
   Desktop& desktop_;
   Seat seat_;
   std::map<const Control*, QWidget*> widgets_;
+  bool clicked_ = false;  // the focus came by the mouse
+  bool allKeys_ = false;  // are the window's
   int declaredWidth_ = 0;
   std::map<int, QSize> sizes_;  // that the window had, by its declared width
 };
