@@ -394,7 +394,8 @@ std::string Desk::darkLamps() {
 
 std::string Desk::whatIsWrong() {
   std::string text = kept_.fault();
-  for (const std::string& one : {files.fault(), keys.bindings.fault(), setup.fault(), darkLamps()}) {
+  for (const std::string& one :
+       {files.fault(), keys.bindings.fault(), setup.fault(), darkLamps()}) {
     if (!one.empty()) text += (text.empty() ? "" : " ") + one;
   }
   return text;
