@@ -290,5 +290,35 @@ TEST(ListViewRows, AreExchangedWholeWhileTheMarkStays) {
   EXPECT_EQ(list.current(), 1);
 }
 
+TEST(ListRows, LettersTypedCloselyAreOneWordAndAfterAPauseAnother) {
+  ListView list("list");
+  for (const char* name : {"Amber", "Embers", "Eclipse"}) list.add(name);
+  list.typed("e", 5000);
+  EXPECT_EQ(list.current(), 1);
+  list.typed("c", 5900);
+  EXPECT_EQ(list.current(), 2);
+  list.typed("A", 6901);
+  EXPECT_EQ(list.current(), 0);
+  list.typed("q", 6950);
+  EXPECT_EQ(list.current(), 0) << "none begins so";
+}
+
+TEST(ListRows, GatheredRowsAreThoseOfAnActionUntilTheListChanges) {
+  ListView list("list");
+  for (const char* name : {"a", "b", "c", "d"}) list.add(name);
+  list.clickGathering(2, 0);
+  EXPECT_EQ(list.current(), 2) << "without an action it is a click";
+  list.actions = {{"Remove", "Del", nullptr}};
+  list.clickRange(0, 0);
+  EXPECT_EQ(list.gathered(), (std::vector<int>{0, 1, 2}));
+  EXPECT_EQ(list.rowsFor(1), (std::vector<int>{0, 1, 2}));
+  EXPECT_EQ(list.rowsFor(3), (std::vector<int>{3}));
+  EXPECT_EQ(list.current(), 2);
+  list.remove(3);
+  EXPECT_TRUE(list.gathered().empty());
+  EXPECT_EQ(list.actionOf("Del"), &list.actions.front());
+  EXPECT_EQ(list.actionOf("Ins"), nullptr);
+}
+
 }  // namespace
 }  // namespace korvane

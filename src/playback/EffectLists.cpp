@@ -87,8 +87,7 @@ void copyMem_Click(Engine& engine, Deck& deck) {
   if (deck.isB()) editedFlag(deck) = true;
 }
 
-void pasteMem_Click(Engine& engine, Deck& deck) {
-  stopDeck(deck);
+void pasteRecord(Engine& engine, Deck& deck) {
   Effect& effect = deck.effect();
   effect.name = engine.v.efxClipboard.name;
   effect.type = engine.v.efxClipboard.type;
@@ -99,6 +98,11 @@ void pasteMem_Click(Engine& engine, Deck& deck) {
   if (effect.type == kPaint)
     effect.paintPixels.resizeKeeping(engine.v.matrixCols, engine.v.matrixRows);
   editedFlag(deck) = true;
+}
+
+void pasteMem_Click(Engine& engine, Deck& deck) {
+  stopDeck(deck);
+  pasteRecord(engine, deck);
   efxList_Click(engine, deck);
 }
 

@@ -19,6 +19,8 @@ void clear_Click(Engine& engine, Deck& deck);
 /// Copies the selected record to `efxClipboard`, or `efxClipboard` into the selected record.
 void copyMem_Click(Engine& engine, Deck& deck);
 void pasteMem_Click(Engine& engine, Deck& deck);
+/// What a paste writes: `efxClipboard` into the record and the row of the slot `sel`.
+void pasteRecord(Engine& engine, Deck& deck);
 /// A person chose a type, perhaps the one that the effect has: it has content to save from now on.
 void type_Chosen(Deck& deck);
 /// The type list got another entry.

@@ -42,6 +42,7 @@ Desk::Desk(Platform& machine, LampFeed& feed, const DeskPlaces& places)
       history(session.plugin),
       cues(session.plugin, form),
       keys(session.plugin, form, places.keys, machine.disk()),
+      effectRows(session),
       feed_(feed),
       kept_(places.outputs, machine.disk()),
       refresh_(engine().timers, "timerDesk"),
@@ -271,6 +272,7 @@ void Desk::settle() {
 void Desk::refresh() {
   cues.refresh();
   keys.refresh();
+  effectRows.refresh();
   settle();
   followShow();
   files.noteEvent(engine().timers.now());

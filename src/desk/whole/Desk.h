@@ -14,6 +14,7 @@
 #include "desk/whole/DeskCues.h"
 #include "desk/whole/DeskFiles.h"
 #include "desk/whole/DeskKeys.h"
+#include "desk/whole/EffectRows.h"
 #include "desk/windows/ChannelMonitor.h"
 #include "desk/windows/DeskForm.h"
 #include "desk/windows/DeskHelp.h"
@@ -72,6 +73,7 @@ class Desk {
   ShowHistory history;
   DeskCues cues;
   DeskKeys keys;
+  EffectRows effectRows;
 
   std::function<void()> onQuit;  ///< the desk was closed
 

@@ -96,7 +96,7 @@ CuesForm::CuesForm(Engine& engine, ShowRun& run)
              &tempoGroup, &bpm, &tap, &go, &back, &pause, &stop, &jump, &next});
   unit.setItems({"seconds", "beats"});
   list.setColumns({{.title = "", .width = 0.09, .colored = true},
-                   {.title = "Cue", .width = 0.23},
+                   {.title = "Cue", .width = 0.23, .editable = true},
                    {.title = "Left", .width = 0.17},
                    {.title = "Right", .width = 0.17},
                    {.title = "Fader", .width = 0.2},
@@ -104,6 +104,7 @@ CuesForm::CuesForm(Engine& engine, ShowRun& run)
   declareLayout();
   bindCommands();
   bindEditing();
+  bindRows();
   bindOptions();
   bindAutomatic();
   onActivate = [this] { refresh(); };

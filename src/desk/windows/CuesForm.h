@@ -42,9 +42,16 @@ class CuesForm : public Form {
   Button tap;
 
  private:
+  static constexpr int kNameColumn = 1;
+
   void declareLayout();
   void bindCommands();
   void bindEditing();
+  void bindRows();
+  void removeCues(std::vector<int> rows);
+  void copyCues(const std::vector<int>& rows, int before);
+  void moveCues(const std::vector<int>& rows, int before);
+  void moveCue(int from, int to);
   void bindOptions();
   void bindAutomatic();
   bool selectedCue(int& cue) const;
@@ -62,6 +69,7 @@ class CuesForm : public Form {
   Engine& engine_;
   ShowRun& run_;
   bool filling_ = false;
+  std::string typedName_;
   int shownOn_ = -2, shownNext_ = -2;
 };
 

@@ -28,8 +28,8 @@ KeysForm::KeysForm(Desktop& desktop, KeyBindings& bindings)
   list.setColumns({{.title = "Command", .width = 0.25},
                    {.title = "What it does", .width = 0.53},
                    {.title = "Key", .width = 0.22}});
-  setLayout(column({Layout(list, 1), row({state, space()}),
-                    row({change, none, reset, resetAll, space(), help, OK})}));
+  const Layout buttons = column({change, none, reset, resetAll, space(), help, OK});
+  setLayout(column({row({Layout(list, 1), buttons}, 1), row({state, space()})}));
   change.onClick = [this] { waitForKey(); };
   list.onDoubleClick = [this](int) { waitForKey(); };
   list.onClick = [this](int, int) { stopWaiting(); };

@@ -39,8 +39,11 @@ QSize CellDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelInd
   return {plain.width(), option.fontMetrics.height() + kRowPadding};
 }
 
-void CellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
+void CellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& given,
                          const QModelIndex& index) const {
+  QStyleOptionViewItem option = given;
+  if (!list_.gathered().empty())
+    option.state.setFlag(QStyle::State_Selected, list_.isGathered(index.row()));
   const QColor ground = groundOf(option);
   const bool colored = list_.columns()[static_cast<std::size_t>(index.column())].colored;
   const QColor ink = colored ? toQColor(list_.row(index.row()).color) : inkOf(option);
@@ -62,9 +65,10 @@ void CellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
   painter->restore();
 }
 
-// A list that changes under an open editor leaves alone what has been typed.
+// A list that changes under an open editor leaves alone what has been typed, and what is selected.
 void CellDelegate::setEditorData(QWidget* editor, const QModelIndex& index) const {
-  if (!static_cast<QLineEdit*>(editor)->isModified())
+  const auto& line = *static_cast<QLineEdit*>(editor);
+  if (!line.isModified() && line.text() != index.data(Qt::EditRole).toString())
     QStyledItemDelegate::setEditorData(editor, index);
 }
 

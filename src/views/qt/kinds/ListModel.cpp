@@ -23,7 +23,8 @@ int ListModel::columnCount(const QModelIndex& parent) const {
 QVariant ListModel::data(const QModelIndex& index, int role) const {
   if (!index.isValid() || index.row() >= list_.count()) return {};
   if (role != Qt::DisplayRole && role != Qt::EditRole) return {};
-  return QString::fromStdString(list_.cell(index.row(), index.column()));
+  return QString::fromStdString(role == Qt::EditRole ? list_.textToEdit(index.row(), index.column())
+                                                     : list_.cell(index.row(), index.column()));
 }
 
 QVariant ListModel::headerData(int section, Qt::Orientation orientation, int role) const {

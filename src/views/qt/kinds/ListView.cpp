@@ -1,8 +1,16 @@
+#include <QApplication>
+#include <QContextMenuEvent>
+#include <QDrag>
+#include <QDropEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QMenu>
+#include <QMimeData>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QTreeView>
 #include <algorithm>
+#include <utility>
 
 #include "views/qt/kinds/Binder.h"
 #include "views/qt/kinds/CellDelegate.h"
@@ -14,6 +22,8 @@ namespace {
 constexpr QSize kSize{220, 160};
 constexpr int kColumnWidth = 190;  // of one among several
 constexpr QSize kLeastSize{140, 96};
+constexpr int kDropLine = 3;  // height of the line where rows would be dropped
+constexpr const char* kRows = "application/x-korvane-rows";
 constexpr auto kHeld = Qt::ControlModifier | Qt::AltModifier;
 
 class RowList : public QTreeView {
@@ -28,8 +38,14 @@ class RowList : public QTreeView {
  protected:
   void resizeEvent(QResizeEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
-  void mouseMoveEvent(QMouseEvent*) override {}  // dragging marks no rows
-  void mouseReleaseEvent(QMouseEvent*) override {}
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
+  void dragEnterEvent(QDragEnterEvent* event) override { dragMoveEvent(event); }
+  void dragMoveEvent(QDragMoveEvent* event) override;
+  void dragLeaveEvent(QDragLeaveEvent*) override { showDrop(-1); }
+  void dropEvent(QDropEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
@@ -39,13 +55,21 @@ class RowList : public QTreeView {
   void showCurrentRow();
   void showCenteredRow();
   void showEditor();
-  void perform(const ListView::Action& action);
+  void perform(const ListView::Action& action, int row);
+  void click(const QModelIndex& index, Qt::KeyboardModifiers held);
+  RowList* sourceOf(const QDropEvent& event) const;
+  int rowBelow(const QPoint& at) const;
+  void showDrop(int before);
 
   ListView& list_;
   Seat seat_;
   ListModel model_;
   int centered_ = -1;  // as it was brought to the middle last
   bool editorOpen_ = false;
+  QPersistentModelIndex pressed_;  // where rows can be dragged
+  QPoint pressedAt_;
+  std::vector<int> dragged_;
+  int dropBefore_ = -1;
 };
 
 RowList::RowList(ListView& list, const Seat& seat)
@@ -57,6 +81,7 @@ RowList::RowList(ListView& list, const Seat& seat)
   setEditTriggers(NoEditTriggers);
   setSelectionMode(SingleSelection);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  setAcceptDrops(true);
   header()->setSectionsClickable(false);
   header()->setSectionsMovable(false);
   header()->setStretchLastSection(true);
@@ -132,10 +157,106 @@ void RowList::resizeEvent(QResizeEvent* event) {
   showCenteredRow();
 }
 
+void RowList::click(const QModelIndex& index, Qt::KeyboardModifiers held) {
+  act(seat_, list_, [this, row = index.row(), col = index.column(), held] {
+    if (held & Qt::ControlModifier) return list_.clickGathering(row, col);
+    if (held & Qt::ShiftModifier) return list_.clickRange(row, col);
+    list_.click(row, col);
+  });
+}
+
+// A row that may be dragged is clicked when the button is let go: it must not play on its way.
 void RowList::mousePressEvent(QMouseEvent* event) {
   const QModelIndex index = indexAt(event->pos());
   if (event->button() != Qt::LeftButton || !index.isValid()) return;
-  act(seat_, list_, [&] { list_.click(index.row(), index.column()); });
+  if (list_.takesRowsOf == nullptr) return click(index, event->modifiers());
+  pressed_ = index;
+  pressedAt_ = event->pos();
+}
+
+void RowList::mouseReleaseEvent(QMouseEvent* event) {
+  const QModelIndex index = std::exchange(pressed_, QPersistentModelIndex());
+  if (index.isValid()) click(index, event->modifiers());
+}
+
+// Dragging takes the gathered rows, or the one that was pressed.
+void RowList::mouseMoveEvent(QMouseEvent* event) {
+  const bool far =
+      (event->pos() - pressedAt_).manhattanLength() >= QApplication::startDragDistance();
+  if (!pressed_.isValid() || !far) return;
+  dragged_ = list_.rowsFor(pressed_.row());
+  auto* drag = new QDrag(this);
+  auto* carried = new QMimeData;
+  carried->setData(kRows, {});
+  drag->setMimeData(carried);
+  drag->setPixmap(viewport()->grab(visualRect(pressed_)));
+  pressed_ = QPersistentModelIndex();
+  drag->exec(Qt::MoveAction | Qt::CopyAction, Qt::MoveAction);
+}
+
+RowList* RowList::sourceOf(const QDropEvent& event) const {
+  auto* from = dynamic_cast<RowList*>(event.source());
+  const bool taken = from != nullptr && event.mimeData()->hasFormat(kRows) && list_.takesRowsOf &&
+                     list_.takesRowsOf(from->list_);
+  return taken ? from : nullptr;
+}
+
+// The row before whose upper edge, or behind whose middle, rows are let go.
+int RowList::rowBelow(const QPoint& at) const {
+  const QModelIndex index = indexAt(at);
+  if (!index.isValid()) return list_.count();
+  return index.row() + (at.y() > visualRect(index).center().y() ? 1 : 0);
+}
+
+void RowList::showDrop(int before) {
+  dropBefore_ = before;
+  viewport()->update();
+}
+
+void RowList::dragMoveEvent(QDragMoveEvent* event) {
+  if (sourceOf(*event) == nullptr) return event->ignore();
+  showDrop(rowBelow(event->position().toPoint()));
+  const bool copies = event->modifiers() & Qt::ControlModifier;
+  event->setDropAction(copies ? Qt::CopyAction : Qt::MoveAction);
+  event->accept();
+}
+
+void RowList::dropEvent(QDropEvent* event) {
+  RowList* from = sourceOf(*event);
+  if (from == nullptr) return event->ignore();
+  const int before = rowBelow(event->position().toPoint());
+  const bool copies = event->modifiers() & Qt::ControlModifier;
+  showDrop(-1);
+  event->setDropAction(copies ? Qt::CopyAction : Qt::MoveAction);
+  event->accept();
+  act(seat_, list_, [&] {
+    if (list_.onDrop) list_.onDrop({from->list_, from->dragged_, before, copies});
+  });
+}
+
+// With the line before which the rows would come to stand.
+void RowList::paintEvent(QPaintEvent* event) {
+  QTreeView::paintEvent(event);
+  if (dropBefore_ < 0) return;
+  const bool last = dropBefore_ >= list_.count();
+  const QRect row = visualRect(model_.index(last ? list_.count() - 1 : dropBefore_, 0));
+  const int y = list_.count() == 0 ? 0 : last ? row.bottom() : row.top();
+  QPainter painter(viewport());
+  painter.fillRect(0, std::max(y - 1, 0), viewport()->width(), kDropLine,
+                   palette().color(QPalette::Highlight).lighter());
+}
+
+void RowList::contextMenuEvent(QContextMenuEvent* event) {
+  const bool byKey = event->reason() == QContextMenuEvent::Keyboard;
+  const int row = byKey ? list_.current() : indexAt(event->pos()).row();
+  if (row < 0 || list_.actions.empty()) return;
+  QMenu menu(this);
+  for (const ListView::Action& action : list_.actions) {
+    const QString key = action.key.empty() ? "" : "\t" + text(action.key);
+    menu.addAction(text(action.caption) + key, [this, &action, row] { perform(action, row); });
+  }
+  const QRect place = visualRect(model_.index(row, 0));
+  menu.exec(byKey ? viewport()->mapToGlobal(place.bottomLeft()) : event->globalPos());
 }
 
 void RowList::mouseDoubleClickEvent(QMouseEvent* event) {
@@ -149,7 +270,8 @@ void RowList::keyPressEvent(QKeyEvent* event) {
   const int key = keyCode(event->key());
   if (ListView::takesKey(key)) return act(seat_, list_, [this, key] { list_.key(key); });
   const std::string name = keyName(*event);
-  if (const ListView::Action* action = list_.actionOf(name)) return perform(*action);
+  if (const ListView::Action* action = list_.actionOf(name))
+    return perform(*action, list_.gathered().empty() ? list_.current() : list_.gathered().front());
   if (!event->text().isEmpty() && event->text().at(0).isPrint() && !(event->modifiers() & kHeld))
     return act(seat_, list_, [this, event] {
       list_.typed(event->text().toStdString(), static_cast<std::int64_t>(event->timestamp()));
@@ -158,9 +280,9 @@ void RowList::keyPressEvent(QKeyEvent* event) {
   act(seat_, list_, [this, reached = currentIndex().row()] { list_.reach(reached); });
 }
 
-void RowList::perform(const ListView::Action& action) {
-  const int row = list_.current();
-  if (row >= 0) act(seat_, list_, [this, &action, row] { action.run(list_.rowsFor(row)); });
+void RowList::perform(const ListView::Action& action, int row) {
+  if (row < 0) return;
+  act(seat_, list_, [this, &action, row] { action.run(list_.rowsFor(row)); });
 }
 
 }  // namespace

@@ -46,6 +46,52 @@ TEST_F(ListViews, ADoubleClickIsOneClickAndOneDoubleClick) {
   EXPECT_EQ(doubleClicks, (std::vector<int>{2}));
 }
 
+TEST_F(ListViews, ControlAndShiftGatherRowsForAnActionWithoutAClick) {
+  std::vector<int> removed;
+  list.actions = {{"Remove", "Del", [&removed](const auto& rows) { removed = rows; }}};
+  QTest::mouseClick(tree().viewport(), Qt::LeftButton, Qt::ControlModifier, at(2, 0));
+  EXPECT_EQ(list.gathered(), (std::vector<int>{0, 2})) << "with the current row";
+  QTest::mouseClick(tree().viewport(), Qt::LeftButton, Qt::ControlModifier, at(0, 0));
+  EXPECT_EQ(list.gathered(), (std::vector<int>{2}));
+  EXPECT_TRUE(clicks.empty());
+  QTest::keyClick(&tree(), Qt::Key_Delete);
+  EXPECT_EQ(removed, (std::vector<int>{2}));
+  QTest::mouseClick(tree().viewport(), Qt::LeftButton, Qt::ShiftModifier, at(1, 0));
+  EXPECT_EQ(list.gathered(), (std::vector<int>{0, 1}));
+  click(2, 0);
+  EXPECT_TRUE(list.gathered().empty());
+  QTest::keyClick(&tree(), Qt::Key_Delete);
+  EXPECT_EQ(removed, (std::vector<int>{2}));
+}
+
+TEST_F(ListViews, LettersGoToTheFirstRowWhoseNameBeginsSo) {
+  const char* kNames[] = {"Amber", "Embers", "Eclipse"};
+  for (int row = 0; row < 3; ++row) list.setCell(row, 0, kNames[row]);
+  QTest::keyClick(&tree(), Qt::Key_E);
+  EXPECT_EQ(list.current(), 1);
+  QTest::keyClick(&tree(), Qt::Key_C);
+  EXPECT_EQ(list.current(), 2);
+  QTest::keyClick(&tree(), Qt::Key_X);
+  EXPECT_EQ(list.current(), 2);
+  EXPECT_EQ(clicks.size(), 2U);
+}
+
+TEST_F(ListViews, ARowThatCanBeDraggedIsClickedWhenTheButtonIsLetGo) {
+  list.takesRowsOf = [](const ListView&) { return true; };
+  QTest::mousePress(tree().viewport(), Qt::LeftButton, {}, at(1, 0));
+  EXPECT_TRUE(clicks.empty());
+  QTest::mouseRelease(tree().viewport(), Qt::LeftButton, {}, at(1, 0));
+  EXPECT_EQ(clicks.size(), 1U);
+}
+
+TEST_F(ListViews, AnEditorOpensWithItsTextSelected) {
+  list.onName = [](int) { return "name alone"; };
+  tree().setFocus();
+  QTest::keyClick(&tree(), Qt::Key_F2);
+  ASSERT_NE(editor(), nullptr);
+  EXPECT_EQ(editor()->selectedText().toStdString(), "name alone");
+}
+
 TEST_F(ListViews, TheRightButtonAndTheEmptyPlaceDoNothing) {
   QTest::mouseClick(tree().viewport(), Qt::RightButton, {}, at(1, 0));
   QTest::mouseClick(tree().viewport(), Qt::LeftButton, {}, {10, tree().viewport()->height() - 2});
