@@ -156,6 +156,7 @@ std::vector<int> ListView::rowsFor(int row) const {
 }
 
 const ListView::Action* ListView::actionOf(const std::string& key) const {
+  if (key.empty()) return nullptr;  // Control alone has no name, and not every action has a key
   const auto found = std::find_if(actions.begin(), actions.end(),
                                   [&key](const Action& action) { return action.key == key; });
   return found == actions.end() ? nullptr : &*found;

@@ -318,6 +318,8 @@ TEST(ListRows, GatheredRowsAreThoseOfAnActionUntilTheListChanges) {
   EXPECT_TRUE(list.gathered().empty());
   EXPECT_EQ(list.actionOf("Del"), &list.actions.front());
   EXPECT_EQ(list.actionOf("Ins"), nullptr);
+  list.actions.push_back({"Edit", "", nullptr});
+  EXPECT_EQ(list.actionOf(""), nullptr) << "Control alone";
 }
 
 }  // namespace

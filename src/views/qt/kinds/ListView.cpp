@@ -259,7 +259,10 @@ void RowList::contextMenuEvent(QContextMenuEvent* event) {
   menu.exec(byKey ? viewport()->mapToGlobal(place.bottomLeft()) : event->globalPos());
 }
 
+// Two rows may be gathered as quickly as one is clicked twice.
 void RowList::mouseDoubleClickEvent(QMouseEvent* event) {
+  const bool gathers = event->modifiers() & (Qt::ControlModifier | Qt::ShiftModifier);
+  if (gathers && !list_.actions.empty()) return mousePressEvent(event);
   const QModelIndex index = indexAt(event->pos());
   if (event->button() != Qt::LeftButton || !index.isValid()) return;
   act(seat_, list_, [this, row = index.row()] { list_.doubleClick(row); });
