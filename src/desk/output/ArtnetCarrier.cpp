@@ -25,13 +25,12 @@ std::vector<Endpoint> ArtnetCarrier::placesOf(int universe) const {
 }
 
 void ArtnetCarrier::write(const OutputPicture& picture, bool, std::vector<Datagram>& out) {
-  sequence_ = sequence_ == 255 ? 1 : static_cast<std::uint8_t>(sequence_ + 1);  // 0: not used
   PacketHead head;
-  head.sequence = sequence_;
   for (std::size_t i = 0; i < config_.routes.size(); ++i) {
     head.universe = config_.routes[i].universe;
     const std::vector<Endpoint> places = placesOf(head.universe);
     if (places.empty()) continue;
+    head.sequence = sequences_.nextArtnet(head.universe);
     const std::vector<std::uint8_t> packet = artnetPacket(head, picture.universes[i]);
     for (const Endpoint& place : places) out.push_back({place, packet});
   }

@@ -10,7 +10,8 @@ namespace korvane {
 /// Art-Net 4: by broadcast, to one address, or to the nodes that answer a poll.
 class ArtnetCarrier : public UdpCarrier {
  public:
-  using UdpCarrier::UdpCarrier;
+  ArtnetCarrier(const OutputConfig& config, const SenderIdentity& identity, Network& network)
+      : UdpCarrier(config, network), sequences_(*identity.sequences) {}
 
   std::string concern() const override;
   std::vector<std::string> receivers() const override;
@@ -34,7 +35,7 @@ class ArtnetCarrier : public UdpCarrier {
   Endpoint broadcast() const { return place(0xffffffff); }
 
   std::map<NodeKey, Node> nodes_;
-  std::uint8_t sequence_ = 0;  ///< one for all port addresses, which count alike
+  SequenceStore& sequences_;
   bool polled_ = false;
 };
 

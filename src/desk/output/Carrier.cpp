@@ -24,7 +24,7 @@ std::unique_ptr<Carrier> makeCarrier(const OutputConfig& config, const SenderIde
     case OutputKind::Sacn:
       return std::make_unique<SacnCarrier>(config, identity, network);
     case OutputKind::Artnet:
-      return std::make_unique<ArtnetCarrier>(config, network);
+      return std::make_unique<ArtnetCarrier>(config, identity, network);
     case OutputKind::Ddp:
       return std::make_unique<DdpCarrier>(config, network);
     case OutputKind::Ola:

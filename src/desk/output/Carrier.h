@@ -31,7 +31,7 @@ OutputPicture blackLike(const OutputPicture& picture);
 /// Who sends: the same for all outputs of a program.
 struct SenderIdentity {
   Uuid component{};
-  SequenceStore* sequences = nullptr;  ///< sACN's numbers.
+  SequenceStore* sequences = nullptr;  ///< The numbers of packets.
 };
 
 /// How an attempt to send went.

@@ -105,6 +105,18 @@ TEST_F(Senders, SacnSequenceNumbersGoOnWhereThisIdentityLeftOff) {
   EXPECT_EQ(network.calls.back().datagrams[0].bytes[111], last + 1);
 }
 
+// Off and on again within seconds: nodes that look at the numbers would leave the lamps as they
+// are.
+TEST_F(Senders, ArtnetSequenceNumbersGoOnWhenAnOutputIsSwitchedOnAgain) {
+  begin("artnet:5@10.0.0.1");
+  runUntil(10s);
+  const int last = network.calls.back().datagrams[0].bytes[12];
+  ASSERT_GT(last, 10);
+  begin("artnet:5@10.0.0.1");
+  runUntil(0ms);
+  EXPECT_EQ(network.calls.back().datagrams[0].bytes[12], last + 1);
+}
+
 TEST_F(Senders, SynchronisedPicturesNameTheUniverseWhosePacketReleasesThem) {
   begin("sacn:1-2,sync=7");
   runUntil(0ms);
