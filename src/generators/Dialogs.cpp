@@ -10,7 +10,7 @@ Dialogs::Dialogs(Engine& engine) : mixer(engine) {
     engine.desktop.add(*byType.back());
   }
   for (const auto& dialog : byType) {
-    for (Form* window : dialog->windows()) engine.desktop.add(*window);
+    for (const DialogWindow& window : dialog->windows()) engine.desktop.add(window.form);
   }
   engine.desktop.add(mixer);
 }

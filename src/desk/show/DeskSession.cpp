@@ -148,7 +148,7 @@ void DeskSession::commitDialog(const Deck& deck) {
       if (dialog->visible()) dialog->OK_Click();  // Paint is committed by its OK alone
     });
     plugin.engine.desktop.hide(*dialog);
-    for (Form* window : dialog->windows()) plugin.engine.desktop.hide(*window);
+    for (const DialogWindow& window : dialog->windows()) plugin.engine.desktop.hide(window.form);
   }
 }
 

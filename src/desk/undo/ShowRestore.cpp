@@ -72,7 +72,7 @@ class OpenDialog {
     for (const auto& dialog : plugin.dialogs.byType) {
       if (dialog->visible()) open_ = dialog.get();
       engine.desktop.hide(*dialog);
-      for (Form* window : dialog->windows()) engine.desktop.hide(*window);
+      for (const DialogWindow& window : dialog->windows()) engine.desktop.hide(window.form);
     }
   }
   void showAgain() {

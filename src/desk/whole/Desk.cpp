@@ -174,9 +174,7 @@ void Desk::bindKeysOfDialogs() {
   };
   for (const auto& dialog : plugin.dialogs.byType) {
     bind(*dialog, dialog->OK);
-    for (Form* window : dialog->windows()) {
-      if (auto* ok = dynamic_cast<Button*>(window->find("OK"))) bind(*window, *ok);
-    }
+    for (const DialogWindow& window : dialog->windows()) bind(window.form, window.ok);
   }
   wiring.onEscape = close(wiring);
   bind(plugin.dialogs.mixer, plugin.dialogs.mixer.Bok);

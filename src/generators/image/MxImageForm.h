@@ -13,7 +13,7 @@ class MxImageForm : public EffectDialog {
   void OK_Click() override;
   /// The list of pictures is committed with it.
   void commit() override;
-  std::vector<Form*> windows() override { return {&imageList}; }
+  std::vector<DialogWindow> windows() override { return {{imageList, imageList.OK}}; }
 
   Button BImage;
   CheckBox PStretch, PTile;

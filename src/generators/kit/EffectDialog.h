@@ -10,6 +10,12 @@
 
 namespace korvane {
 
+/// A window that opens from a dialog alone, and the button that takes what it holds.
+struct DialogWindow {
+  Form& form;
+  Button& ok;
+};
+
 /// What the dialogs of all effects share: a name, an OK button, and the record of the deck that
 /// `editDeck` names. They are not modal and write to the record and the running deck at once, and
 /// so serve as their own preview.
@@ -23,8 +29,7 @@ class EffectDialog : public Form {
   virtual void commit();
   /// The matrix has another size.
   virtual void gridChanged() {}
-  /// The windows that open from this one alone.
-  virtual std::vector<Form*> windows() { return {}; }
+  virtual std::vector<DialogWindow> windows() { return {}; }
 
   TextBox myName;
   Button OK;
