@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <optional>
 
 #include "testing/UdpReceiver.h"
 
@@ -10,14 +11,12 @@ namespace korvane {
 class Receiver {
  public:
   std::string target() const { return "sacn:1" + receiver_.place(); }
-  /// The levels of each sACN packet that has come since the last call.
-  std::vector<std::array<int, 3>> take() {
+  /// The first levels of the next sACN packet; nothing if none comes for 5 s.
+  std::optional<std::array<int, 3>> next() {
     constexpr std::size_t kFirstLevel = 126;  // behind the start code
-    std::vector<std::array<int, 3>> frames;
-    for (auto bytes = receiver_.packet(false); bytes.size() > kFirstLevel + 2;
-         bytes = receiver_.packet(false))
-      frames.push_back({bytes[kFirstLevel], bytes[kFirstLevel + 1], bytes[kFirstLevel + 2]});
-    return frames;
+    const std::vector<std::uint8_t> bytes = receiver_.packet();
+    if (bytes.size() <= kFirstLevel + 2) return std::nullopt;
+    return std::array<int, 3>{bytes[kFirstLevel], bytes[kFirstLevel + 1], bytes[kFirstLevel + 2]};
   }
 
  private:

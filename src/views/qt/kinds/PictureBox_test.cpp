@@ -40,7 +40,10 @@ class PictureBoxes : public ShownForm {
     }
     show({&square, &grown, &fixed});
     view->window(*form).resize(420, 700);
-    QTest::qWait(20);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return followsItsWidget(grown); }, 2000));
+  }
+  bool followsItsWidget(PictureBox& box) {
+    return box.width() == screen(on<>(box).width()) && box.width() > 100;
   }
   double scale() { return on<>(square).devicePixelRatioF(); }
   int screen(int length) { return static_cast<int>(length * scale()); }
@@ -131,14 +134,15 @@ TEST_F(PictureBoxes, DrawTheOverlayOverThePixelsAndTakeItAway) {
 
 TEST_F(PictureBoxes, RepaintOnlyWhatHasChanged) {
   QWidget& widget = on<>(grown);
-  QTest::qWait(50);
+  ASSERT_TRUE(standsOnTheScreen(grown));
+  QCoreApplication::processEvents();  // nothing is left to be painted
   PaintLog log;
   widget.installEventFilter(&log);
   grown.fillRect(20, 10, 29, 19, rgb(9, 9, 9));
-  QTest::qWait(50);
+  ASSERT_TRUE(QTest::qWaitFor([&log] { return log.times > 0; }, 2000));
+  QCoreApplication::processEvents();
   widget.removeEventFilter(&log);
   const QRect cell(0, 0, 100, 100);
-  ASSERT_FALSE(log.painted.isEmpty());
   EXPECT_LE(log.painted.boundingRect().width(), 10 / scale() + 2);
   EXPECT_TRUE(cell.contains(log.painted.boundingRect()));
 }
@@ -182,8 +186,7 @@ TEST_F(PictureBoxes, ShowInAWindowThatWasHiddenWhatChangedMeanwhile) {
 TEST_F(PictureBoxes, FollowAWindowThatGetsAnotherSize) {
   for (const QSize size : {QSize(520, 760), QSize(431, 733)}) {
     view->window(*form).resize(size);
-    ASSERT_TRUE(QTest::qWaitFor(
-        [&] { return grown.width() == screen(on<>(grown).width()) && grown.width() > 100; }, 2000));
+    ASSERT_TRUE(QTest::qWaitFor([this] { return followsItsWidget(grown); }, 2000));
     paintCells(grown, 5);
     EXPECT_TRUE(standsOnTheScreen(grown));
   }
