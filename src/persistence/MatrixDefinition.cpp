@@ -160,18 +160,30 @@ void writeDefinition(const Engine& engine, const std::string& name, TextWriter& 
   }
 }
 
-void writeDefinition(Engine& engine, const std::string& path, const std::string& name) {
-  Disk& disk = engine.platform.disk();
-  const auto endsEarly = [&disk](const std::string& file) {
+TextToKeep definitionToKeep(const Engine& engine, const std::string& path,
+                            const std::string& name) {
+  const auto write = [&engine, name](TextWriter& file) { writeDefinition(engine, name, file); };
+  const auto endsEarly = [&disk = engine.platform.disk()](const std::string& file) {
     return definitionEndsEarly(file, disk);
   };
+  return {path, write, endsEarly};
+}
+
+void writeDefinition(Engine& engine, const std::string& path, const std::string& name) {
+  const TextToKeep text = definitionToKeep(engine, path, name);
   try {
-    replaceTextFile(
-        path, [&](TextWriter& file) { writeDefinition(engine, name, file); }, endsEarly, disk);
+    replaceTextFile(path, text.write, text.endsEarly, engine.platform.disk());
   } catch (const std::exception& error) {
-    tellOfFailedSave(engine.platform, path, error.what(), endsEarly);
+    tellOfFailedSave(engine.platform, path, error.what(), text.endsEarly);
     throw;
   }
+}
+
+void loadDefinition(Engine& engine, const std::string& path) {
+  const MatrixDefinition definition = readDefinition(path, engine.platform.disk());
+  if (definition.name) engine.v.matrixName = *definition.name;
+  applyDefinition(engine, definition);
+  engine.v.matrixConfigured = true;
 }
 
 void orDefaultDefinition(Engine& engine, const std::function<void()>& read) {
@@ -188,12 +200,7 @@ void loadDefinitionAtStart(Engine& engine) {
   readProjectNames(engine);
   const std::string path = definitionFile(engine);
   if (!fileExists(path, engine.platform.disk())) return makeDefaultDefinition(engine);
-  orDefaultDefinition(engine, [&] {
-    const MatrixDefinition definition = readDefinition(path, engine.platform.disk());
-    if (definition.name) engine.v.matrixName = *definition.name;
-    applyDefinition(engine, definition);
-    engine.v.matrixConfigured = true;
-  });
+  orDefaultDefinition(engine, [&] { loadDefinition(engine, path); });
 }
 
 }  // namespace korvane

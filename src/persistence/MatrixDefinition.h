@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "persistence/RecordLines.h"
+#include "platform/ReplaceFile.h"
 #include "state/Engine.h"
 
 namespace korvane {
@@ -50,9 +51,14 @@ void applyDefinition(Engine& engine, const MatrixDefinition& definition,
                      const std::function<void()>& sized = {});
 /// The lines of a definition file.
 void writeDefinition(const Engine& engine, const std::string& name, TextWriter& file);
+/// A definition file to be written.
+TextToKeep definitionToKeep(const Engine& engine, const std::string& path, const std::string& name);
 /// Writes a whole definition file; one that it replaces is kept as NAME.bak. A failure goes to
 /// Platform::saveFailed, too.
 void writeDefinition(Engine& engine, const std::string& path, const std::string& name);
+
+/// Takes a definition file to the matrix, its name going to `matrixName`.
+void loadDefinition(Engine& engine, const std::string& path);
 
 /// Reads the definition named after the project. Where that fails, a program that stands alone may
 /// choose the default instead.

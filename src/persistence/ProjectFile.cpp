@@ -239,15 +239,18 @@ void writeComposition(const Engine& engine, const NumberFormat& format, TextWrit
   writeFades(engine, out);
 }
 
-void replaceProject(const Engine& engine, const std::string& path) {
+TextToKeep projectToKeep(const Engine& engine, const std::string& path) {
   requireLoadable(engine);
   Platform& platform = engine.platform;
-  replaceTextFile(
-      path,
-      [&](TextWriter& file) {
-        writeProject(engine, platform.numberFormat(), fileTitle(path), file);
-      },
-      endsEarlyOn(platform.disk()), platform.disk());
+  const auto write = [&engine, &platform, title = fileTitle(path)](TextWriter& file) {
+    writeProject(engine, platform.numberFormat(), title, file);
+  };
+  return {path, write, endsEarlyOn(platform.disk())};
+}
+
+void replaceProject(const Engine& engine, const std::string& path) {
+  const TextToKeep text = projectToKeep(engine, path);
+  replaceTextFile(path, text.write, text.endsEarly, engine.platform.disk());
 }
 
 void tellOfFailedProject(Platform& platform, const std::string& path, const std::string& reason) {

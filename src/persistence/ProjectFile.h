@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "platform/ReplaceFile.h"
 #include "platform/TextFile.h"
 #include "state/Engine.h"
 
@@ -33,6 +34,8 @@ void writeProject(const Engine& engine, const NumberFormat& format, const std::s
 /// and the selections stand, and the counts.
 void writeComposition(const Engine& engine, const NumberFormat& format, TextWriter& file);
 
+/// A project file to be written. A failure if it could not be loaded again.
+TextToKeep projectToKeep(const Engine& engine, const std::string& path);
 /// Writes a project file as replaceTextFile does; a failure, with the file as it was, if it could
 /// not be loaded again.
 void replaceProject(const Engine& engine, const std::string& path);

@@ -3,11 +3,15 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/Platform.h"
 #include "platform/TextFile.h"
 
 namespace korvane {
+
+/// What is added to a file's name for the version before.
+inline constexpr const char* kBackupEnding = ".bak";
 
 /// Whether a file is one that a failed save left half written.
 using EndsEarly = std::function<bool(const std::string& path)>;
@@ -23,6 +27,19 @@ using EndsEarly = std::function<bool(const std::string& path)>;
 /// the file or its backup can't be made, or if a folder, a device or a pipe stands at the path.
 void replaceTextFile(const std::string& path, const std::function<void(TextWriter&)>& write,
                      const EndsEarly& endsEarly, Disk& disk = machineDisk());
+
+/// A text that people must not lose, and the file that it is for.
+struct TextToKeep {
+  std::string path;
+  std::function<void(TextWriter&)> write;
+  EndsEarly endsEarly;
+};
+
+/// Writes files that belong together, each as replaceTextFile does, in their order, once all of
+/// them stand whole beside those that they replace: a disk that fills up, or a `write` that fails,
+/// leaves them all as they were. A crash between two of them finds the first replaced, and what it
+/// was in its backup.
+void replaceTextFiles(const std::vector<TextToKeep>& texts, Disk& disk = machineDisk());
 
 /// Hands a failed save to Platform::saveFailed, with where the last whole version is. A path that
 /// is empty, as nobody chose one, is no save.

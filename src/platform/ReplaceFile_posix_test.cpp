@@ -47,6 +47,16 @@ class ReplaceFilePosix : public testing::Test {
     }
     return 0;
   }
+  /// Why it could not be saved, in words.
+  static std::string refusal(const std::string& target) {
+    try {
+      replaceTextFile(
+          target, [](TextWriter&) {}, [](const std::string&) { return false; });
+    } catch (const Failure& failure) {
+      return failure.what();
+    }
+    return {};
+  }
   static std::string read(const std::string& file) {
     std::ifstream stream(file, std::ios::binary);
     return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
@@ -143,6 +153,24 @@ TEST_F(ReplaceFilePosix, NeitherFileNorFolderMayBeWritten) {
   EXPECT_EQ(asSomebody([&] { return save(path, "new"); }), kPathAccess);
   EXPECT_EQ(asSomebody([&] { return save(folder + "/other", "new"); }), kPathAccess);
   EXPECT_EQ(read(path), "old and longer than the new one\n");
+}
+
+TEST_F(ReplaceFilePosix, ARefusalSaysWhatAndWhere) {
+  const std::string refused = "Path/File access error: ";
+  EXPECT_EQ(refusal("/dev/null"), refused + "/dev/null: it is no file, but a pipe or a device");
+  EXPECT_EQ(refusal(folder), refused + folder + ": a folder stands there");
+  EXPECT_EQ(refusal(folder + "/none/show"),
+            refused + folder + "/none/show: No such file or directory");
+  lockFolder();
+  ::chmod(path.c_str(), 0444);
+  EXPECT_EQ(
+      asSomebody([&] { return refusal(path) == refused + path + ": the file may not be written"; }),
+      1);
+  EXPECT_EQ(asSomebody([&] {
+              return refusal(folder + "/other") ==
+                     refused + "the folder " + folder + " may not be written: Permission denied";
+            }),
+            1);
 }
 
 TEST_F(ReplaceFilePosix, AnothersFileInASharedFolderIsWrittenInPlace) {

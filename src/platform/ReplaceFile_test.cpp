@@ -4,9 +4,11 @@
 
 #include <fstream>
 #include <iterator>
+#include <set>
 
 #include "platform/Failure.h"
 #include "platform/HeadlessPlatform.h"
+#include "testing/SimulatedDisk.h"
 
 namespace korvane {
 namespace {
@@ -135,6 +137,84 @@ TEST_F(ReplaceFile, KeepsPermissionsAndLinks) {
   EXPECT_EQ(fs::status(path).permissions(), fs::perms::owner_read | fs::perms::owner_write);
 }
 #endif
+
+/// Two files that belong together, on a disk in memory.
+struct TwoFiles {
+  explicit TwoFiles(std::uint64_t seed = 1) : disk(seed) {
+    disk.makeFolders("/shows");
+    save("old", "old");
+  }
+  void save(const std::string& one, const std::string& two) {
+    const auto endsEarly = [](const std::string&) { return false; };
+    replaceTextFiles({{"/shows/one", [&](TextWriter& file) { file.writeLine(one); }, endsEarly},
+                      {"/shows/two", [&](TextWriter& file) { file.writeLine(two); }, endsEarly}},
+                     disk);
+  }
+  /// What stands in them, and in the first one's backup.
+  std::string found() const {
+    std::string all;
+    for (const char* path : {"/shows/one", "/shows/two", "/shows/one.bak"}) {
+      const std::string bytes = disk.bytesOf(path);
+      all += (all.empty() ? "" : " ") + bytes.substr(0, bytes.find('\r'));
+    }
+    return all;
+  }
+
+  SimulatedDisk disk;
+};
+
+TEST(ReplaceFiles, AreAllReplacedOrNone) {
+  const std::string longer(20, 'x');
+  for (std::size_t room = 0; room < 100; ++room) {
+    TwoFiles files;
+    files.disk.capacity = files.disk.used() + room;
+    bool saved = true;
+    try {
+      files.save("new", longer);
+    } catch (const Failure& failure) {
+      saved = false;
+      EXPECT_EQ(failure.number, kPathAccess);
+    }
+    const std::string found = files.found();
+    EXPECT_EQ(saved, room >= 2 * 5 + 5 + 22) << room;
+    if (saved) {
+      EXPECT_EQ(found, "new " + longer + " old") << room;
+    } else {
+      EXPECT_TRUE(found == "old old " || found == "old old old") << found;
+      EXPECT_LE(files.disk.files().size(), 4U) << "nothing half is left beside them";
+    }
+  }
+}
+
+TEST(ReplaceFiles, ALossOfPowerBetweenThemFindsTheFirstInItsBackup) {
+  std::set<std::string> seen;
+  for (std::uint64_t seed = 1; seed < 40; ++seed) {
+    for (int steps = 1; steps < 12; ++steps) {
+      TwoFiles files(seed);
+      files.disk.losePowerAfter(steps);
+      try {
+        files.save("new", "new");
+      } catch (const Failure&) {
+        EXPECT_TRUE(files.disk.powerLost());
+      }
+      seen.insert(files.found());
+    }
+  }
+  EXPECT_EQ(seen, (std::set<std::string>{"old old ", "old old old", "new old old", "new new old"}));
+}
+
+TEST(ReplaceFiles, StayAsTheyWereIfOneCanNotBeWrittenToItsEnd) {
+  TwoFiles files;
+  const auto endsEarly = [](const std::string&) { return false; };
+  const auto fails = [](TextWriter&) { throw Failure(kSubscript); };
+  EXPECT_THROW(
+      replaceTextFiles({{"/shows/one", [](TextWriter& file) { file.writeLine("new"); }, endsEarly},
+                        {"/shows/two", fails, endsEarly}},
+                       files.disk),
+      Failure);
+  EXPECT_EQ(files.found(), "old old ");
+  EXPECT_EQ(files.disk.files().size(), 2U);
+}
 
 }  // namespace
 }  // namespace korvane

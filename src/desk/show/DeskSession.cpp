@@ -8,7 +8,6 @@
 #include <utility>
 
 #include "desk/project/ShowPath.h"
-#include "desk/show/ShowCheck.h"
 #include "persistence/MatrixDefinition.h"
 #include "persistence/ProjectFile.h"
 #include "platform/Events.h"
@@ -204,8 +203,9 @@ void DeskSession::begin() {
 }
 
 bool DeskSession::open(const std::string& show) {
-  if (const auto wrong = whatIsWrongWith(show, platform)) {
-    platform.messageBox(showName(show) + " can't be opened. " + *wrong);
+  const ReadableShow readable = readableShow(show, platform);
+  if (!readable.files) {
+    platform.messageBox(showName(show) + " can't be opened. " + readable.wrong);
     return false;
   }
   commitDialogs();
@@ -214,20 +214,35 @@ bool DeskSession::open(const std::string& show) {
   host.clearLevels();
   v.matrixConfigured = v.quickConfigured = false;
   v.matrixName = "unnamed";
-  const bool well = load([this, &show] {
+  const bool well = load([this, &files = *readable.files] {
+    if (files.grid != gridFile()) loadDefinition(plugin.engine, files.grid);
     loadToolAfresh();
     plugin.matrixConf.MName.setText(plugin.engine.v.matrixName);
     // The lamps must not flash in the colours of a new list.
     plugin.matrixForm.panelA.clear.click();
     plugin.matrixForm.panelB.clear.click();
-    openProject(plugin.engine, show);
+    openProject(plugin.engine, files.show);
   });
   showGrid();
   keep(composition_);
   keep(definition_);
   adopt(show);
   plugin.engine.desktop.show(plugin.matrixForm);
+  if (!readable.wrong.empty()) tellOfBackup(show, readable);
   return well;
+}
+
+// It counts as changed until the person has saved it.
+void DeskSession::tellOfBackup(const std::string& show, const ReadableShow& readable) {
+  for (Document* document : {&composition_, &definition_}) document->kept.reset();
+  ++keeps_;
+  const bool older = readable.files->show != show;
+  const std::string from = fileTitle(older ? readable.files->show : readable.files->grid);
+  platform.messageBox(showName(show) + " can't be read" + (older ? "" : " on its grid") + ": " +
+                      readable.wrong + ". " +
+                      (older ? "What it was before it was saved last is open instead"
+                             : "It is open on the grid before") +
+                      ", from " + from + ". Save it to keep that.");
 }
 
 std::string DeskSession::showText() {
@@ -264,38 +279,44 @@ void DeskSession::showGrid() {
   });
 }
 
+bool DeskSession::needsGrid(const std::string& show) {
+  return show != path_ || changed(definition_) ||
+         !fileExists(projectOf(show) + kGridEnding, platform.disk());
+}
+
+// Both files or none of them: a show can't be read on a grid that is smaller than its own.
 bool DeskSession::save(const std::string& show) {
   commitDialogs();
-  if (!saveComposition(show)) return false;
-  plugin.matrixForm.setCaption("Korvane - " + fileTitle(show));
-  return keepIn(show);
-}
-
-// The show stands in its file; its grid belongs beside it.
-bool DeskSession::keepIn(const std::string& show) {
-  const bool gridToo = show != path_ || changed(definition_) ||
-                       !fileExists(projectOf(show) + kGridEnding, platform.disk());
-  keep(composition_);
-  adopt(show);
-  if (!gridToo) return true;
   try {
-    writeDefinition(plugin.engine, gridFile(), plugin.matrixConf.MName.text());
-  } catch (const std::exception&) {
-    definition_.kept.reset();  // it was told
-    ++keeps_;
-    return false;
-  }
-  keep(definition_);
-  return true;
-}
-
-bool DeskSession::saveComposition(const std::string& show) {
-  try {
-    replaceProject(plugin.engine, show);
-    return true;
+    std::vector<TextToKeep> files;
+    if (needsGrid(show))
+      files.push_back(definitionToKeep(plugin.engine, projectOf(show) + kGridEnding,
+                                       plugin.matrixConf.MName.text()));
+    files.push_back(projectToKeep(plugin.engine, show));
+    replaceTextFiles(files, platform.disk());
   } catch (const std::exception& error) {
     tellOfFailedProject(platform, show, error.what());
     return false;
+  }
+  plugin.matrixForm.setCaption("Korvane - " + fileTitle(show));
+  keep(composition_);
+  keep(definition_);
+  adopt(show);
+  return true;
+}
+
+// The tool has written the show to its file; its grid belongs beside it.
+void DeskSession::keepIn(const std::string& show) {
+  const bool gridToo = needsGrid(show);
+  keep(composition_);
+  adopt(show);
+  if (!gridToo) return;
+  try {
+    writeDefinition(plugin.engine, gridFile(), plugin.matrixConf.MName.text());
+    keep(definition_);
+  } catch (const std::exception&) {
+    definition_.kept.reset();  // it was told
+    ++keeps_;
   }
 }
 

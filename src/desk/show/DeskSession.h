@@ -6,6 +6,7 @@
 
 #include "desk/show/DeskHost.h"
 #include "desk/show/DeskPlatform.h"
+#include "desk/show/ShowCheck.h"
 #include "shell/Plugin.h"
 
 namespace korvane {
@@ -24,8 +25,9 @@ class DeskSession {
   void openTool();
   /// An empty show on the present grid, of no file yet.
   void begin();
-  /// Opens a show with its grid, in the project named after the file. False, with everything as it
-  /// was and the reason told, if that can't be done.
+  /// Opens a show with its grid, in the project named after the file; its last whole version, with
+  /// the reason told, if it can't be read. False, with everything as it was and the reason told, if
+  /// that can't be done.
   bool open(const std::string& show);
   /// Saves the show and its grid to a file, which becomes the show's own. False, with the reason
   /// told, if that can't be done.
@@ -82,8 +84,10 @@ class DeskSession {
   bool load(const std::function<void()>& steps);
   void selectFirstRows();
   void adopt(const std::string& show);
-  bool saveComposition(const std::string& show);
-  bool keepIn(const std::string& show);
+  /// Whether the grid is to be saved with the show.
+  bool needsGrid(const std::string& show);
+  void keepIn(const std::string& show);
+  void tellOfBackup(const std::string& show, const ReadableShow& readable);
   /// The file of the grid, beside that of the show.
   std::string gridFile();
   void keep(Document& document);

@@ -2,9 +2,11 @@
 
 #include "desk/project/ShowPath.h"
 #include "desk/show/DeskHost.h"
+#include "persistence/MatrixDefinition.h"
 #include "persistence/ProjectFile.h"
 #include "platform/Events.h"
 #include "platform/HeadlessPlatform.h"
+#include "platform/ReplaceFile.h"
 #include "shell/Plugin.h"
 
 namespace korvane {
@@ -16,22 +18,42 @@ class Unseen : public HeadlessPlatform {
   bool startsWithout(const BrokenGrid&) override { return true; }
 };
 
-}  // namespace
-
-// Pictures are not looked for here: a show without one of its pictures opens all the same.
-std::optional<std::string> whatIsWrongWith(const std::string& show, Platform& machine) {
+// What goes wrong, for people. Pictures are not looked for here: a show without one of its pictures
+// opens all the same.
+std::optional<std::string> whatIsWrongWith(const ShowFiles& files, const std::string& project,
+                                           Platform& machine) {
   Unseen platform;
   platform.format = machine.numberFormat();
   platform.files = &machine.disk();
-  DeskHost host(projectOf(show));
+  DeskHost host(project);
   Plugin plugin(platform);
   const bool well = runEvent(platform, [&] {
-    plugin.plugIn.ITharnPlugin_Init("Korvane", projectOf(show), host);
+    plugin.plugIn.ITharnPlugin_Init("Korvane", project, host);
+    if (files.grid != project + kGridEnding) loadDefinition(plugin.engine, files.grid);
     plugin.matrixForm.Form::load();
-    openProject(plugin.engine, show);
+    openProject(plugin.engine, files.show);
   });
   if (well) return std::nullopt;
   return platform.failures.back().what();
+}
+
+}  // namespace
+
+ReadableShow readableShow(const std::string& show, Platform& machine) {
+  const std::string project = projectOf(show), grid = project + kGridEnding;
+  ReadableShow found;
+  const auto wrong = whatIsWrongWith({show, grid}, project, machine);
+  if (!wrong) return {ShowFiles{show, grid}, {}};
+  found.wrong = *wrong;
+  Disk& disk = machine.disk();
+  if (!fileExists(show, disk)) return found;
+  const auto tryOut = [&](const std::string& backup, const ShowFiles& files) {
+    if (found.files || !fileExists(backup, disk)) return;
+    if (!whatIsWrongWith(files, project, machine)) found.files = files;
+  };
+  tryOut(grid + kBackupEnding, {show, grid + kBackupEnding});
+  tryOut(show + kBackupEnding, {show + kBackupEnding, grid});
+  return found;
 }
 
 }  // namespace korvane
