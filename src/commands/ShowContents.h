@@ -1,10 +1,9 @@
 #pragma once
 
-#include <cmath>
-
 #include "commands/Json.h"
 #include "commands/Values.h"
 #include "generators/Effects.h"
+#include "platform/Numbers.h"
 #include "playback/ListRows.h"
 #include "state/Effect.h"
 #include "state/EffectFields.h"
@@ -19,7 +18,7 @@ class ShowContents {
  public:
   static Json of(const Engine& engine) {
     const Variablen& v = engine.v;
-    return {{"master", std::lround(v.masterValue * 200)},
+    return {{"master", roundToInt32(v.masterValue * 200 - 100)},  // where the fader stands
             {"A", deck(v, v.A)},
             {"B", deck(v, v.B)},
             {"fades", fades(engine)},
@@ -34,6 +33,8 @@ class ShowContents {
   }
 
  private:
+  static constexpr double kLongestFade = 800, kNewFadeTime = 3;  // s
+
   static std::size_t slotAt(const ListView& list, int row) {
     return std::stoul(list.cell(row, kSlotColumn));
   }
@@ -80,8 +81,12 @@ class ShowContents {
   static Json fades(const Engine& engine) {
     const ListView& list = engine.master.efxXList;
     Json rows = Json::array();
-    for (int row = 0; row < list.count(); ++row)
-      rows.push_back(toJson(engine.v.efxX.at(slotAt(list, row))));
+    for (int row = 0; row < list.count(); ++row) {
+      FadeEntry fade = engine.v.efxX.at(slotAt(list, row));
+      // A time that a picture of another grid has put there is refused as the fade is shown.
+      if (fade.time < 0 || fade.time > kLongestFade) fade.time = kNewFadeTime;
+      rows.push_back(toJson(fade));
+    }
     return {{"selected", list.selected()}, {"rows", rows}};
   }
 };
