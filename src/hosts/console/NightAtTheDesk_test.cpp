@@ -114,6 +114,7 @@ class Night {
   Engine& engine() { return evening_->engine(); }
 
   void begin() {
+    log_ += "# the desk is switched on\n";
     evening_.reset();
     evening_.emplace(machine_);
     engine().random.seed(seed_);
@@ -203,7 +204,8 @@ class Night {
     if (path.empty() || projectEndsEarly(path, machine_.disk)) return;
     evening_->event([&] { evening_->desk.files.open(path); });
     if (evening_->desk.session.path() != path)
-      throw NightBroken(path + " could not be opened after the power had failed");
+      throw NightBroken(path + " could not be opened after the power had failed: " +
+                        Json(evening_->platform().boxes).dump());
   }
 
   /// The network is well for a while; the window thread does nothing.
