@@ -17,6 +17,11 @@ void Form::setSize(int width, int height) {
   shown();
 }
 
+void Form::moveTo(const WindowPlace& place) {
+  place_ = wanted_ = place;
+  shown();
+}
+
 Control* Form::find(const std::string& name) const {
   for (Control* control : controls_) {
     if (control->name() == name) return control;

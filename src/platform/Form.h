@@ -1,13 +1,16 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/Control.h"
 #include "platform/Controls.h"
 #include "platform/Layout.h"
 #include "platform/PictureBox.h"
+#include "platform/WindowPlace.h"
 
 namespace korvane {
 
@@ -28,6 +31,14 @@ class Form {
   int width() const { return width_; }
   int height() const { return height_; }
   void setSize(int width, int height);
+
+  /// Where the window stands, as its view has told or as it is wanted; nothing for one that was
+  /// never on a screen.
+  const std::optional<WindowPlace>& place() const { return place_; }
+  void notePlace(const WindowPlace& place) { place_ = place; }
+  /// Wants the window at a place, which the view takes when it can.
+  void moveTo(const WindowPlace& place);
+  std::optional<WindowPlace> takeWantedPlace() { return std::exchange(wanted_, std::nullopt); }
 
   const std::vector<Control*>& controls() const { return controls_; }
   /// The control of this name, nullptr if there is none.
@@ -102,6 +113,7 @@ class Form {
   Layout layout_;
   int width_ = 0;
   int height_ = 0;
+  std::optional<WindowPlace> place_, wanted_;
   bool visible_ = false;
   bool modal_ = false;
   bool loaded_ = false;

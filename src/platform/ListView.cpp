@@ -52,6 +52,11 @@ void ListView::setRows(std::vector<Row> rows) {
   shown();
 }
 
+void ListView::setPictures(std::function<const Raster*(int row)> picture) {
+  picture_ = std::move(picture);
+  shown();
+}
+
 void ListView::center(int row) {
   if (row == centered_) return;
   centered_ = row;

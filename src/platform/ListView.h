@@ -10,6 +10,8 @@
 
 namespace korvane {
 
+class Raster;
+
 /// A list of rows with columns, after the list control `ExtLV`. It has two notions side by side:
 /// the current row, there as soon as the list has a row, and the mark of selection, which at most
 /// one row carries.
@@ -133,6 +135,16 @@ class ListView : public Control {
   /// Exchanges the contents of two rows; current row and mark stay at their places.
   void exchange(int row, int other);
 
+  /// Lets the view draw a small picture before the text of each row. It asks for those of the rows
+  /// that can be seen, each time that it draws them; nullptr stands for none. Nothing to ask: there
+  /// are no pictures.
+  void setPictures(std::function<const Raster*(int row)> picture);
+  bool hasPictures() const { return picture_ != nullptr; }
+  const Raster* picture(int row) const { return picture_(row); }
+  /// Has the pictures drawn again.
+  void picturesChanged() const { run(onPictures); }
+  std::function<void()> onPictures;  ///< for the view
+
   /// A person is about to choose a row; the list is as it was.
   std::function<void(int row)> beforeClick;
   std::function<void(int row, int col)> onClick;
@@ -152,6 +164,7 @@ class ListView : public Control {
 
   std::vector<Column> columns_;
   std::vector<Row> rows_;
+  std::function<const Raster*(int row)> picture_;
   int current_ = -1;
   int centered_ = -1;
   int editRow_ = -1;

@@ -47,6 +47,11 @@ const CommandRow kDesk[] = {
     {"front", "Desk", "bring the desk to the front", "F4"},
     {"narrow", "Narrow view", "show the master alone", "F6"},
     {"full", "Full view", "show the decks as well", "F7"},
+    {"pictures", "Pictures in the lists", "small pictures of the effects in their rows", ""},
+    {"lookSystem", "Light or dark as the system", "the windows follow the choice for all programs",
+     ""},
+    {"lookLight", "Light", "light windows", ""},
+    {"lookDark", "Dark", "dark windows", ""},
     {"keys", "Keys", "all commands with their keys, and other keys for them", "F1"},
     {"help", "Help", "how to work with the desk", "Shift+F1"},
 };

@@ -15,6 +15,8 @@ constexpr std::array<const char*, 3> kFills = {"full", "count", "lines"};
 constexpr std::array<const char*, 5> kTurns = {"none", "quarter", "half", "three quarters",
                                                "alternate half"};
 
+constexpr int kLastPort = 65535;
+
 template <class Enum, class Words>
 void takeEnum(const Member& member, Enum& target, const Words& words) {
   int index = 0;
@@ -118,6 +120,28 @@ WiringPlan wiringOf(const Member& member) {
   if (fault.empty()) return plan;
   member.fault(fault);
   return {};
+}
+
+Json toJson(const RemoteSettings& remote) {
+  const auto network = [](const RemoteSettings::Network& one) {
+    return Json{{"on", one.on}, {"port", one.port}};
+  };
+  return {{"osc", network(remote.osc)},
+          {"page", network(remote.page)},
+          {"midi", {{"on", remote.midi.on}, {"device", remote.midi.name}}}};
+}
+
+RemoteSettings remoteOf(const Member& member) {
+  RemoteSettings remote;
+  const auto take = [](const Member& one, RemoteSettings::Network& network) {
+    one["on"].take(network.on);
+    one["port"].take(network.port, 1, kLastPort);
+  };
+  take(member["osc"], remote.osc);
+  take(member["page"], remote.page);
+  member["midi"]["on"].take(remote.midi.on);
+  member["midi"]["device"].take(remote.midi.name);
+  return remote;
 }
 
 }  // namespace korvane

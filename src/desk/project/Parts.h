@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <vector>
 
 #include "desk/output/OutputConfig.h"
@@ -23,5 +24,28 @@ WallLevels levelsOf(const Member& member);
 Json toJson(const WiringPlan& plan);
 /// A plan without a fault. One that can't be laid is noted, and the usual one is returned.
 WiringPlan wiringOf(const Member& member);
+
+/// How the desk may be worked from elsewhere.
+struct RemoteSettings {
+  struct Network {
+    bool on = false;
+    int port = 0;  ///< 1 - 65535
+    bool operator==(const Network&) const = default;
+  };
+  struct Device {
+    bool on = false;
+    std::string name = {};  ///< empty: any
+    bool operator==(const Device&) const = default;
+  };
+
+  Network osc{false, 9000};
+  Network page{false, 8080};
+  Device midi;
+
+  bool operator==(const RemoteSettings&) const = default;
+};
+
+Json toJson(const RemoteSettings& remote);
+RemoteSettings remoteOf(const Member& member);
 
 }  // namespace korvane

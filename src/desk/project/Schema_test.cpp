@@ -11,6 +11,7 @@
 
 #include "desk/project/DeskProject.h"
 #include "desk/project/Parts.h"
+#include "desk/project/WindowSection.h"
 
 namespace korvane {
 namespace {
@@ -27,6 +28,10 @@ class ProjectSchema : public testing::Test {
                  [this](const Member& member) { levels = levelsOf(member); }});
     project.add({"wiring", [this] { return toJson(wiring); },
                  [this](const Member& member) { wiring = wiringOf(member); }});
+    project.add({"remote", [this] { return toJson(remote); },
+                 [this](const Member& member) { remote = remoteOf(member); }});
+    desktop.add(window);
+    project.add(windowSection(desktop, {&window}));
   }
   ~ProjectSchema() override { std::filesystem::remove_all(folder); }
 
@@ -52,6 +57,9 @@ class ProjectSchema : public testing::Test {
   std::vector<OutputEntry> outputs;
   WallLevels levels;
   WiringPlan wiring;
+  RemoteSettings remote;
+  Desktop desktop;
+  Form window{"Desk", "Korvane"};
 };
 
 TEST_F(ProjectSchema, WhatIsWrittenFits) {
@@ -63,6 +71,7 @@ TEST_F(ProjectSchema, WhatIsWrittenFits) {
   wiring.panels = PanelPlan{};
   wiring.fill = UniverseFill::Lines;
   levels.master = 0;
+  window.notePlace({-1400, 20, 1280, 700, true});
   write("full.korvanedesk", project.text());
   const std::string said = validate();
   if (status == kNoValidator) GTEST_SKIP() << said;
@@ -73,6 +82,9 @@ TEST_F(ProjectSchema, WhatIsWrittenFits) {
 TEST_F(ProjectSchema, TheSameMembersAreWrongForBoth) {
   const std::pair<const char*, const char*> cases[] = {
       {R"({"levels": {"master": 101}})", "/levels/master"},
+      {R"({"remote": {"osc": {"port": 0}}})", "/remote/osc/port"},
+      {R"({"remote": {"midi": {"device": 7}}})", "/remote/midi/device"},
+      {R"({"windows": {"Desk": {"width": 0}}})", "/windows/Desk/width"},
       {R"({"levels": {"master": 1.5}})", "/levels/master"},
       {R"({"levels": []})", "/levels"},
       {R"({"outputs": {}})", "/outputs"},

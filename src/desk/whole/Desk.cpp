@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "desk/cues/CueSections.h"
-#include "desk/project/Parts.h"
+#include "desk/project/WindowSection.h"
 #include "platform/Events.h"
 
 namespace korvane {
@@ -37,7 +37,8 @@ Desk::Desk(Platform& machine, LampFeed& feed, const DeskPlaces& places)
       monitor(engine().desktop),
       helpWindow(engine().desktop, form.items()),
       mixer(session.plugin.dialogs.mixer),
-      choices(places.choices, machine.disk(), mixer),
+      pictures(session),
+      choices(places.choices, machine.disk(), form, mixer, pictures),
       files(session, form, question, places.recentShows, places.kept),
       history(session.plugin),
       cues(session.plugin, form),
@@ -89,6 +90,10 @@ void Desk::bindProject() {
                        if (member.given()) wiring.planPanel.show(wiringOf(member));
                      },
                      Counts::Never});
+  files.project.add({"remote", [this] { return toJson(remote_); },
+                     [this](const Member& member) { remote_ = remoteOf(member); }, Counts::Never});
+  files.project.add(
+      windowSection(engine().desktop, {&form, &cues.form, &setup, &monitor, &wiring, &helpWindow}));
 }
 
 void Desk::bindHistory() {
@@ -262,6 +267,7 @@ void Desk::settle() {
   followDmx();
   send();
   cues.settle();
+  pictures.settle(engine().timers.now());
   keepTime();
   showState();
   files.keepAside(engine().timers.now());
@@ -338,9 +344,10 @@ int Desk::universesOfWall() {
 
 // A load of the tool's window stops all timers and gives them its own interval.
 void Desk::keepTime() {
-  const int wanted = monitor.visible() ? kMonitorMilliseconds
-                     : cues.counting() ? kCountdownMilliseconds
-                                       : kStateMilliseconds;
+  const int wanted = monitor.visible()   ? kMonitorMilliseconds
+                     : cues.counting()   ? kCountdownMilliseconds
+                     : pictures.moving() ? FilmStudio::kStep
+                                         : kStateMilliseconds;
   if (refresh_.enabled() && refresh_.interval() == wanted) return;
   refresh_.setInterval(wanted);
   refresh_.enable();

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "desk/output/LampFeed.h"
+#include "desk/project/Parts.h"
 #include "desk/show/DeskSession.h"
 #include "desk/show/KeptOutputs.h"
 #include "desk/undo/ShowHistory.h"
@@ -15,6 +16,7 @@
 #include "desk/whole/DeskFiles.h"
 #include "desk/whole/DeskKeys.h"
 #include "desk/whole/EffectRows.h"
+#include "desk/whole/RowPictures.h"
 #include "desk/windows/ChannelMonitor.h"
 #include "desk/windows/DeskForm.h"
 #include "desk/windows/DeskHelp.h"
@@ -68,6 +70,7 @@ class Desk {
   ChannelMonitor monitor;
   DeskHelp helpWindow;
   MixerParts mixer;
+  RowPictures pictures;
   DeskChoices choices;
   DeskFiles files;
   ShowHistory history;
@@ -104,6 +107,7 @@ class Desk {
 
   LampFeed& feed_;
   KeptOutputs kept_;
+  RemoteSettings remote_;
   WallLevels levels_;  // as a person sets them
   bool dark_ = false;  // all lamps, since the output was switched off
   Timer refresh_;

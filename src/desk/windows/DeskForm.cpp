@@ -65,7 +65,7 @@ void DeskForm::addControls() {
   add({&masterUp, &masterDown, &steeper, &flatter, &faderLeft, &faderRight, &faderFarLeft,
        &faderFarRight, &cutLeft, &cutRight, &fadeLeft, &fadeRight});
   for (const auto& item : recent) add({item.get()});
-  add({&cues});
+  add({&cues, &looks[0], &looks[1], &looks[2], &pictures});
   for (const Items* items : {&commands, &leftEffects, &rightEffects, &fades})
     for (const auto& item : *items) add({item.get()});
 }
@@ -97,7 +97,9 @@ void DeskForm::declareMenus() {
   menus.push_back({"Cues", runs});
   menus.push_back(
       {"Lamps", {&wiring, &configure, &output, &channels, nullptr, &steeper, &flatter}});
-  menus.push_back({"View", {&tool, &front, nullptr, &narrow, &full}});
+  menus.push_back({"View",
+                   {&tool, &front, nullptr, &narrow, &full, nullptr, &pictures, nullptr, &looks[0],
+                    &looks[1], &looks[2]}});
   menus.push_back({"Help", {&keys, &help}});
   setMenus(std::move(menus));
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <memory>
 #include <string>
 #include <vector>
@@ -39,6 +40,10 @@ class DeskForm : public Form {
   CommandItem fadeLeft{"fadeLeft"}, fadeRight{"fadeRight"};
   using Items = std::vector<std::unique_ptr<CommandItem>>;
   Items leftEffects, rightEffects, fades;  ///< the first rows of the lists
+  CommandItem pictures{"pictures"};
+  /// As the system has it, light, dark.
+  std::array<CommandItem, 3> looks{CommandItem("lookSystem"), CommandItem("lookLight"),
+                                   CommandItem("lookDark")};
   CommandItem cues{"cues"};
   Items commands;  ///< of a show that runs by itself
   CommandItem keys{"keys"}, help{"help"};

@@ -17,6 +17,7 @@
 #include "hosts/desk/QuitOnSignal.h"
 #include "views/qt/machine/LoopGate.h"
 #include "views/qt/machine/QtPlatform.h"
+#include "views/qt/machine/SystemShade.h"
 #include "views/qt/windows/DesktopView.h"
 #include "views/qt/windows/Theme.h"
 
@@ -68,6 +69,7 @@ class Program {
  private:
   bool openShow();
   void takePicture();
+  void showLook();
 
   const Options& options_;
   qt::QtPlatform platform_;
@@ -75,6 +77,8 @@ class Program {
   Desk desk_;
   qt::LoopGate gate_{platform_, desk_.engine().timers};
   qt::DesktopView view_{desk_.engine().desktop, gate_, desk_.form};
+  qt::Shade shade_ = qt::Shade::Dark;
+  qt::SystemShade system_{qt::SystemShade::sessionBus()};
   MousePresses presses_;
   DroppedFiles dropped_{view_.window(desk_.form), [this](const std::string& path) {
                           gate_.run([&] { desk_.files.open(path); });
@@ -89,7 +93,17 @@ Program::Program(const Options& options)
   desk_.history.presses = [this] { return presses_.count(); };
   desk_.history.held = MousePresses::held;
   desk_.onQuit = [] { QApplication::exit(kWell); };
+  desk_.choices.onLook = system_.onChange = [this] { showLook(); };
+  showLook();
   gate_.run([this] { desk_.show(); });
+}
+
+void Program::showLook() {
+  const WindowLook look = desk_.choices.look();
+  const qt::Shade chosen = look == WindowLook::Light ? qt::Shade::Light : qt::Shade::Dark;
+  const qt::Shade now = look == WindowLook::System ? system_.shade() : chosen;
+  if (now != shade_) qt::applyTheme(*qApp, now);
+  shade_ = now;
 }
 
 /// False if there is one to open and that can't be done.

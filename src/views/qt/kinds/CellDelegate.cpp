@@ -1,14 +1,17 @@
 #include "views/qt/kinds/CellDelegate.h"
 
+#include <QImage>
 #include <QLineEdit>
 #include <QPainter>
 
+#include "platform/Raster.h"
 #include "views/qt/kinds/Painting.h"
 
 namespace korvane::qt {
 namespace {
 
 constexpr int kRowPadding = 10;       // height of a row beyond its text
+constexpr int kPictureEdge = 2;       // above and below a picture
 constexpr int kSide = 8;              // between the edge of a cell and its text
 constexpr double kLeastContrast = 2;  // below it a coloured text gets a plate behind it
 constexpr int kPlate = 3;             // of the plate beyond the text, and its corners
@@ -23,6 +26,20 @@ QColor groundOf(const QStyleOptionViewItem& option) {
 QColor inkOf(const QStyleOptionViewItem& option) {
   const bool marked = option.state & QStyle::State_Selected;
   return option.palette.color(marked ? QPalette::HighlightedText : QPalette::Text);
+}
+
+// Lamps are sharp squares, however large they are drawn. Where the text begins.
+int paintPicture(QPainter& painter, const Raster* picture, const QRect& room) {
+  const int side = room.height() - 2 * kPictureEdge;
+  const QRect square(room.left(), room.top() + kPictureEdge, side, side);
+  if (picture != nullptr) {
+    const QImage image(reinterpret_cast<const uchar*>(picture->data()), picture->width(),
+                       picture->height(), QImage::Format_RGBX8888);
+    QRect target(QPoint(), image.size().scaled(square.size(), Qt::KeepAspectRatio));
+    target.moveCenter(square.center());
+    painter.drawImage(target, image);
+  }
+  return square.right() + kSide;
 }
 
 // A plate behind a text that would drown in the background.
@@ -47,14 +64,16 @@ void CellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& given,
   const QColor ground = groundOf(option);
   const bool colored = list_.columns()[static_cast<std::size_t>(index.column())].colored;
   const QColor ink = colored ? toQColor(list_.row(index.row()).color) : inkOf(option);
-  const QRect room = option.rect.adjusted(kSide, 0, -kSide, 0);
+  QRect room = option.rect.adjusted(kSide, 0, -kSide, 0);
+  painter->save();
+  painter->fillRect(option.rect, ground);
+  if (index.column() == 0 && list_.hasPictures())
+    room.setLeft(paintPicture(*painter, list_.picture(index.row()), room));
   const QString text =
       option.fontMetrics.elidedText(index.data().toString(), Qt::ElideRight, room.width());
-  painter->save();
   QFont font = option.font;
   font.setBold(colored);
   painter->setFont(font);
-  painter->fillRect(option.rect, ground);
   if (contrast(ink, ground) < kLeastContrast)
     paintPlate(*painter, painter->fontMetrics().boundingRect(room, Qt::AlignVCenter, text), ink);
   painter->setPen(ink);

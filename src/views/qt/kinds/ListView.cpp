@@ -25,10 +25,12 @@ constexpr QSize kLeastSize{140, 96};
 constexpr int kDropLine = 3;  // height of the line where rows would be dropped
 constexpr const char* kRows = "application/x-korvane-rows";
 constexpr auto kHeld = Qt::ControlModifier | Qt::AltModifier;
+constexpr int kPictureStrip = 40;  // from the left edge: what pictures in the rows take at most
 
 class RowList : public QTreeView {
  public:
   RowList(ListView& list, const Seat& seat);
+  ~RowList() override { list_.onPictures = nullptr; }
 
   void refresh();
   void reset() override;
@@ -87,6 +89,7 @@ RowList::RowList(ListView& list, const Seat& seat)
   header()->setStretchLastSection(true);
   header()->setMinimumSectionSize(0);
   header()->setSectionResizeMode(QHeaderView::Fixed);
+  list.onPictures = [this] { viewport()->update(0, 0, kPictureStrip, viewport()->height()); };
 }
 
 void RowList::refresh() {

@@ -2,7 +2,10 @@
 
 #include <QLineEdit>
 #include <QTreeView>
+#include <set>
 
+#include "platform/Raster.h"
+#include "views/qt/testing/Settle.h"
 #include "views/qt/testing/ShownForm.h"
 
 namespace korvane::qt {
@@ -171,6 +174,39 @@ TEST_F(ListViews, ClearingTheListUnderAnOpenEditorIsHarmless) {
   list.add("new", {"1", "slot"});
   list.beginEdit(0, 1);
   EXPECT_NE(editor(), nullptr);
+}
+
+TEST_F(ListViews, PicturesAreAskedForRowsThatCanBeSeenAlone) {
+  for (int i = 0; i < 200; ++i) list.add("more", {"9", "slot"});
+  const Raster picture(2, 1, rgb(0, 200, 0));
+  std::set<int> asked;
+  list.setPictures([&](int row) {
+    asked.insert(row);
+    return row == 1 ? nullptr : &picture;
+  });
+  settle();
+  EXPECT_TRUE(asked.contains(0));
+  EXPECT_TRUE(asked.contains(1));
+  EXPECT_LT(asked.size(), 60U);
+  const QImage shown = tree().viewport()->grab().toImage();
+  const auto green = [&](int row) {
+    const QRect place = tree().visualRect(tree().model()->index(row, 0));
+    const qreal scale = shown.devicePixelRatio();
+    return shown.pixelColor(static_cast<int>((place.left() + 18) * scale),
+                            static_cast<int>(place.center().y() * scale)) == QColor(0, 200, 0);
+  };
+  EXPECT_TRUE(green(0));
+  EXPECT_FALSE(green(1));
+  asked.clear();
+  list.picturesChanged();
+  settle();
+  EXPECT_TRUE(asked.contains(0));
+  view->window(*form).hide();
+  settle();
+  asked.clear();
+  list.picturesChanged();
+  settle();
+  EXPECT_TRUE(asked.empty()) << "a window that can't be seen asks for nothing";
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QFocusEvent>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QMenu>
 #include <QScreen>
@@ -19,6 +20,28 @@ namespace korvane::qt {
 namespace {
 
 constexpr int kMargin = 12;
+constexpr QSize kGrip{120, 20};  // of a title bar, by which a window can be moved
+
+// The place itself if the window can be taken hold of there, else one wholly on a screen.
+QRect onAScreen(QRect window) {
+  const QRect title(window.topLeft(), QSize(window.width(), 2 * kGrip.height()));
+  const QScreen* on = QGuiApplication::primaryScreen();
+  bool reachable = false;
+  for (const QScreen* screen : QGuiApplication::screens()) {
+    const QSize seen = (screen->availableGeometry() & title).size();
+    if (seen.width() < std::min(kGrip.width(), window.width()) || seen.height() < kGrip.height())
+      continue;
+    on = screen;
+    reachable = true;
+  }
+  const QSize room = roomOn(*on);
+  if (reachable && window.size().boundedTo(room) == window.size()) return window;
+  window.setSize(window.size().boundedTo(room));
+  const QRect all = on->availableGeometry();
+  window.moveTo(std::clamp(window.x(), all.x(), all.x() + all.width() - window.width()),
+                std::clamp(window.y(), all.y(), all.y() + all.height() - window.height()));
+  return window;
+}
 
 }  // namespace
 
@@ -32,8 +55,8 @@ FormWindow::FormWindow(Form& form, Desktop& desktop, EventGate& gate, FormWindow
   form.surface != nullptr ? makeSurface() : makeControls();
   watchFocus();
   form.onShown = [this] { refresh(); };
-  refresh();
   resize(sizeHint().boundedTo(roomOn(*screen())));
+  refresh();
 }
 
 FormWindow::~FormWindow() { form_.onShown = nullptr; }
@@ -81,11 +104,17 @@ QWidget* FormWindow::widget(const Control& control) const {
   return found == widgets_.end() ? nullptr : found->second;
 }
 
-// A window without a frame fills the screen.
+// A window without a frame fills the screen. One that a person has maximized stays so.
 void FormWindow::open() {
   setWindowModality(form_.modal() ? Qt::ApplicationModal : Qt::NonModal);
-  if (!form_.framed) return showFullScreen();
-  form_.maximized ? showMaximized() : showNormal();
+  const bool goesBack = maximized_ && !form_.maximized;
+  framed_ = form_.framed;
+  maximized_ = form_.maximized;
+  if (!framed_) return showFullScreen();
+  if (maximized_) return showMaximized();
+  const Qt::WindowStates back = goesBack ? Qt::WindowMaximized : Qt::WindowNoState;
+  setWindowState(windowState() & ~(Qt::WindowMinimized | Qt::WindowFullScreen | back));
+  show();
 }
 
 // A window that the system has made the active one needs no more: asking again would set two
@@ -100,11 +129,33 @@ void FormWindow::activate() {
 void FormWindow::refresh() {
   setWindowTitle(text(form_.caption()));
   takeAllKeys(form_.onAnyKey != nullptr);
-  const bool fullScreen = !form_.framed;
-  if (isVisible() &&
-      (isFullScreen() != fullScreen || isMaximized() != (form_.framed && form_.maximized)))
-    open();
+  if (isVisible() && (framed_ != form_.framed || maximized_ != form_.maximized)) open();
   if (form_.width() != declaredWidth_) followSize();
+  if (const auto place = form_.takeWantedPlace()) takePlace(*place);
+}
+
+// While a window fills its screen it keeps the place that it goes back to.
+void FormWindow::notePlace() {
+  if (!isVisible() || isMinimized() || isFullScreen()) return;
+  if (!isMaximized()) return form_.notePlace({pos().x(), pos().y(), width(), height(), false});
+  const QRect back = normalGeometry();
+  WindowPlace place =
+      form_.place().value_or(WindowPlace{back.x(), back.y(), back.width(), back.height(), true});
+  place.maximized = true;
+  form_.notePlace(place);
+}
+
+void FormWindow::takePlace(const WindowPlace& place) {
+  const QRect fitted = onAScreen({place.x, place.y, place.width, place.height});
+  if (isMaximized() && !place.maximized) setWindowState(windowState() & ~Qt::WindowMaximized);
+  move(fitted.topLeft());
+  resize(fitted.size());
+  if (place.maximized) setWindowState(windowState() | Qt::WindowMaximized);
+}
+
+void FormWindow::changeEvent(QEvent* event) {
+  if (event->type() == QEvent::WindowStateChange) notePlace();
+  QWidget::changeEvent(event);
 }
 
 // The declared width is in units of another window system: another one means that the window takes

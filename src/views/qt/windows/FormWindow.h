@@ -29,8 +29,13 @@ class FormWindow : public QWidget {
   void closeEvent(QCloseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
+  void moveEvent(QMoveEvent*) override { notePlace(); }
+  void resizeEvent(QResizeEvent*) override { notePlace(); }
+  void changeEvent(QEvent* event) override;
 
  private:
+  void notePlace();
+  void takePlace(const WindowPlace& place);
   void makeSurface();
   void makeControls();
   QMenuBar* makeMenus();
@@ -48,6 +53,8 @@ class FormWindow : public QWidget {
   std::map<const Control*, QWidget*> widgets_;
   bool clicked_ = false;  // the focus came by the mouse
   bool allKeys_ = false;  // are the window's
+  bool framed_ = true;    // as the form said last
+  bool maximized_ = false;
   int declaredWidth_ = 0;
   std::map<int, QSize> sizes_;  // that the window had, by its declared width
 };

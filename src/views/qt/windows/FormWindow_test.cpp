@@ -1,5 +1,7 @@
 #include "views/qt/windows/FormWindow.h"
 
+#include <QScreen>
+
 #include "views/qt/testing/Settle.h"
 #include "views/qt/testing/ShownForm.h"
 
@@ -94,6 +96,64 @@ TEST_F(FormWindows, AnotherDeclaredWidthTakesTheWindowToItsControls) {
   EXPECT_TRUE(QTest::qWaitFor([&] { return width() < 900; }));
   plain->setSize(8200, 100);
   EXPECT_TRUE(QTest::qWaitFor([&] { return width() == 900; })) << "it comes back as it was";
+}
+
+TEST_F(FormWindows, TellTheirPlaceAndTakeTheOneThatIsWanted) {
+  FormWindow& window = show({&button});
+  window.move(60, 50);
+  window.resize(300, 200);
+  settle();
+  ASSERT_TRUE(form->place());
+  EXPECT_EQ(*form->place(), (WindowPlace{60, 50, 300, 200, false}));
+  form->moveTo({90, 70, 400, 250, false});
+  settle();
+  EXPECT_EQ(window.geometry(), QRect(90, 70, 400, 250));
+  EXPECT_EQ(*form->place(), (WindowPlace{90, 70, 400, 250, false}));
+}
+
+TEST_F(FormWindows, APlaceOnNoScreenIsMovedToOne) {
+  FormWindow& window = show({&button});
+  const QRect screen = window.screen()->availableGeometry();
+  for (const WindowPlace& place :
+       {WindowPlace{5000, 100, 300, 200, false}, WindowPlace{-2000, -900, 300, 200, false},
+        WindowPlace{100, screen.bottom(), 300, 200, false}, WindowPlace{0, 0, 9000, 9000, false}}) {
+    form->moveTo(place);
+    settle();
+    EXPECT_TRUE(screen.contains(window.geometry())) << place.x << " " << place.y;
+  }
+}
+
+TEST_F(FormWindows, AWindowThatFillsTheScreenKeepsThePlaceThatItGoesBackTo) {
+  FormWindow& window = show({&button});
+  form->moveTo({60, 50, 300, 200, true});
+  EXPECT_TRUE(QTest::qWaitFor([&] { return window.isMaximized(); }));
+  settle();
+  EXPECT_EQ(*form->place(), (WindowPlace{60, 50, 300, 200, true}));
+  form->moveTo({60, 50, 300, 200, false});
+  EXPECT_TRUE(QTest::qWaitFor([&] { return !window.isMaximized(); }));
+  settle();
+  EXPECT_EQ(window.geometry(), QRect(60, 50, 300, 200));
+}
+
+TEST_F(FormWindows, AWindowThatAPersonHasMaximizedStaysSo) {
+  FormWindow& window = show({&button});
+  window.showMaximized();
+  settle();
+  form->setCaption("plain*");
+  settle();
+  EXPECT_TRUE(window.isMaximized());
+  EXPECT_TRUE(form->place() && form->place()->maximized);
+}
+
+TEST_F(FormWindows, AWindowThatWasNotShownYetOpensAtItsPlace) {
+  PlainForm other("other", {&inside});
+  desktop.add(other);
+  show({&button});
+  other.moveTo({120, 90, 320, 210, false});
+  gate.run([&] { desktop.show(other); });
+  settle();
+  EXPECT_EQ(view->window(other).geometry(), QRect(120, 90, 320, 210));
+  view.reset();
 }
 
 TEST_F(FormWindows, KeysThatNoControlTakesGoToTheForm) {

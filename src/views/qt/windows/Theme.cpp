@@ -10,6 +10,29 @@ namespace {
 
 constexpr int kTextPixels = 14;
 
+constexpr theme::Colors kDark = {.window = "#16181c",
+                                 .well = "#0e1013",
+                                 .face = "#2a2e36",
+                                 .faceOver = "#343943",
+                                 .line = "#3c424d",
+                                 .text = "#e8eaee",
+                                 .quiet = "#a3abb8",
+                                 .disabled = "#6b7280",
+                                 .accent = "#3d8fd9",
+                                 .live = "#f2b340",
+                                 .onAccent = "#ffffff"};
+constexpr theme::Colors kLight = {.window = "#f1f2f4",
+                                  .well = "#ffffff",
+                                  .face = "#e1e4e9",
+                                  .faceOver = "#d3d8df",
+                                  .line = "#b4bbc6",
+                                  .text = "#16181c",
+                                  .quiet = "#4d5563",
+                                  .disabled = "#8f97a3",
+                                  .accent = "#1d6fc0",
+                                  .live = "#a85f00",
+                                  .onAccent = "#ffffff"};
+
 // The words in braces are the colours of Theme.h.
 constexpr const char* kSheet = R"(
 QWidget { font-size: 14px; }
@@ -110,53 +133,55 @@ QDialogButtonBox { dialogbuttonbox-buttons-have-icons: 0; }
 QDialogButtonBox QPushButton { min-width: 64px; }
 )";
 
-QString filledIn(QString sheet) {
+QString filledIn(QString sheet, const theme::Colors& colors) {
   const std::pair<const char*, const char*> names[] = {
-      {"{window}", theme::kWindow}, {"{well}", theme::kWell},         {"{face}", theme::kFace},
-      {"{over}", theme::kFaceOver}, {"{line}", theme::kLine},         {"{text}", theme::kText},
-      {"{quiet}", theme::kQuiet},   {"{disabled}", theme::kDisabled}, {"{accent}", theme::kAccent},
-      {"{live}", theme::kLive},     {"{onAccent}", theme::kOnAccent},
+      {"{window}", colors.window}, {"{well}", colors.well},         {"{face}", colors.face},
+      {"{over}", colors.faceOver}, {"{line}", colors.line},         {"{text}", colors.text},
+      {"{quiet}", colors.quiet},   {"{disabled}", colors.disabled}, {"{accent}", colors.accent},
+      {"{live}", colors.live},     {"{onAccent}", colors.onAccent},
   };
   for (const auto& [name, color] : names) sheet.replace(name, color);
   return sheet;
 }
 
-QPalette palette() {
-  QPalette colors{QColor(theme::kFace), QColor(theme::kWindow)};
+QPalette palette(const theme::Colors& colors) {
+  QPalette result{QColor(colors.face), QColor(colors.window)};
   const std::pair<QPalette::ColorRole, const char*> roles[] = {
-      {QPalette::WindowText, theme::kText},
-      {QPalette::Base, theme::kWell},
-      {QPalette::AlternateBase, theme::kWindow},
-      {QPalette::Text, theme::kText},
-      {QPalette::PlaceholderText, theme::kDisabled},
-      {QPalette::ButtonText, theme::kText},
-      {QPalette::Mid, theme::kLine},
-      {QPalette::Highlight, theme::kAccent},
-      {QPalette::HighlightedText, theme::kOnAccent},
-      {QPalette::ToolTipBase, theme::kFace},
-      {QPalette::ToolTipText, theme::kText},
-      {QPalette::Link, theme::kAccent},
-      {QPalette::BrightText, theme::kLive},
+      {QPalette::WindowText, colors.text},
+      {QPalette::Base, colors.well},
+      {QPalette::AlternateBase, colors.window},
+      {QPalette::Text, colors.text},
+      {QPalette::PlaceholderText, colors.disabled},
+      {QPalette::ButtonText, colors.text},
+      {QPalette::Mid, colors.line},
+      {QPalette::Highlight, colors.accent},
+      {QPalette::HighlightedText, colors.onAccent},
+      {QPalette::ToolTipBase, colors.face},
+      {QPalette::ToolTipText, colors.text},
+      {QPalette::Link, colors.accent},
+      {QPalette::BrightText, colors.live},
   };
-  for (const auto& [role, color] : roles) colors.setColor(role, QColor(color));
+  for (const auto& [role, color] : roles) result.setColor(role, QColor(color));
   for (const QPalette::ColorRole role :
        {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
-    colors.setColor(QPalette::Disabled, role, QColor(theme::kDisabled));
+    result.setColor(QPalette::Disabled, role, QColor(colors.disabled));
   }
-  return colors;
+  return result;
 }
 
 }  // namespace
 
-void applyTheme(QApplication& application) {
+const theme::Colors& theme::colors(Shade shade) { return shade == Shade::Dark ? kDark : kLight; }
+
+void applyTheme(QApplication& application, Shade shade) {
   QApplication::setStyle(QStyleFactory::create("Fusion"));
-  QApplication::setPalette(palette());
+  QApplication::setPalette(palette(theme::colors(shade)));
   // The lists are in Verdana; where there is none, they and all the rest are in one other font.
   QFont font;
   font.setFamilies({"Verdana", "Inter", "Noto Sans", "Segoe UI", "DejaVu Sans"});
   font.setPixelSize(kTextPixels);
   QApplication::setFont(font);
-  application.setStyleSheet(filledIn(kSheet));
+  application.setStyleSheet(filledIn(kSheet, theme::colors(shade)));
 }
 
 }  // namespace korvane::qt
