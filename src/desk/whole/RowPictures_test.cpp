@@ -45,15 +45,17 @@ TEST_F(RowPicturesTest, TheRowThatPlaysShowsThePictureOfItsDeck) {
 }
 
 TEST_F(RowPicturesTest, EffectsThatDoNotPlayMoveInTheirRowsOnceTheyWereSeen) {
-  EXPECT_EQ(list.picture(2), nullptr);
+  EXPECT_EQ(list.picture(3), nullptr);
   watch(3000, 5);
   EXPECT_EQ(desk.pictures.filmsMade(), 4);  // the first row plays
-  std::vector<Raster> seen;
-  list.onPictures = [&] { seen.push_back(*list.picture(2)); };
+  std::vector<std::vector<Raster>> seen;
+  list.onPictures = [&] {
+    seen.push_back({*list.picture(1), *list.picture(2), *list.picture(3), *list.picture(4)});
+  };
   for (int passed = 0; passed < 2000; passed += 50) advance(50);
   list.onPictures = nullptr;
   ASSERT_GE(seen.size(), 9U);
-  EXPECT_TRUE(std::ranges::any_of(seen, [&](const Raster& one) { return one != seen.front(); }));
+  EXPECT_TRUE(std::ranges::any_of(seen, [&](const auto& one) { return one != seen.front(); }));
 }
 
 TEST_F(RowPicturesTest, NothingIsMadeOfWhatNobodySees) {

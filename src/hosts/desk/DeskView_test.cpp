@@ -91,6 +91,8 @@ TEST_F(DeskView, TheMenusHoldTheItemsWithTheirKeys) {
           "Lamps: Wiring Shift+F3\nLamps: Configure lamps F3\nLamps: Outputs ... F5\n"
           "Lamps: Channels F8\nLamps: Curve steeper Shift+F10\nLamps: Curve flatter Shift+F9\n"
           "View: Matrix F2\nView: Desk F4\nView: Narrow view F6\nView: Full view F7\n"
+          "View: Pictures in the lists \nView: Light or dark as the system \nView: Light \n"
+          "View: Dark \n"
           "Help: Keys F1\nHelp: Help Shift+F1");
 }
 

@@ -33,8 +33,11 @@ int paintPicture(QPainter& painter, const Raster* picture, const QRect& room) {
   const int side = room.height() - 2 * kPictureEdge;
   const QRect square(room.left(), room.top() + kPictureEdge, side, side);
   if (picture != nullptr) {
-    const QImage image(reinterpret_cast<const uchar*>(picture->data()), picture->width(),
-                       picture->height(), QImage::Format_RGBX8888);
+    QImage image(picture->width(), picture->height(), QImage::Format_RGB32);
+    for (int y = 0; y < image.height(); ++y) {
+      for (int x = 0; x < image.width(); ++x)
+        image.setPixelColor(x, y, toQColor(picture->pixel(x, y)));
+    }
     QRect target(QPoint(), image.size().scaled(square.size(), Qt::KeepAspectRatio));
     target.moveCenter(square.center());
     painter.drawImage(target, image);

@@ -31,7 +31,7 @@ QDBusConnection SystemShade::sessionBus() {
 // The answer is not waited for: a system that is slow to tell must not hold up a show.
 SystemShade::SystemShade(const QDBusConnection& bus) : bus_(bus) {
   if (!bus_.isConnected()) return;
-  bus_.connect(kService, kPath, kInterface, "SettingChanged", this,
+  bus_.connect(QString(), kPath, kInterface, "SettingChanged", this,
                SLOT(settingChanged(QString, QString, QDBusVariant)));
   QDBusMessage question = QDBusMessage::createMethodCall(kService, kPath, kInterface, "Read");
   question << QString(kGroup) << QString(kKey);

@@ -30,7 +30,7 @@ constexpr theme::Colors kLight = {.window = "#f1f2f4",
                                   .quiet = "#4d5563",
                                   .disabled = "#8f97a3",
                                   .accent = "#1d6fc0",
-                                  .live = "#a85f00",
+                                  .live = "#965400",
                                   .onAccent = "#ffffff"};
 
 // The words in braces are the colours of Theme.h.
