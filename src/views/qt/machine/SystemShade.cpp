@@ -1,8 +1,8 @@
 #include "views/qt/machine/SystemShade.h"
 
-#include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
+#include <QDBusVariant>
 #include <QFile>
 
 namespace korvane::qt {
@@ -31,8 +31,8 @@ QDBusConnection SystemShade::sessionBus() {
 // The answer is not waited for: a system that is slow to tell must not hold up a show.
 SystemShade::SystemShade(const QDBusConnection& bus) : bus_(bus) {
   if (!bus_.isConnected()) return;
-  bus_.connect(QString(), kPath, kInterface, "SettingChanged", this,
-               SLOT(settingChanged(QString, QString, QDBusVariant)));
+  bus_.connect(kService, kPath, kInterface, "SettingChanged", this,
+               SLOT(settingChanged(QDBusMessage)));
   QDBusMessage question = QDBusMessage::createMethodCall(kService, kPath, kInterface, "Read");
   question << QString(kGroup) << QString(kKey);
   auto* answer = new QDBusPendingCallWatcher(bus_.asyncCall(question), this);
@@ -43,9 +43,10 @@ SystemShade::SystemShade(const QDBusConnection& bus) : bus_(bus) {
   });
 }
 
-void SystemShade::settingChanged(const QString& group, const QString& key,
-                                 const QDBusVariant& value) {
-  if (group == kGroup && key == kKey) take(value.variant());
+// The setting's group, its name and its value.
+void SystemShade::settingChanged(const QDBusMessage& signal) {
+  const QList<QVariant> parts = signal.arguments();
+  if (parts.size() == 3 && parts[0] == kGroup && parts[1] == kKey) take(parts[2]);
 }
 
 void SystemShade::take(const QVariant& value) {

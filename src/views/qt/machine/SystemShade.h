@@ -1,7 +1,7 @@
 #pragma once
 
 #include <QDBusConnection>
-#include <QDBusVariant>
+#include <QDBusMessage>
 #include <QObject>
 #include <functional>
 
@@ -24,7 +24,7 @@ class SystemShade : public QObject {
   std::function<void()> onChange;
 
  private Q_SLOTS:
-  void settingChanged(const QString& group, const QString& key, const QDBusVariant& value);
+  void settingChanged(const QDBusMessage& signal);
 
  private:
   void take(const QVariant& value);

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QDBusMessage>
+#include <QDBusVariant>
 #include <QDBusVirtualObject>
 #include <QProcess>
 #include <QTest>
@@ -12,6 +13,7 @@ namespace {
 
 constexpr const char* kPath = "/org/freedesktop/portal/desktop";
 constexpr const char* kInterface = "org.freedesktop.portal.Settings";
+constexpr unsigned kDark = 1;
 constexpr unsigned kLight = 2;
 
 /// The settings of a desktop, as they stand on the bus of a session.
@@ -49,16 +51,31 @@ class SystemShadeTest : public testing::Test {
   QDBusConnection bus(const char* name) const {
     return QDBusConnection::connectToBus(address, name);
   }
+  void tell(const char* key, unsigned scheme) const {
+    QDBusMessage signal = QDBusMessage::createSignal(kPath, kInterface, "SettingChanged");
+    signal << QString("org.freedesktop.appearance") << QString(key)
+           << QVariant::fromValue(QDBusVariant(scheme));
+    bus("desktop").send(signal);
+  }
+
   QProcess daemon;
   QString address;
 };
 
-TEST_F(SystemShadeTest, IsWhatTheSystemSays) {
+TEST_F(SystemShadeTest, FollowsWhatTheSystemSays) {
   Settings settings(kLight);
   ASSERT_TRUE(bus("desktop").registerVirtualObject(kPath, &settings));
   SystemShade system(bus("program"));
   EXPECT_EQ(system.shade(), Shade::Dark) << "nobody waits for the answer";
   EXPECT_TRUE(QTest::qWaitFor([&] { return system.shade() == Shade::Light; }));
+  int changes = 0;
+  system.onChange = [&changes] { ++changes; };
+  tell("color-scheme", kDark);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return system.shade() == Shade::Dark; }));
+  tell("accent-color", kLight);
+  tell("color-scheme", kLight);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return system.shade() == Shade::Light; }));
+  EXPECT_EQ(changes, 2);
 }
 
 TEST_F(SystemShadeTest, IsDarkWhereTheSystemSaysNothing) {
