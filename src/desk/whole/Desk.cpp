@@ -403,7 +403,9 @@ std::string Desk::whatIsWrong() {
   std::string text = kept_.fault();
   for (const std::string& one :
        {files.fault(), keys.bindings.fault(), setup.fault(), darkLamps()}) {
-    if (!one.empty()) text += (text.empty() ? "" : " ") + one;
+    if (one.empty()) continue;
+    if (!text.empty()) text += text.back() == '.' ? " " : ". ";
+    text += one;
   }
   return text;
 }
