@@ -16,6 +16,7 @@ constexpr std::size_t kMostChanges = 5;  // that are told of a show that was kep
 
 constexpr int kMasterStep = 5;      // per cent a key
 constexpr double kCurveStep = 0.1;  // gamma a key
+constexpr int kShareStep = 5;       // per cent of a colour a key
 constexpr int kFull = 100;          // per cent
 
 // First argument of a view change.
@@ -153,8 +154,19 @@ void Desk::bindLevels() {
   master.onChange = [this] { levels_.master = form.grandMaster.value(); };
   form.masterUp.onClick = [&master] { master.setValue(master.value() + kMasterStep); };
   form.masterDown.onClick = [&master] { master.setValue(master.value() - kMasterStep); };
-  form.steeper.onClick = [this] { setup.bendCurve(kCurveStep); };
-  form.flatter.onClick = [this] { setup.bendCurve(-kCurveStep); };
+  const auto bend = [this](double by) {
+    setup.changeLook([by](OutputLook& look) { look.bendCurve(by); });
+  };
+  form.steeper.onClick = [bend] { bend(kCurveStep); };
+  form.flatter.onClick = [bend] { bend(-kCurveStep); };
+  std::size_t color = 0;
+  for (CommandItem* less : {&form.lessRed, &form.lessGreen, &form.lessBlue})
+    less->onClick = [this, at = color++] {
+      setup.changeLook([at](OutputLook& look) { look.shiftShare(at, -kShareStep); });
+    };
+  form.whiteBack.onClick = [this] {
+    setup.changeLook([](OutputLook& look) { look.balance = OutputLook().balance; });
+  };
 }
 
 // The outputs of the last time.

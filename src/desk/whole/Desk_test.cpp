@@ -282,6 +282,19 @@ TEST_F(TestDesk, GrandMasterAndCurveHaveKeys) {
   EXPECT_EQ(desk.setup.panel.gamma.text(), "1");
 }
 
+TEST_F(TestDesk, WhiteBalanceHasKeys) {
+  event([this] { desk.setup.use(parseOutput("sacn:1@127.0.0.1:5999")); });
+  light();  // red
+  click(desk.form.lessRed);
+  click(desk.form.lessRed);
+  click(desk.form.lessBlue);
+  click(desk.form.lessGreen);
+  EXPECT_EQ(feed.outputs.at(0).config().look.balance, (std::array{90, 95, 95}));
+  EXPECT_EQ(feed.outputs.at(0).newest().universes[0][0], 230) << "90 % of 255";
+  click(desk.form.whiteBack);
+  EXPECT_EQ(feed.outputs.at(0).newest().universes[0][0], 255);
+}
+
 TEST_F(TestDesk, ClosesAtOnceIfNothingWouldBeLost) {
   bool quit = false;
   desk.onQuit = [&quit] { quit = true; };

@@ -62,8 +62,9 @@ void DeskForm::addControls() {
   add({&hint, &pane, &dmx, &blackout, &freeze, &beat, &grandMaster, &channels, &wiring, &output});
   add({&save, &saveAs, &openLast, &quit, &undo, &redo, &configure, &tool, &front, &narrow, &full,
        &keys, &help, &sent, &wrong});
-  add({&masterUp, &masterDown, &steeper, &flatter, &faderLeft, &faderRight, &faderFarLeft,
-       &faderFarRight, &cutLeft, &cutRight, &fadeLeft, &fadeRight});
+  add({&masterUp, &masterDown, &steeper, &flatter, &lessRed, &lessGreen, &lessBlue, &whiteBack,
+       &faderLeft, &faderRight, &faderFarLeft, &faderFarRight, &cutLeft, &cutRight, &fadeLeft,
+       &fadeRight});
   for (const auto& item : recent) add({item.get()});
   add({&cues, &looks[0], &looks[1], &looks[2], &pictures});
   for (const Items* items : {&commands, &leftEffects, &rightEffects, &fades})
@@ -95,8 +96,9 @@ void DeskForm::declareMenus() {
   std::vector<MenuItem*> runs = {&cues, nullptr};
   append(runs, commands);
   menus.push_back({"Cues", runs});
-  menus.push_back(
-      {"Lamps", {&wiring, &configure, &output, &channels, nullptr, &steeper, &flatter}});
+  menus.push_back({"Lamps",
+                   {&wiring, &configure, &output, &channels, nullptr, &steeper, &flatter, nullptr,
+                    &lessRed, &lessGreen, &lessBlue, &whiteBack}});
   menus.push_back({"View",
                    {&tool, &front, nullptr, &narrow, &full, nullptr, &pictures, nullptr, &looks[0],
                     &looks[1], &looks[2]}});

@@ -34,6 +34,8 @@ class DeskForm : public Form {
   CommandItem beat{"beat"}, blackout{"blackout"}, freeze{"freeze"}, dmx{"dmx"};
   CommandItem masterUp{"masterUp"}, masterDown{"masterDown"};
   CommandItem steeper{"steeper"}, flatter{"flatter"};
+  CommandItem lessRed{"lessRed"}, lessGreen{"lessGreen"}, lessBlue{"lessBlue"};
+  CommandItem whiteBack{"whiteBack"};
   CommandItem faderLeft{"faderLeft"}, faderRight{"faderRight"};
   CommandItem faderFarLeft{"faderFarLeft"}, faderFarRight{"faderFarRight"};
   CommandItem cutLeft{"cutLeft"}, cutRight{"cutRight"};

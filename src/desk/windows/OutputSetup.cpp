@@ -188,10 +188,10 @@ void OutputSetup::apply() {
   }
 }
 
-void OutputSetup::bendCurve(double gamma) {
+void OutputSetup::changeLook(const std::function<void(OutputLook&)>& change) {
   if (chosen() < 0) return;
   OutputConfig config = output().config();
-  config.look.bendCurve(gamma);
+  change(config.look);
   output().configure(config);
   showChosen();
   kept();

@@ -29,8 +29,8 @@ class OutputSetup : public Form {
   void takeAll(const std::vector<OutputEntry>& entries);
   /// What is to be remembered.
   std::vector<OutputEntry> entries() const;
-  /// Gives the chosen output another curve: so much more gamma.
-  void bendCurve(double gamma);
+  /// Gives the chosen output another curve or white balance.
+  void changeLook(const std::function<void(OutputLook&)>& change);
   /// Whether an output is on.
   bool sending() const;
   /// Which universes of the wall the outputs that are on carry, by number; empty if none is on or

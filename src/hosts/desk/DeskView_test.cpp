@@ -90,6 +90,8 @@ TEST_F(DeskView, TheMenusHoldTheItemsWithTheirKeys) {
           "Cues: Automatic play Ctrl+Shift+A\nCues: Tap Ctrl+T\n"
           "Lamps: Wiring Shift+F3\nLamps: Configure lamps F3\nLamps: Outputs ... F5\n"
           "Lamps: Channels F8\nLamps: Curve steeper Shift+F10\nLamps: Curve flatter Shift+F9\n"
+          "Lamps: Less red Ctrl+F9\nLamps: Less green Ctrl+F10\nLamps: Less blue Ctrl+F11\n"
+          "Lamps: White balance off Ctrl+F12\n"
           "View: Matrix F2\nView: Desk F4\nView: Narrow view F6\nView: Full view F7\n"
           "View: Pictures in the lists \nView: Light or dark as the system \nView: Light \n"
           "View: Dark \n"
