@@ -59,7 +59,7 @@ struct Show {
 void stepping(benchmark::State& state) {
   Show shortList(kShort), longList(static_cast<int>(state.range(0)));
   std::vector<double> ratios, times;
-  for (auto _ : state) {
+  while (state.KeepRunning()) {
     const auto stepShort = [&] { shortList.go(); };
     const auto stepLong = [&] { longList.go(); };
     const double little = nanosecondsEach(kGos, stepShort);
