@@ -16,17 +16,6 @@ constexpr std::array<const char*, 2> kSides = {"left", "right"};
 constexpr int kMostRow = 255;
 constexpr int kMostCues = 100000;
 
-template <class Enum, class Words>
-void takeEnum(const Member& member, Enum& target, const Words& words) {
-  int index = 0;
-  if (member.takeWord(index, words)) target = static_cast<Enum>(index);
-}
-
-template <class Words, class Enum>
-const char* word(const Words& words, Enum value) {
-  return words.at(static_cast<std::size_t>(value));
-}
-
 using ShowRows = std::array<std::vector<ShowStage::Row>, 3>;
 
 ShowRows rowsOf(const ShowStage& stage) {
@@ -64,9 +53,9 @@ Json toJson(const Cue& cue, const ShowRows& rows) {
   Json json = {{"name", cue.name}};
   for (std::size_t list = 0; list < rows.size(); ++list)
     json[kListNames[list]] = toJson(cue.rows[list], rows[list]);
-  json["move"] = word(kMoves, cue.move);
+  json["move"] = wordOf(kMoves, cue.move);
   json["master"] = cue.master ? Json(*cue.master) : Json();
-  json["end"] = word(kEnds, cue.end);
+  json["end"] = wordOf(kEnds, cue.end);
   json["after"] = cue.after;
   return json;
 }
@@ -105,7 +94,7 @@ void read(const Member& member, ShowRun& run) {
 
 Json toJson(const AutoPlaySettings& settings) {
   return {{"every", settings.every},
-          {"unit", word(kUnits, settings.unit)},
+          {"unit", wordOf(kUnits, settings.unit)},
           {"random", settings.random}};
 }
 
@@ -172,7 +161,7 @@ Json toJson(const ShowRun& run) {
     json[kListNames[index]] = toJson(RowRef{run.stage.selected(list)}, rows[index]);
   }
   const std::optional<Side> side = sideOf(run);
-  json["seen"] = side ? Json(word(kSides, *side)) : Json();
+  json["seen"] = side ? Json(wordOf(kSides, *side)) : Json();
   json["master"] = run.stage.master();
   return json;
 }

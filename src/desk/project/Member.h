@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <functional>
 #include <nlohmann/json.hpp>
 #include <span>
@@ -47,5 +48,18 @@ class Member {
   std::string path_;
   std::vector<std::string>* faults_;
 };
+
+/// One of the words, which stand in the order of the enumeration's values.
+template <class Enum, class Words>
+void takeEnum(const Member& member, Enum& target, const Words& words) {
+  int index = 0;
+  if (member.takeWord(index, words)) target = static_cast<Enum>(index);
+}
+
+/// The word that takeEnum() takes for a value.
+template <class Words, class Enum>
+const char* wordOf(const Words& words, Enum value) {
+  return words.at(static_cast<std::size_t>(value));
+}
 
 }  // namespace korvane

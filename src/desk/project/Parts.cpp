@@ -17,20 +17,9 @@ constexpr std::array<const char*, 5> kTurns = {"none", "quarter", "half", "three
 
 constexpr int kLastPort = 65535;
 
-template <class Enum, class Words>
-void takeEnum(const Member& member, Enum& target, const Words& words) {
-  int index = 0;
-  if (member.takeWord(index, words)) target = static_cast<Enum>(index);
-}
-
-template <class Words, class Enum>
-const char* word(const Words& words, Enum value) {
-  return words.at(static_cast<std::size_t>(value));
-}
-
 Json toJson(const WirePath& path) {
-  return {{"start", word(kCorners, path.start)},
-          {"along", word(kAlong, path.columns)},
+  return {{"start", wordOf(kCorners, path.start)},
+          {"along", wordOf(kAlong, path.columns)},
           {"snake", path.snake}};
 }
 
@@ -43,7 +32,7 @@ void take(const Member& member, WirePath& path) {
 Json toJson(const PanelPlan& panels) {
   return {{"columns", panels.cols},      {"rows", panels.rows},
           {"across", panels.across},     {"down", panels.down},
-          {"path", toJson(panels.path)}, {"turn", word(kTurns, panels.turn)}};
+          {"path", toJson(panels.path)}, {"turn", wordOf(kTurns, panels.turn)}};
 }
 
 void take(const Member& member, PanelPlan& panels) {
@@ -97,8 +86,8 @@ Json toJson(const WiringPlan& plan) {
           {"universe", plan.first.universe},
           {"channel", plan.first.channel},
           {"path", toJson(plan.path)},
-          {"colours", word(kColorOrderNames, plan.order)},
-          {"fill", word(kFills, plan.fill)},
+          {"colours", wordOf(kColorOrderNames, plan.order)},
+          {"fill", wordOf(kFills, plan.fill)},
           {"lampsPerUniverse", plan.lampsPerUniverse},
           {"skipped", plan.skipped},
           {"panels", plan.panels ? toJson(*plan.panels) : Json()}};
