@@ -27,7 +27,7 @@ std::string escaped(const std::string& name) {
 std::string shown(const Json& value) {
   if (value.is_object()) return "an object";
   if (value.is_array()) return "a list";
-  const std::string text = value.dump(-1, ' ', false, Json::error_handler_t::replace);
+  std::string text = value.dump(-1, ' ', false, Json::error_handler_t::replace);
   const std::vector<std::string> letters = characters(text);
   if (letters.size() <= kMostShown) return text;
   std::string begin;
