@@ -8,6 +8,9 @@ target_compile_options(korvane-flags INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wno-res
 if(CMAKE_SIZEOF_VOID_P EQUAL 4 AND CMAKE_SYSTEM_PROCESSOR MATCHES "86")
   target_compile_options(korvane-flags INTERFACE -msse2 -mfpmath=sse)
 endif()
+if(WIN32)
+  target_compile_definitions(korvane-flags INTERFACE NOMINMAX)  # min and max are functions
+endif()
 
 set(CMAKE_CXX_FLAGS_RELEASE "-O3 -DNDEBUG")
 set(CMAKE_CXX_FLAGS_DEBUG "-O1 -g")
@@ -60,7 +63,7 @@ function(korvane_test_program name suffix)
     return()
   endif()
   add_executable(${name} ${sources})
-  target_link_libraries(${name} PRIVATE korvane-flags GTest::gtest GTest::gtest_main GTest::gmock)
+  target_link_libraries(${name} PRIVATE korvane-flags korvane-testing GTest::gtest GTest::gtest_main GTest::gmock)
   # Most of a test's time to compile goes into these headers.
   target_precompile_headers(${name} PRIVATE
     <gmock/gmock.h> <gtest/gtest.h> <functional> <map> <optional> <string> <vector>)

@@ -58,7 +58,7 @@ void put(Console& console, const Arguments& arguments, Json&) {
   frame.at(col, row) = colorParts(arguments.color(3, "COLOR"));
 }
 
-constexpr Command kCommands[] = {
+constexpr Command kDeskCommands[] = {
     {"open", "", open},
     {"call", "OPERATION [ARG...]", call},
     {"message", "MSG [ARG1 ARG2]", message},
@@ -70,6 +70,6 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-std::span<const Command> deskCommands() { return kCommands; }
+std::span<const Command> deskCommands() { return kDeskCommands; }
 
 }  // namespace korvane

@@ -123,15 +123,15 @@ class RandomCommands {
 };
 
 /// A desk with an open plug-in, in a folder of its own.
-struct Desk {
-  explicit Desk(const std::string& name) : folder(testing::TempDir() + name) {
+struct FuzzedDesk {
+  explicit FuzzedDesk(const std::string& name) : folder(testing::TempDir() + name) {
     std::filesystem::remove_all(folder);
     std::filesystem::create_directories(folder);
     plugin.plugIn.ITharnPlugin_Init("", "", host);
   }
-  ~Desk() { std::filesystem::remove_all(folder); }
-  Desk(const Desk&) = delete;
-  Desk& operator=(const Desk&) = delete;
+  ~FuzzedDesk() { std::filesystem::remove_all(folder); }
+  FuzzedDesk(const FuzzedDesk&) = delete;
+  FuzzedDesk& operator=(const FuzzedDesk&) = delete;
 
   std::string folder;
   ConsolePlatform platform;
@@ -147,7 +147,7 @@ struct Desk {
 };
 
 TEST(Fuzz, RandomCommandsNeverBreakThePlugIn) {
-  Desk desk("korvane-console-fuzz");
+  FuzzedDesk desk("korvane-console-fuzz");
   desk.interpreter.answer("open");
   int good = 0;
   for (int i = 0; i < kLines; ++i) {
@@ -188,14 +188,14 @@ std::vector<std::string> differences(const std::string& saved, const std::string
 
 /// Saves what the desk has; whether it says that it is saved. Then another desk can load it, and
 /// has the same.
-bool isKept(Desk& desk) {
+bool isKept(FuzzedDesk& desk) {
   const std::string path = desk.folder + "/kept.Korvane";
   desk.platform.boxes.clear();
   desk.platform.answers = {path};
   desk.plugin.matrixForm.save.click();
   desk.platform.answers.clear();
   if (desk.platform.boxes != std::vector<std::string>{"Matrix Project saved"}) return false;
-  Desk other("korvane-console-kept");
+  FuzzedDesk other("korvane-console-kept");
   writeDefinition(desk.engine, other.folder + "/show.korvaneconf", "grid");
   other.interpreter.answer("open");
   openProject(other.engine, path);
@@ -205,7 +205,7 @@ bool isKept(Desk& desk) {
 
 // Without unpick, which makes a list without a selection: such a show is not readable, as told.
 TEST(Fuzz, WhatSaysThatItIsSavedCanBeLoadedAndHoldsTheSame) {
-  Desk desk("korvane-console-saves");
+  FuzzedDesk desk("korvane-console-saves");
   desk.interpreter.answer("open");
   int saved = 0;
   for (int i = 0; i < kLinesBetweenSaves * kSaves; ++i) {

@@ -154,7 +154,7 @@ void boxes(Console& console, const Arguments&, Json& reply) {
   reply["boxes"] = std::exchange(console.platform.boxes, {});
 }
 
-constexpr Command kCommands[] = {
+constexpr Command kLookCommands[] = {
     {"forms", "", forms},      {"get", "NAME", get},
     {"timers", "", timers},    {"now", "", now},
     {"frame", "FRAME", frame}, {"fademap", "", fademap},
@@ -167,6 +167,6 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-std::span<const Command> lookCommands() { return kCommands; }
+std::span<const Command> lookCommands() { return kLookCommands; }
 
 }  // namespace korvane

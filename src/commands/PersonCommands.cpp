@@ -163,7 +163,7 @@ void queueAnswer(Console& console, const Arguments& arguments, Json&) {
   console.platform.answers.push_back(path == "cancel" ? std::nullopt : std::optional(path));
 }
 
-constexpr Command kCommands[] = {
+constexpr Command kPersonCommands[] = {
     {"click", "NAME", asPerson<click>},
     {"set", "NAME VALUE", asPerson<set>},
     {"pick", "NAME ROW [COL]", asPerson<pick>},
@@ -180,6 +180,6 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-std::span<const Command> personCommands() { return kCommands; }
+std::span<const Command> personCommands() { return kPersonCommands; }
 
 }  // namespace korvane

@@ -5,7 +5,7 @@
 //   KORVANE_ACTIONS=1000000 KORVANE_SEED=1 korvane-commands-tests
 //   --gtest_filter='RandomPlay.*'
 
-#include "commands/RandomOperator.h"
+#include "commands/TestOperator.h"
 
 namespace korvane {
 namespace {

@@ -17,6 +17,7 @@
 #include "desk/whole/Desk.h"
 #include "persistence/MatrixDefinition.h"
 #include "persistence/ProjectFile.h"
+#include "testing/SourceFolder.h"
 
 namespace korvane {
 namespace {
@@ -103,7 +104,7 @@ class WorkedDesk {
                             }}};
   RandomPerson person_;
   std::string folder_;
-  std::vector<Example> examples_ = examplesIn(KORVANE_SOURCE_DIR "/examples");
+  std::vector<Example> examples_ = examplesIn(sourceFolder() + "/examples");
 };
 
 TEST(UndoneOperator, FindsTheFirstStateByteForByteAndTheLastOne) {

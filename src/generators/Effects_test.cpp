@@ -6,6 +6,8 @@
 #include <sstream>
 #include <type_traits>
 
+#include "testing/SourceFolder.h"
+
 namespace korvane {
 namespace {
 
@@ -28,7 +30,7 @@ std::string listed(std::int16_t type) {
 }
 
 TEST(Effects, StandInTheDocsAsInTheTable) {
-  std::ifstream stream(KORVANE_SOURCE_DIR "/docs/file-formats.md");
+  std::ifstream stream(sourceFolder() + "/docs/file-formats.md");
   std::stringstream docs;
   docs << stream.rdbuf();
   for (std::int16_t type = 0; kindOf(type) != nullptr; ++type) {

@@ -14,7 +14,7 @@ namespace korvane {
 namespace {
 
 constexpr std::int16_t kDefaultSide = 12;
-constexpr int kComponents = 3;
+constexpr int kCodesOfCell = 3;
 
 std::vector<std::string> nextFields(LineReader& file) {
   std::string line;
@@ -120,7 +120,7 @@ MatrixDefinition readDefinition(const std::string& path, Disk& disk) {
     definition.rows = file.integer16(field(size, 1, file));
     for (std::int64_t cells = cellsToRead(definition); cells > 0; --cells) {
       const std::vector<std::string> codes = nextFields(file);
-      for (std::size_t component = 0; component < kComponents; ++component)
+      for (std::size_t component = 0; component < kCodesOfCell; ++component)
         definition.codes.push_back(file.integer32(field(codes, component, file)));
     }
   } catch (const Failure&) {
@@ -141,7 +141,7 @@ void applyDefinition(Engine& engine, const MatrixDefinition& definition,
   auto code = definition.codes.begin();
   for (int col = 0; col < v.matrixCols; ++col) {
     for (int row = 0; row < v.matrixRows; ++row) {
-      for (int component = 0; component < kComponents; ++component) {
+      for (int component = 0; component < kCodesOfCell; ++component) {
         if (code == definition.codes.end()) std::rethrow_exception(definition.end);
         v.channelMap.set(col, row, component, *code++);
       }

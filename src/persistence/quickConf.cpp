@@ -9,7 +9,7 @@ namespace korvane {
 namespace {
 
 constexpr std::int32_t kLastCode = kUniverses * kUniverseChannels;
-constexpr int kComponents = 3;
+constexpr int kCodesOfLamp = 3;
 
 constexpr const char* kExplanation =
     "This tool will configure the RGB Matrix by adding 3 channels per RGB-Light up from the Base "
@@ -55,7 +55,7 @@ quickConf::quickConf(Engine& engine, MatrixConf& conf)
 void quickConf::OKButton_Click() {
   Variablen& v = engine_.v;
   const std::int32_t base = number(BaseAddress) + (number(Universe) - 1) * kUniverseChannels;
-  if (base + mul16(mul16(v.matrixCols, v.matrixRows), kComponents) > kLastCode) {
+  if (base + mul16(mul16(v.matrixCols, v.matrixRows), kCodesOfLamp) > kLastCode) {
     engine_.platform.messageBox("Base Address not valid ! Value is too large for this Matrix !");
     return;
   }

@@ -110,6 +110,9 @@ struct TextBoxStyle {
   int lines = 1;
 };
 
+/// Of a field whose text counts when the person leaves it or presses Enter.
+inline constexpr TextBoxStyle kTakenAtTheEnd{.commit = TextBoxStyle::Commit::OnLeave};
+
 class TextBox : public Control {
  public:
   explicit TextBox(std::string name, Look look = {}, std::string text = {}, TextBoxStyle style = {})

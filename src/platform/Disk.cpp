@@ -18,7 +18,7 @@ void require(const std::error_code& error, const std::string& path) {
   if (error) throw std::system_error(error, path);
 }
 
-Disk::Kind kindOf(fs::file_type type) {
+Disk::Kind kindOfFile(fs::file_type type) {
   switch (type) {
     case fs::file_type::none:
       return Disk::Kind::Unknown;
@@ -37,7 +37,7 @@ class MachineDisk : public Disk {
  public:
   Kind kind(const std::string& path) override {
     std::error_code error;
-    return kindOf(fs::status(systemPath(path), error).type());
+    return kindOfFile(fs::status(systemPath(path), error).type());
   }
   std::uintmax_t size(const std::string& path) override {
     std::error_code error;

@@ -10,9 +10,6 @@
 namespace korvane {
 namespace {
 
-constexpr Color kRed = rgb(255, 0, 0);
-constexpr Color kBlue = rgb(0, 0, 255);
-
 class PictureBoxTest : public testing::Test {
  protected:
   PictureBoxTest() {

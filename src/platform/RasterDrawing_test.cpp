@@ -9,8 +9,6 @@
 namespace korvane {
 namespace {
 
-constexpr Color kWhite = rgb(255, 255, 255);
-
 Raster ellipse(int width, int height, bool filled) {
   Raster raster(width, height);
   raster.drawEllipse(0, 0, width - 1, height - 1, kWhite, filled);

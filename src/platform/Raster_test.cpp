@@ -9,9 +9,6 @@
 namespace korvane {
 namespace {
 
-constexpr Color kRed = rgb(255, 0, 0);
-constexpr Color kBlue = rgb(0, 0, 255);
-
 Raster filled(int x1, int y1, int x2, int y2) {
   Raster raster(5, 4);
   raster.fillRect(x1, y1, x2, y2, kRed);

@@ -9,9 +9,6 @@
 namespace korvane {
 namespace {
 
-constexpr Color kBlue = rgb(0, 0, 255);
-constexpr Color kWhite = rgb(255, 255, 255);
-
 // What the moving effects do with the deck's picture and counters as they start: by a row of the
 // list, by another type, or by the type that the record has already.
 class EffectStart : public CellEffects {
@@ -229,7 +226,6 @@ struct Default {
 // A field that a type does not set keeps what it held.
 TEST_P(EffectStart, AChangeOfTypeSetsItsDefaults) {
   constexpr Color kYellow = rgb(255, 255, 0);
-  constexpr Color kRed = rgb(255, 0, 0);
   for (const Default& row :
        {Default{kFire, kYellow, kRed, 9, 80, 30}, Default{kFluid, kBlue, kWhite, 5, 80, 40},
         Default{kTicker, kWhite, 0, 3, 75, 17}}) {

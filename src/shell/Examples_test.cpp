@@ -1,12 +1,13 @@
 #include <array>
 #include <fstream>
 
+#include "testing/SourceFolder.h"
 #include "testing/TestPlugin.h"
 
 namespace korvane {
 namespace {
 
-constexpr const char* kFolder = KORVANE_SOURCE_DIR "/examples/";
+const std::string kFolder = sourceFolder() + "/examples/";
 
 // A show, its grid, and digests of all it showed in its minute and of the file that it is saved as.
 struct Example {

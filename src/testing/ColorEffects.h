@@ -9,10 +9,6 @@
 
 namespace korvane {
 
-inline constexpr Color kRed = rgb(255, 0, 0);
-inline constexpr Color kGreen = rgb(0, 255, 0);
-inline constexpr Color kBlue = rgb(0, 0, 255);
-
 /// What the tests of Color Change and Color Scroll share: an open window, and a deck whose first
 /// record becomes an effect with a list of colours.
 class ColorEffects : public TestPlugin {

@@ -9,6 +9,12 @@
 
 namespace korvane {
 
+inline constexpr Color kBlack = rgb(0, 0, 0);
+inline constexpr Color kWhite = rgb(255, 255, 255);
+inline constexpr Color kRed = rgb(255, 0, 0);
+inline constexpr Color kGreen = rgb(0, 255, 0);
+inline constexpr Color kBlue = rgb(0, 0, 255);
+
 /// A small picture in text: one string a row, one letter a cell.
 using Drawing = std::vector<std::string>;
 

@@ -13,9 +13,6 @@ namespace korvane {
 class PaintTest : public TestDecks {
  protected:
   using Mouse = PictureBox::Mouse;
-  static constexpr Color kRed = rgb(255, 0, 0);
-  static constexpr Color kGreen = rgb(0, 255, 0);
-  static constexpr Color kBlue = rgb(0, 0, 255);
 
   void openWithGrid(int cols, int rows) {
     ASSERT_TRUE(open());

@@ -4,12 +4,6 @@
 #include <cmath>
 
 namespace korvane {
-namespace {
-
-constexpr std::int64_t kLookAtFade = 20;  // ms
-constexpr std::int64_t kMostLate = 1000;  // ms that are made up for
-
-}  // namespace
 
 AutoPlay::AutoPlay(TimerQueue& timers, ShowStage& stage)
     : timers_(timers), stage_(stage), timer_(timers, "timerAutoPlay") {

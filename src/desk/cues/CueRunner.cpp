@@ -7,8 +7,6 @@
 namespace korvane {
 namespace {
 
-constexpr int kLookAtFade = 20;             // ms
-constexpr std::int64_t kMostLate = 1000;    // ms that are made up for
 constexpr std::size_t kMostPlayed = 10000;  // that Back goes through in random order
 constexpr std::int64_t kLongAgo = std::numeric_limits<std::int64_t>::min() / 2;
 

@@ -8,6 +8,9 @@
 
 namespace korvane {
 
+inline constexpr std::int64_t kLookAtFade = 20;  ///< ms from one look at a running fade to the next
+inline constexpr std::int64_t kMostLate = 1000;  ///< ms that a late step is made up for
+
 /// What cues and automatic play act on: the lists of a show, the master fader, the grand master.
 class ShowStage {
  public:

@@ -6,7 +6,7 @@
 namespace korvane {
 namespace {
 
-constexpr double kMinute = 60000;             // ms
+constexpr double kMinuteOfBeats = 60000;      // ms
 constexpr std::int64_t kLongestPause = 3000;  // ms between two taps: that of the slowest tempo
 constexpr std::size_t kMostTaps = 9;          // that are looked at
 
@@ -24,7 +24,7 @@ void Tempo::setBpm(double bpm) {
   bpm_ = bpm <= 0 ? 0 : std::clamp(bpm, kSlowest, kFastest);
   timer_.disable();
   if (bpm_ == 0) return;
-  next_ = static_cast<double>(now()) + kMinute / bpm_;
+  next_ = static_cast<double>(now()) + kMinuteOfBeats / bpm_;
   waitForNext();
 }
 
@@ -40,7 +40,7 @@ void Tempo::goOn() {
 }
 
 void Tempo::tick() {
-  next_ = std::max(next_ + kMinute / bpm_, static_cast<double>(now()));
+  next_ = std::max(next_ + kMinuteOfBeats / bpm_, static_cast<double>(now()));
   waitForNext();
   beat();
 }
@@ -53,13 +53,13 @@ void Tempo::beat() {
 // A tap just behind a beat of the tempo means that beat.
 void Tempo::tap() {
   const std::int64_t time = now();
-  const bool isNew = bpm_ == 0 || static_cast<double>(time - lastBeat_) * bpm_ > kMinute / 2;
+  const bool isNew = bpm_ == 0 || static_cast<double>(time - lastBeat_) * bpm_ > kMinuteOfBeats / 2;
   if (!taps_.empty() && time - taps_.back() > kLongestPause) taps_.clear();
   taps_.push_back(time);
   if (taps_.size() > kMostTaps) taps_.erase(taps_.begin());
   if (taps_.size() > 1 && taps_.back() > taps_.front()) {
     const auto way = static_cast<double>(taps_.back() - taps_.front());
-    setBpm(kMinute * static_cast<double>(taps_.size() - 1) / way);
+    setBpm(kMinuteOfBeats * static_cast<double>(taps_.size() - 1) / way);
   }
   if (isNew) beat();
 }

@@ -12,6 +12,7 @@
 #include "desk/project/DeskProject.h"
 #include "desk/project/Parts.h"
 #include "desk/project/WindowSection.h"
+#include "testing/SourceFolder.h"
 
 namespace korvane {
 namespace {
@@ -41,7 +42,7 @@ class ProjectSchema : public testing::Test {
   /// What the validator says of the files in the folder.
   std::string validate() {
     const std::string command =
-        "cd " + folder + " && " KORVANE_SOURCE_DIR "/scripts/check-desk-project *.korvanedesk 2>&1";
+        "cd " + folder + " && " + sourceFolder() + "/scripts/check-desk-project *.korvanedesk 2>&1";
     FILE* pipe = popen(command.c_str(), "r");
     std::string said;
     std::array<char, 512> part{};

@@ -8,10 +8,11 @@ namespace {
 using What = LampTest::What;
 using Light = LampTest::Light;
 
-constexpr int kTurns = 4;
-constexpr std::array<Light, kTurns> kInTurn = {Light::Red, Light::Green, Light::Blue, Light::White};
+constexpr int kColorsInTurn = 4;
+constexpr std::array<Light, kColorsInTurn> kInTurn = {Light::Red, Light::Green, Light::Blue,
+                                                      Light::White};
 constexpr std::array<const char*, 3> kComponentNames = {"red", "green", "blue"};
-constexpr std::uint8_t kFull = 255;
+constexpr std::uint8_t kFullLight = 255;
 
 Light lightOf(const LampTest& test) {
   return test.light == Light::InTurn ? kInTurn.at(static_cast<std::size_t>(test.turn)) : test.light;
@@ -150,7 +151,7 @@ int placesOf(What what, const Patch& patch) {
 
 LampTest stepped(LampTest test, const Patch& patch, bool back) {
   const bool turns = test.light == Light::InTurn && test.what != What::Channel;
-  const int colors = turns ? kTurns : 1;
+  const int colors = turns ? kColorsInTurn : 1;
   const int all = placesOf(test.what, patch) * colors;
   const int now = test.at * colors + (turns ? test.turn : 0);
   const int next = (now + (back ? all - 1 : 1)) % all;
@@ -171,12 +172,12 @@ Rgb litColor(const LampTest& test, const Patch& patch) {
   Rgb color{};
   if (test.what == What::Channel) {
     const auto feed = patch.feed(*wallChannel(test.at + 1));
-    if (!feed) return {kFull, kFull, kFull};
-    color[static_cast<std::size_t>(feed->component)] = kFull;
+    if (!feed) return {kFullLight, kFullLight, kFullLight};
+    color[static_cast<std::size_t>(feed->component)] = kFullLight;
     return color;
   }
   for (std::size_t component = 0; component < color.size(); ++component)
-    color[component] = shines(lightOf(test), component) ? kFull : 0;
+    color[component] = shines(lightOf(test), component) ? kFullLight : 0;
   return color;
 }
 
@@ -185,11 +186,11 @@ WallPicture testPicture(const LampTest& test, const Patch& patch) {
   lit.redim(std::max(0, patch.cols()), std::max(0, patch.rows()));
   WallPicture picture;
   forEachLit(test, patch, [&](const LampAt& lamp, std::size_t component, std::int32_t code) {
-    lit.at(lamp.col, lamp.row)[component] = kFull;
+    lit.at(lamp.col, lamp.row)[component] = kFullLight;
     // Straight to the channel: a dark lamp that shares it must not hide it.
-    if (wallChannel(code)) picture.bytes()[code - 1] = kFull;
+    if (wallChannel(code)) picture.bytes()[code - 1] = kFullLight;
   });
-  if (test.what == What::Channel) picture.bytes()[test.at] = kFull;
+  if (test.what == What::Channel) picture.bytes()[test.at] = kFullLight;
   for (const LampAt& lamp : patch.wire()) picture.lamps.push_back(lit.at(lamp.col, lamp.row));
   return picture;
 }

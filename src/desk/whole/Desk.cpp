@@ -17,7 +17,6 @@ constexpr std::size_t kMostChanges = 5;  // that are told of a show that was kep
 constexpr int kMasterStep = 5;      // per cent a key
 constexpr double kCurveStep = 0.1;  // gamma a key
 constexpr int kShareStep = 5;       // per cent of a colour a key
-constexpr int kFull = 100;          // per cent
 
 // First argument of a view change.
 constexpr std::int32_t kNarrowView = 1;
@@ -383,8 +382,9 @@ std::string Desk::whatIsSent() {
     if (levels_.blackout) return "Blackout: all lamps are dark";
     if (levels_.freeze) return "Freeze: the lamps hold what they show";
     if (engine().v.outputActive)
-      return levels_.master == kFull ? ""
-                                     : "grand master at " + std::to_string(levels_.master) + " %";
+      return levels_.master == kFullMaster
+                 ? ""
+                 : "grand master at " + std::to_string(levels_.master) + " %";
     return dark_ ? "DMX is off, the lamps are dark" : "DMX is off";
   }();
   return setup.target() + (state.empty() ? "" : ". " + state);

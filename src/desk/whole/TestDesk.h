@@ -8,6 +8,7 @@
 #include "desk/whole/Desk.h"
 #include "platform/Events.h"
 #include "platform/HeadlessPlatform.h"
+#include "testing/SourceFolder.h"
 
 namespace korvane {
 
@@ -89,7 +90,7 @@ class TestDesk : public testing::Test {
           .string();
   PicturePlatform machine;
   LampFeed feed{"korvane-tests"};
-  std::vector<Example> examples = examplesIn(KORVANE_SOURCE_DIR "/examples");
+  std::vector<Example> examples = examplesIn(sourceFolder() + "/examples");
   Desk desk{machine, feed, places()};
   Plugin& plugin = desk.session.plugin;
   MatrixForm& tool = plugin.matrixForm;

@@ -9,9 +9,9 @@
 namespace korvane {
 namespace {
 
-constexpr double kFull = 255;     // of a component
-constexpr double kPercent = 100;  // of saturation and value
-constexpr double kSector = 60;    // degrees from one pure or mixed colour to the next
+constexpr double kMostOfComponent = 255;  // of a component
+constexpr double kPercent = 100;          // of saturation and value
+constexpr double kSector = 60;            // degrees from one pure or mixed colour to the next
 constexpr int kCircle = 360;
 
 std::string trimmed(std::string_view text) {
@@ -21,7 +21,7 @@ std::string trimmed(std::string_view text) {
                                          : std::string(text.substr(first, last + 1 - first));
 }
 
-int rounded(double number) { return static_cast<int>(std::lround(number)); }
+int toWhole(double number) { return static_cast<int>(std::lround(number)); }
 
 }  // namespace
 
@@ -51,23 +51,23 @@ Hsv hsvOf(Color color, const Hsv& before) {
   const double blue = parts[2];
   const double most = std::max({red, green, blue});
   const double span = most - std::min({red, green, blue});
-  const int value = rounded(most / kFull * kPercent);
+  const int value = toWhole(most / kMostOfComponent * kPercent);
   if (most == 0) return {before.hue, before.saturation, 0};
   if (span == 0) return {before.hue, 0, value};
   const double sectors = most == red     ? (green - blue) / span
                          : most == green ? 2 + (blue - red) / span
                                          : 4 + (red - green) / span;
-  return {(rounded(sectors * kSector) + kCircle) % kCircle, rounded(span / most * kPercent), value};
+  return {(toWhole(sectors * kSector) + kCircle) % kCircle, toWhole(span / most * kPercent), value};
 }
 
 Color colorOf(const Hsv& hsv) {
-  const double most = hsv.value / kPercent * kFull;
+  const double most = hsv.value / kPercent * kMostOfComponent;
   const double span = most * hsv.saturation / kPercent;
   // Each component stands at its most for two sectors around its own hue and falls in the next.
   const auto component = [&](int hue) {
     const int apart = std::abs(hsv.hue - hue) % kCircle;
     const double sectors = std::min(apart, kCircle - apart) / kSector;
-    return rounded(most - span * std::clamp(sectors - 1, 0.0, 1.0));
+    return toWhole(most - span * std::clamp(sectors - 1, 0.0, 1.0));
   };
   return rgb(component(0), component(kCircle / 3), component(2 * kCircle / 3));
 }

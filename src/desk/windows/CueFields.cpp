@@ -6,11 +6,7 @@
 #include "platform/Text.h"
 
 namespace korvane {
-namespace {
-
-constexpr TextBoxStyle kTakenAtTheEnd{.commit = TextBoxStyle::Commit::OnLeave};
-
-}  // namespace
+namespace {}  // namespace
 
 std::string plainNumber(double number) { return formatGeneral(number, {}); }
 

@@ -8,7 +8,6 @@
 namespace korvane {
 namespace {
 
-constexpr TextBoxStyle kTakenAtTheEnd{.commit = TextBoxStyle::Commit::OnLeave};
 constexpr Color kOnColor = rgb(0, 150, 60);
 constexpr Color kNextColor = rgb(215, 120, 0);
 constexpr Color kLostColor = rgb(130, 130, 130);

@@ -10,7 +10,6 @@ namespace korvane {
 namespace {
 
 constexpr int kExamplesInARow = 3;
-constexpr int kFull = 100;  // percent
 
 std::string numbered(const char* name, std::size_t index) {
   return std::string(name) + "(" + std::to_string(index) + ")";
@@ -30,7 +29,7 @@ DeskForm::DeskForm(Form& toolWindow, const std::vector<Example>& shows)
            {.caption = "Wiring says how many lamps you have and how they are wired; Outputs "
                        "says where the channels are sent."}),
       grandMaster(
-          "grandMaster", SliderRange{0, kFull},
+          "grandMaster", SliderRange{0, kFullMaster},
           {.caption = "Grand master", .toolTip = "percent of every level that leaves the desk"}),
       sent("sent", {.toolTip = "what is sent"}),
       wrong("wrong", {.toolTip = "what is wrong"}) {
@@ -50,7 +49,7 @@ DeskForm::DeskForm(Form& toolWindow, const std::vector<Example>& shows)
   }
   undo.setEnabled(false);
   redo.setEnabled(false);
-  grandMaster.setValue(kFull);
+  grandMaster.setValue(kFullMaster);
   addControls();
   declareMenus();
   declareLayout(toolWindow);

@@ -13,6 +13,8 @@
 
 namespace korvane {
 
+inline constexpr int kFullMaster = 100;  ///< per cent, of the grand master
+
 /// The desk's one window: menus above, the plug-in's main window within it or, while that is
 /// closed, a page to begin from, below it what the operator needs at any time, and a line that
 /// tells what is sent and what is wrong. What its items do is bound by the desk.

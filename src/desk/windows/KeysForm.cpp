@@ -5,7 +5,8 @@
 namespace korvane {
 namespace {
 
-constexpr const char* kHowTo = "Choose a command, press Change, then the key that it shall have.";
+constexpr const char* kFirstWords =
+    "Choose a command, press Change, then the key that it shall have.";
 
 std::string keyText(const MenuItem& item) { return item.key().empty() ? "no key" : item.key(); }
 
@@ -14,7 +15,7 @@ std::string keyText(const MenuItem& item) { return item.key().empty() ? "no key"
 KeysForm::KeysForm(Desktop& desktop, KeyBindings& bindings)
     : Form("Keys", "Korvane: keys"),
       list("list", {.toolTip = "all commands; a double click waits for another key"}),
-      state("state", {.caption = kHowTo, .toolTip = "what to do, and what was done"}),
+      state("state", {.caption = kFirstWords, .toolTip = "what to do, and what was done"}),
       change("change", {.caption = "Change", .toolTip = "give the selected command another key"}),
       none("none", {.caption = "No key", .toolTip = "take the key of the selected command away"}),
       reset("reset", {.caption = "Default",
@@ -69,7 +70,7 @@ void KeysForm::waitForKey() {
 
 void KeysForm::stopWaiting() {
   onAnyKey = nullptr;
-  state.setCaption(kHowTo);
+  state.setCaption(kFirstWords);
   shown();
 }
 

@@ -10,8 +10,6 @@ namespace {
 
 using Names = std::vector<std::string>;
 
-constexpr TextBoxStyle kTakenAtTheEnd{.commit = TextBoxStyle::Commit::OnLeave};
-
 // Where an output can go, by its kind. The entry that takes an address, and that of the nodes.
 constexpr const char* kOneAddress = "one address";
 constexpr const char* kNodes = "nodes that answer";

@@ -34,7 +34,7 @@ Ramp ramp(int direction, int cols, int rows) {
 }
 
 // The colour at position p of 0 - n between two colours. The products and their sum are 16-bit.
-Rgb blend(const Rgb& from, const Rgb& to, int p, int n) {
+Rgb blendOnRamp(const Rgb& from, const Rgb& to, int p, int n) {
   Rgb result{};
   for (std::size_t component = 0; component < 3; ++component) {
     const std::int16_t sum =
@@ -48,7 +48,7 @@ Rgb blend(const Rgb& from, const Rgb& to, int p, int n) {
 void paintRamp(Deck& deck, const Variablen& v, const Ramp& ramp, const Rgb& from, const Rgb& to) {
   for (int col = 0; col < v.matrixCols; ++col) {
     for (int row = 0; row < v.matrixRows; ++row) {
-      deck.frame.at(col, row) = blend(from, to, ramp.a + ramp.c * col + ramp.r * row, ramp.n);
+      deck.frame.at(col, row) = blendOnRamp(from, to, ramp.a + ramp.c * col + ramp.r * row, ramp.n);
     }
   }
 }
@@ -58,7 +58,7 @@ void paintRings(Deck& deck, const Variablen& v, const Rgb& outer, const Rgb& cen
   const int shorter = std::min(v.matrixCols, v.matrixRows);
   const int n = divTrunc(shorter, 2) + modTrunc(shorter, 2) - 1;
   for (int ring = 0; ring <= n; ++ring) {
-    const Rgb color = blend(outer, centre, ring, n);
+    const Rgb color = blendOnRamp(outer, centre, ring, n);
     for (int col = ring; col < v.matrixCols - ring; ++col) {
       for (int row = ring; row < v.matrixRows - ring; ++row) deck.frame.at(col, row) = color;
     }

@@ -27,7 +27,7 @@ int holdTime(double seconds, int speed) {
   return static_cast<int>(nearestEven(1000 * seconds / (1 + (speed - 50) / 25.0)));
 }
 
-struct Model {
+struct SlowChange {
   // The set-up.
   int cols, rows;
   bool deckB;
@@ -198,14 +198,14 @@ class ColorChangeModel : public EngineTest {
  protected:
   int upTo(int most) { return std::uniform_int_distribution<int>(0, most)(random); }
 
-  Model setUp(Deck& deck) {
+  SlowChange setUp(Deck& deck) {
     const int side = upTo(1) == 0 ? 4 : 49;
     redim(1 + upTo(side), 1 + upTo(side));
     v.masterValue = deck.isB() ? 1 : 0;
     deck.efx.assign(1, Effect());
     Effect& effect = deck.effect();
-    Model model{v.matrixCols, v.matrixRows, deck.isB(),   {},      {},
-                upTo(100),    upTo(100),    upTo(11) - 1, upTo(8), upTo(86'399'999)};
+    SlowChange model{v.matrixCols, v.matrixRows, deck.isB(),   {},      {},
+                     upTo(100),    upTo(100),    upTo(11) - 1, upTo(8), upTo(86'399'999)};
     for (int i = upTo(4) + 2; i > 0; --i) {
       model.colors.push_back(upTo(0xFFFFFF));
       model.times.push_back(upTo(40) / 8.0);
@@ -229,7 +229,7 @@ class ColorChangeModel : public EngineTest {
   }
 
   // Something for a transition to move over.
-  void scribble(Deck& deck, Model& model) {
+  void scribble(Deck& deck, SlowChange& model) {
     for (int col = 0; col < v.matrixCols; ++col) {
       for (int row = 0; row < v.matrixRows; ++row)
         deck.frame.at(col, row) = colorParts(upTo(0xFFFFFF));
@@ -246,7 +246,7 @@ class ColorChangeModel : public EngineTest {
     return true;
   }
 
-  void compare(const Deck& deck, const Effect& effect, const Model& model) {
+  void compare(const Deck& deck, const Effect& effect, const SlowChange& model) {
     ASSERT_TRUE(same(deck.frame, model.frame));
     ASSERT_TRUE(same(v.frameM, model.mixed));
     ASSERT_EQ(deck.timer1.enabled(), model.timer1);
@@ -260,7 +260,7 @@ class ColorChangeModel : public EngineTest {
   }
 
   // One tick of the timer that runs, on both sides.
-  void tick(Deck& deck, Model& model) {
+  void tick(Deck& deck, SlowChange& model) {
     v.fadeRunning = upTo(1) == 0;
     const int step =
         std::vector{1, 199, 200, 201, 399, 400, 401, 5000}.at(static_cast<std::size_t>(upTo(7)));
@@ -284,7 +284,7 @@ TEST_F(ColorChangeModel, AgreesOver1000RandomSetUps) {
   int ended = 0;
   for (int round = 0; round < 1000; ++round) {
     Deck& deck = round % 2 == 0 ? v.A : v.B;
-    Model model = setUp(deck);
+    SlowChange model = setUp(deck);
     v.fadeRunning = upTo(1) == 0;
     startColorChange(engine, deck);
     model.start(v.fadeRunning);

@@ -20,7 +20,7 @@ class ColorTransition : public ColorChanges {
 
 KORVANE_BOTH_DECKS(ColorTransition);
 
-struct Ticks {
+struct TicksOfTransition {
   std::int16_t mode;
   std::int16_t amount;
   std::int16_t steps;
@@ -29,23 +29,23 @@ struct Ticks {
 
 TEST_P(ColorTransition, EachModeHasItsTicksWithinTheWholeTime) {
   resize(12, 10);
-  for (const Ticks& row : {
-           Ticks{kFadeBlend, 0, 80, 138},
-           Ticks{kFadeBlend, 29, 80, 101},
-           Ticks{kFadeBlend, 30, 50, 160},
-           Ticks{kFadeBlend, 59, 50, 102},
-           Ticks{kFadeBlend, 60, 30, 167},
-           Ticks{kFadeBlend, 89, 30, 70},
-           Ticks{kFadeBlend, 90, 15, 133},
-           Ticks{kFadeBlend, 100, 15, 67},
-           Ticks{kFadeRandom, 0, 120, 92},
-           Ticks{kFadeRandom, 100, 120, 8},
-           Ticks{kFadeFillDown, 50, 120, 50},
-           Ticks{kFadeFillUp, 50, 120, 50},
-           Ticks{kFadeScrollUp, 10, 10, 1000},
-           Ticks{kFadeScrollDown, 100, 10, 100},
-           Ticks{kFadeScrollLeft, 100, 12, 83},
-           Ticks{kFadeScrollRight, 0, 12, 917},
+  for (const TicksOfTransition& row : {
+           TicksOfTransition{kFadeBlend, 0, 80, 138},
+           TicksOfTransition{kFadeBlend, 29, 80, 101},
+           TicksOfTransition{kFadeBlend, 30, 50, 160},
+           TicksOfTransition{kFadeBlend, 59, 50, 102},
+           TicksOfTransition{kFadeBlend, 60, 30, 167},
+           TicksOfTransition{kFadeBlend, 89, 30, 70},
+           TicksOfTransition{kFadeBlend, 90, 15, 133},
+           TicksOfTransition{kFadeBlend, 100, 15, 67},
+           TicksOfTransition{kFadeRandom, 0, 120, 92},
+           TicksOfTransition{kFadeRandom, 100, 120, 8},
+           TicksOfTransition{kFadeFillDown, 50, 120, 50},
+           TicksOfTransition{kFadeFillUp, 50, 120, 50},
+           TicksOfTransition{kFadeScrollUp, 10, 10, 1000},
+           TicksOfTransition{kFadeScrollDown, 100, 10, 100},
+           TicksOfTransition{kFadeScrollLeft, 100, 12, 83},
+           TicksOfTransition{kFadeScrollRight, 0, 12, 917},
        }) {
     effect.amount = row.amount;
     play({kRed, kGreen}, {1, 1}, row.mode);

@@ -147,7 +147,7 @@ void writeHardBands(const Effect& effect, std::vector<Rgb>& strip) {
 }
 
 // The colour at step j of w on the way from one colour to the next.
-Rgb blend(const Rgb& from, const Rgb& to, std::int32_t j, std::int32_t w) {
+Rgb blendInBand(const Rgb& from, const Rgb& to, std::int32_t j, std::int32_t w) {
   Rgb result{};
   for (std::size_t i = 0; i < result.size(); ++i) {
     result[i] = static_cast<std::uint8_t>(
@@ -166,7 +166,8 @@ void writeBlendedBands(Effect& effect, std::vector<Rgb>& strip) {
   for (std::size_t i = 0; i < count; ++i) {
     const Rgb own = colorParts(effect.colors.at(i));
     const std::int32_t width = effect.itemWidths.at(i);
-    for (std::int32_t j = 1; j <= width; ++j) strip.at(entry++) = blend(before, own, j, width);
+    for (std::int32_t j = 1; j <= width; ++j)
+      strip.at(entry++) = blendInBand(before, own, j, width);
     before = own;
   }
 }

@@ -12,12 +12,12 @@ namespace {
 // A slow model of Color Scroll: it asks for each cell where its colour comes from, and does its
 // roundings in whole numbers.
 
-using Picture = std::vector<std::vector<Rgb>>;  // [col][row]
+using Cells = std::vector<std::vector<Rgb>>;  // [col][row]
 
-struct Model {
+struct SlowScroll {
   int cols, rows, direction;
   std::vector<Rgb> strip;
-  Picture picture;
+  Cells picture;
   int index = 0;  // of the next strip entry
   int step = 0;   // of the diagonal window
 
@@ -90,7 +90,7 @@ struct Model {
   }
 
   void tick() {
-    Picture after = picture;
+    Cells after = picture;
     for (int col = 0; col < cols; ++col) {
       for (int row = 0; row < rows; ++row)
         after[static_cast<std::size_t>(col)][static_cast<std::size_t>(row)] = next(col, row);
@@ -134,8 +134,8 @@ class ColorScrollModel : public EngineTest {
  protected:
   int upTo(int most) { return std::uniform_int_distribution<int>(0, most)(random); }
 
-  Picture pictureOf(const Frame& frame) const {
-    Picture picture;
+  Cells pictureOf(const Frame& frame) const {
+    Cells picture;
     for (int col = 0; col < v.matrixCols; ++col) {
       picture.emplace_back();
       for (int row = 0; row < v.matrixRows; ++row) picture.back().push_back(frame.at(col, row));
@@ -144,7 +144,7 @@ class ColorScrollModel : public EngineTest {
   }
 
   // A random grid, picture, list of colours and place in the strip on this deck.
-  Model setUp(Deck& deck) {
+  SlowScroll setUp(Deck& deck) {
     redim(1 + upTo(49), 1 + upTo(49));
     for (int col = 0; col < v.matrixCols; ++col) {
       for (int row = 0; row < v.matrixRows; ++row)
@@ -161,7 +161,7 @@ class ColorScrollModel : public EngineTest {
     effect.scrollFadeMode = static_cast<std::int16_t>(upTo(1));
     effect.direction = static_cast<std::int16_t>(upTo(15) - 1);
     buildScrollStrip(engine, deck);
-    Model model{v.matrixCols, v.matrixRows, effect.direction, modelStrip(effect), {}};
+    SlowScroll model{v.matrixCols, v.matrixRows, effect.direction, modelStrip(effect), {}};
     model.picture = pictureOf(deck.frame);
     model.index = upTo(static_cast<int>(model.strip.size()) - 1);
     model.step = upTo(v.matrixCols - 1);
@@ -177,10 +177,10 @@ TEST_F(ColorScrollModel, AgreesOver1000RandomSetUps) {
   for (int round = 0; round < 1000; ++round) {
     Deck& deck = round % 2 == 0 ? v.A : v.B;
     v.masterValue = deck.isB() ? 1 : 0;
-    Model model = setUp(deck);
+    SlowScroll model = setUp(deck);
     ASSERT_EQ(deck.scrollLength, static_cast<int>(model.strip.size()));
     ASSERT_TRUE(std::equal(model.strip.begin(), model.strip.end(), deck.scrollStrip.begin()));
-    Picture mixed = pictureOf(v.frameM);
+    Cells mixed = pictureOf(v.frameM);
     for (int tick = upTo(30); tick >= 0; --tick) {
       v.fadeRunning = upTo(2) == 0;
       engine.master.timerM.setInterval(upTo(1) == 0 ? 400 : 401);

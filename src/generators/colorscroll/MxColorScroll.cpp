@@ -8,7 +8,7 @@
 namespace korvane {
 namespace {
 
-constexpr int kLastDirection = 12;
+constexpr int kLastOfScroll = 12;
 constexpr std::int16_t kDefaultSpeed = 50;
 
 }  // namespace
@@ -18,7 +18,7 @@ MxColorScroll::MxColorScroll(Engine& engine)
                       {"Width", "1", normalWidth}),
       directionLabel("directionLabel",
                      {.caption = "Direction : ", .toolTip = "where the colours scroll"}),
-      richtung(directionsUpTo(kLastDirection)),
+      richtung(directionsUpTo(kLastOfScroll)),
       fadeMode("fadeMode",
                {.toolTip = "let each colour blend into the next", .label = "Fade Mode : "}) {
   add({&myName, &ColorList, &addColor, &removeColor, &upColor, &downColor, &slSpeed,

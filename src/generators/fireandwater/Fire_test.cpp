@@ -10,9 +10,6 @@
 namespace korvane {
 namespace {
 
-constexpr Color kBlack = rgb(0, 0, 0);
-constexpr Color kWhite = rgb(255, 255, 255);
-
 class Fire : public CellEffects {
  protected:
   void burning(Color main, Color second, std::int16_t amount) {
@@ -279,7 +276,7 @@ TEST_P(Fire, TheCountOfDeckBMayReachItsLastNumberButNotPassIt) {
 }
 
 // The step done slowly: every third cell anew, from the bottom row up, in nested lists.
-void slowStep(SlowDeck& slow, const Effect& effect, Random random) {
+void slowFireStep(SlowDeck& slow, const Effect& effect, Random random) {
   if (effect.amount <= 0) {
     for (auto* cells : {&slow.frame, &slow.noted}) {
       for (auto& column : *cells) column.assign(column.size(), {0, 0, 0});
@@ -318,7 +315,7 @@ TEST_P(Fire, StepsAsASlowModelOfItDoes) {
     const int most = setUp % 20 == 0 ? 50 : 13;
     dimension(1 + number(most), 1 + number(most));
     burning(number(1 << 24), number(1 << 24), static_cast<std::int16_t>(number(112) - 5));
-    expectSteps(fireTick, slowStep);
+    expectSteps(fireTick, slowFireStep);
     if (HasFailure()) ADD_FAILURE() << "in set-up " << setUp;
   }
 }

@@ -7,9 +7,6 @@
 namespace korvane {
 namespace {
 
-constexpr Color kBlue = rgb(0, 0, 255);
-constexpr Color kWhite = rgb(255, 255, 255);
-
 class Fluid : public CellEffects {
  protected:
   void flowing(Color main, Color second, std::int16_t amount, int direction) {
@@ -181,7 +178,7 @@ TEST_P(Fluid, AVeryLargeRoughnessSaturates) {
 }
 
 // The step done slowly: all lines move by one, a new one comes behind, in nested lists.
-void slowStep(SlowDeck& slow, const Effect& effect, Random random) {
+void slowFluidStep(SlowDeck& slow, const Effect& effect, Random random) {
   const Rgb main = colorParts(effect.color1);
   const Rgb second = colorParts(effect.color2);
   const int direction = effect.direction;
@@ -206,7 +203,7 @@ TEST_P(Fluid, StepsAsASlowModelOfItDoes) {
     dimension(1 + number(most), 1 + number(most));
     flowing(number(1 << 24), number(1 << 24), static_cast<std::int16_t>(number(101)),
             number(4) != 0 ? 1 + 2 * number(4) : number(12) - 1);
-    expectSteps(fluidTick, slowStep);
+    expectSteps(fluidTick, slowFluidStep);
     if (HasFailure()) ADD_FAILURE() << "in set-up " << setUp;
   }
 }

@@ -14,19 +14,19 @@ namespace {
 
 constexpr int kOutside = -1;
 
-struct Case {
+struct Journey {
   int imageWidth, imageHeight, cols, rows, direction, amount;
 };
 
-std::ostream& operator<<(std::ostream& out, const Case& c) {
+std::ostream& operator<<(std::ostream& out, const Journey& c) {
   return out << "image " << c.imageWidth << " x " << c.imageHeight << ", matrix " << c.cols << " x "
              << c.rows << ", direction " << c.direction << ", amount " << c.amount;
 }
 
 // The window's corner and its travel, told per direction.
-class Model {
+class SlowTravel {
  public:
-  explicit Model(const Case& c) : c_(c) {
+  explicit SlowTravel(const Journey& c) : c_(c) {
     const int product = (W() - w()) * c.amount;
     offset_ = product / 100 - (product % 100 < 0 ? 1 : 0);
     limit_ = H() - h() > W() - w() ? W() : H();
@@ -105,14 +105,14 @@ class Model {
     return {x, y};
   }
 
-  Case c_;
+  Journey c_;
   int x_ = 0, y_ = 0, offset_ = 0, limit_ = 0;
   bool moved_ = false;  // the resting window knows no seam
 };
 
 class ImageTravel : public EngineTest, public testing::WithParamInterface<int> {
  protected:
-  void prepare(Deck& deck, const Case& c) {
+  void prepare(Deck& deck, const Journey& c) {
     redim(c.cols, c.rows);
     deck.efx.resize(1);
     Effect& effect = deck.effect();
@@ -138,7 +138,7 @@ class ImageTravel : public EngineTest, public testing::WithParamInterface<int> {
   static Color colorAt(int x, int y) { return x == kOutside ? 0 : rgb(x + 1, y + 1, 200); }
 
   // The first cell that differs, as text; empty if the frame is as the model says.
-  static std::string differs(const Deck& deck, const Model& model, const Case& c) {
+  static std::string differs(const Deck& deck, const SlowTravel& model, const Journey& c) {
     std::ostringstream text;
     if (deck.imagePosX != model.x() || deck.imagePosY != model.y()) {
       text << "window at " << deck.imagePosX << ", " << deck.imagePosY << ", should be "
@@ -158,9 +158,9 @@ class ImageTravel : public EngineTest, public testing::WithParamInterface<int> {
     return {};
   }
 
-  void travel(Deck& deck, const Case& c) {
+  void travel(Deck& deck, const Journey& c) {
     prepare(deck, c);
-    Model model(c);
+    SlowTravel model(c);
     const int fullRound = 2 * (c.imageWidth + c.imageHeight + c.cols + c.rows) + 5;
     ASSERT_EQ(differs(deck, model, c), "") << c << ", at the start";
     for (int tick = 1; tick <= fullRound; ++tick) {
@@ -179,7 +179,7 @@ TEST_P(ImageTravel, FollowsTheModelOverAFullRoundOnBothDecks) {
     return static_cast<int>(random() % static_cast<unsigned>(most));
   };
   for (int i = 0; i < 60; ++i) {
-    const Case c{1 + upTo(30), 1 + upTo(30), 1 + upTo(16), 1 + upTo(16), GetParam(), upTo(101)};
+    const Journey c{1 + upTo(30), 1 + upTo(30), 1 + upTo(16), 1 + upTo(16), GetParam(), upTo(101)};
     for (Deck* deck : {&v.A, &v.B}) ASSERT_NO_FATAL_FAILURE(travel(*deck, c));
   }
 }
@@ -188,7 +188,7 @@ TEST_P(ImageTravel, FollowsTheModelWhereSizesMeet) {
   for (const int imageWidth : {4, 5, 6}) {
     for (const int imageHeight : {3, 4, 12}) {
       for (const int amount : {0, 1, 50, 100}) {
-        const Case c{imageWidth, imageHeight, 5, 4, GetParam(), amount};
+        const Journey c{imageWidth, imageHeight, 5, 4, GetParam(), amount};
         for (Deck* deck : {&v.A, &v.B}) ASSERT_NO_FATAL_FAILURE(travel(*deck, c));
       }
     }
@@ -196,7 +196,7 @@ TEST_P(ImageTravel, FollowsTheModelWhereSizesMeet) {
 }
 
 TEST_P(ImageTravel, ReachesAndLeavesALargeMatrix) {
-  const Case c{70, 90, 50, 50, GetParam(), 37};
+  const Journey c{70, 90, 50, 50, GetParam(), 37};
   for (Deck* deck : {&v.A, &v.B}) ASSERT_NO_FATAL_FAILURE(travel(*deck, c));
 }
 

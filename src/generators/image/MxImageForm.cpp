@@ -8,7 +8,7 @@
 namespace korvane {
 namespace {
 
-constexpr int kLastDirection = 8;
+constexpr int kLastOfPicture = 8;
 
 }  // namespace
 
@@ -19,7 +19,7 @@ MxImageForm::MxImageForm(Engine& engine)
                {.caption = "stretch", .toolTip = "squeeze the picture to the matrix; it stands"}),
       PTile("PTile",
             {.caption = "tile", .toolTip = "repeat a picture that is smaller than the matrix"}),
-      richtung(directionsUpTo(kLastDirection)),
+      richtung(directionsUpTo(kLastOfPicture)),
       Slider1("Slider1",
               {.caption = "Slow - Fast", .toolTip = "how fast it travels", .label = "Speed :"}),
       slOffset("slOffset",
@@ -42,7 +42,7 @@ MxImageForm::MxImageForm(Engine& engine)
 }
 
 void MxImageForm::fill() {
-  if (effect().direction > kLastDirection) effect().direction = 0;
+  if (effect().direction > kLastOfPicture) effect().direction = 0;
   myName.setText(effect().name);
   richtung.show(effect().direction);
   PStretch.setValue(effect().imageStretch);

@@ -11,7 +11,6 @@
 namespace korvane {
 namespace {
 
-constexpr Color kWhite = rgb(255, 255, 255);
 const Drawing kHalfDone = {"GGGG", "GGGG", "RRRR", "RRRR"};
 constexpr std::int32_t kLockOut = 200;  // what the dialogs set, in milliseconds
 

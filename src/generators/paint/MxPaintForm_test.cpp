@@ -97,20 +97,20 @@ TEST_P(PaintBox, TheRubberBandFollowsTheMouseAndLeavesThePixelsAlone) {
   tool(form.PLine);
   mouse(Mouse::Down, 10, 10);
   mouse(Mouse::Move, 30, 20);
-  using Lines = std::vector<PictureBox::Line>;
-  EXPECT_EQ(form.Bild.overlay(), (Lines{{10, 10, 30, 20, kBlue}}));
+  using DrawnLines = std::vector<PictureBox::Line>;
+  EXPECT_EQ(form.Bild.overlay(), (DrawnLines{{10, 10, 30, 20, kBlue}}));
   mouse(Mouse::Move, 12, 40);
-  EXPECT_EQ(form.Bild.overlay(), (Lines{{10, 10, 12, 40, kBlue}}));
+  EXPECT_EQ(form.Bild.overlay(), (DrawnLines{{10, 10, 12, 40, kBlue}}));
   EXPECT_EQ(form.Bild.raster(), before);
   mouse(Mouse::Up, 12, 40);
   EXPECT_TRUE(form.Bild.overlay().empty());
   tool(form.PCircle);
   mouse(Mouse::Down, 10, 11);
   mouse(Mouse::Move, 30, 21);
-  EXPECT_EQ(form.Bild.overlay(), (Lines{{10, 11, 30, 11, kBlue},
-                                        {10, 21, 30, 21, kBlue},
-                                        {10, 11, 10, 21, kBlue},
-                                        {30, 11, 30, 21, kBlue}}));
+  EXPECT_EQ(form.Bild.overlay(), (DrawnLines{{10, 11, 30, 11, kBlue},
+                                             {10, 21, 30, 21, kBlue},
+                                             {10, 11, 10, 21, kBlue},
+                                             {30, 11, 30, 21, kBlue}}));
 }
 
 TEST_P(PaintBox, ThePointAndReplaceToolsHaveNoRubberBand) {

@@ -28,9 +28,9 @@ struct Stroke {
   int tool, x1, y1, x2, y2;
 };
 
-class Model {
+class SlowStrokes {
  public:
-  Model(int cols, int rows, int width, int height) : cols_(cols), rows_(rows) {
+  SlowStrokes(int cols, int rows, int width, int height) : cols_(cols), rows_(rows) {
     if (cols > rows) {
       size_ = nearest(width - 10, cols);
       left_ = 5;
@@ -137,7 +137,7 @@ class PaintStrokes : public TestDecks {
   }
 
   // What the picture must be after a stroke.
-  Grid<Color> expected(const Model& model, const Stroke& s, const Grid<Color>& before) {
+  Grid<Color> expected(const SlowStrokes& model, const Stroke& s, const Grid<Color>& before) {
     Grid<Color> after = before;
     const long col = model.colOf(s.x2);
     const long row = model.rowOf(s.y2);
@@ -166,7 +166,7 @@ class PaintStrokes : public TestDecks {
   }
 
   // What is on the screen: every cell a full square of its colour, all else background.
-  void expectScreen(const Model& model) {
+  void expectScreen(const SlowStrokes& model) {
     const Raster& screen = form.Bild.raster();
     for (int y = 0; y < screen.height(); y += 3) {
       for (int x = 0; x < screen.width(); x += 3) {
@@ -195,7 +195,7 @@ TEST_P(PaintStrokes, AreAsTheModelSaysInTheMatrixInTheMarginAndOutside) {
     const int cols = between(1, 18), rows = between(1, 18);
     const int width = between(60, 300), height = between(60, 300);
     ASSERT_NO_FATAL_FAILURE(openWithGrid(cols, rows, width, height));
-    const Model model(cols, rows, width, height);
+    const SlowStrokes model(cols, rows, width, height);
     for (int i = 0; i < 80; ++i) {
       Stroke s{between(1, 7), between(-40, width + 40), between(-40, height + 40), 0, 0};
       const bool isShort = between(0, 3) == 0;

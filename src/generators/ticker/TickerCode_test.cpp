@@ -6,9 +6,6 @@
 namespace korvane {
 namespace {
 
-constexpr Color kWhite = rgb(255, 255, 255);
-constexpr Color kBlue = rgb(0, 0, 255);
-
 class Ticker : public TickerEffect {};
 KORVANE_BOTH_DECKS(Ticker);
 

@@ -12,15 +12,16 @@
 namespace korvane {
 namespace {
 
-struct Place {
+struct PlaceOfText {
   int x, y;
-  auto operator<=>(const Place&) const = default;  // NOLINT(modernize-use-nullptr): no pointer
+  auto operator<=>(const PlaceOfText&) const =
+      default;  // NOLINT(modernize-use-nullptr): no pointer
 };
 
 // What the text looks like, cell by cell: painted cells by place, background elsewhere inside.
 struct SlowStrip {
   int lastX = -1, lastY = -1;  // the largest indices
-  std::map<Place, Color> painted;
+  std::map<PlaceOfText, Color> painted;
   Color background = 0;
 
   Color at(int x, int y) const {

@@ -7,9 +7,6 @@
 namespace korvane {
 namespace {
 
-constexpr Color kWhite = rgb(255, 255, 255);
-constexpr Color kBlue = rgb(0, 0, 255);
-
 class TickerStrip : public CellEffects {
  protected:
   void SetUp() override {

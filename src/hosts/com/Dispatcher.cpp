@@ -27,9 +27,9 @@ auto findMember(ITypeInfo& type, DISPID id, WORD flags) {
 
 /// Arguments as a member declares them. Scripts hand over variables by reference as variants of any
 /// type, and constants by value.
-class Arguments {
+class GivenArguments {
  public:
-  Arguments(const FUNCDESC& member, const DISPPARAMS& given)
+  GivenArguments(const FUNCDESC& member, const DISPPARAMS& given)
       : member_(member), given_(given), values_(given.cArgs), arguments_(given.cArgs) {}
 
   /// Converts all; the index of one that can't be goes to `wrong`.
@@ -110,7 +110,7 @@ HRESULT Dispatcher::invoke(DISPID id, LCID locale, WORD flags, DISPPARAMS* given
   for (const Part& part : parts_) {
     const auto member = findMember(*part.type.Get(), id, flags);
     if (member == nullptr) continue;
-    Arguments arguments(*member, *given);
+    GivenArguments arguments(*member, *given);
     const HRESULT converted = arguments.convert(locale, wrongArgument);
     if (FAILED(converted)) return converted;
     DISPPARAMS all = arguments.all();

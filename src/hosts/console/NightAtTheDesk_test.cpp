@@ -5,8 +5,9 @@
 // time.
 //   KORVANE_ACTIONS=100000 KORVANE_SEED=1 korvane-console-tests --gtest_filter='NightAtTheDesk.*'
 
-#include "commands/RandomOperator.h"
+#include "commands/TestOperator.h"
 #include "hosts/console/TestNight.h"
+#include "testing/SourceFolder.h"
 
 namespace korvane {
 namespace {
@@ -66,7 +67,7 @@ const Trouble kTroubles[] = {
 class Night {
  public:
   explicit Night(std::uint64_t seed) : machine_(seed), seed_(seed) {
-    const std::string examples = std::string(KORVANE_SOURCE_DIR) + "/examples";
+    const std::string examples = sourceFolder() + "/examples";
     machine_.disk.takeFolder(examples, "/shows");
     for (const char* made : {"/shows/dir.Korvane", "/shows/dir.korvaneconf", "/config"})
       machine_.disk.makeFolders(made);

@@ -2,6 +2,7 @@
 
 #include "commands/Json.h"
 #include "hosts/console/TestProgram.h"
+#include "testing/SourceFolder.h"
 
 namespace korvane {
 namespace {
@@ -157,7 +158,7 @@ TEST_F(Program, ASeedMakesARunRepeatExactly) {
 TEST_F(Program, TheExampleOfItsPageIsTrue) {
   std::string commands;
   std::vector<std::string> expected;
-  for (const std::string& line : split(bytesOf(KORVANE_SOURCE_DIR "/docs/console.md"), '\n')) {
+  for (const std::string& line : split(bytesOf(sourceFolder() + "/docs/console.md"), '\n')) {
     if (line.starts_with("    > ")) {
       commands += line.substr(6) + "\n";
       expected.emplace_back();

@@ -1,7 +1,7 @@
 // The random operator at the stand-alone desk: a show that the desk counts as saved opens again
 // with its grid, and holds the same.
 
-#include "commands/RandomOperator.h"
+#include "commands/TestOperator.h"
 #include "desk/whole/Desk.h"
 
 namespace korvane {

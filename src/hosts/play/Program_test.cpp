@@ -11,6 +11,7 @@
 #include <fstream>
 
 #include "hosts/play/TestTerminal.h"
+#include "testing/SourceFolder.h"
 #include "testing/UdpReceiver.h"
 
 namespace korvane {
@@ -21,7 +22,7 @@ using testing::IsEmpty;
 using testing::Not;
 using testing::StartsWith;
 
-const std::string kShow = KORVANE_SOURCE_DIR "/examples/1-club-night.Korvane";
+const std::string kShow = sourceFolder() + "/examples/1-club-night.Korvane";
 constexpr const char* kOwnScreen = "\x1b[?1049h";
 constexpr const char* kScreenBack = "\x1b[?1049l";
 

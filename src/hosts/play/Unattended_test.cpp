@@ -16,12 +16,14 @@
 #include <utility>
 #include <vector>
 
+#include "testing/SourceFolder.h"
+
 namespace korvane {
 namespace {
 
 using testing::HasSubstr;
 
-const std::string kShow = KORVANE_SOURCE_DIR "/examples/1-club-night.Korvane";
+const std::string kShow = sourceFolder() + "/examples/1-club-night.Korvane";
 constexpr int kCols = 12, kRows = 12;  // of that show
 
 struct Played {
@@ -45,7 +47,7 @@ class Unattended : public testing::Test {
   Unattended() {
     std::filesystem::create_directories(folder);
     for (const char* ending : {".Korvane", ".korvaneconf"})
-      std::filesystem::copy_file(KORVANE_SOURCE_DIR "/examples/1-club-night" + std::string(ending),
+      std::filesystem::copy_file(sourceFolder() + "/examples/1-club-night" + std::string(ending),
                                  folder + "/show" + ending,
                                  std::filesystem::copy_options::overwrite_existing);
   }

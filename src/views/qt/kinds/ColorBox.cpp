@@ -8,7 +8,7 @@
 namespace korvane::qt {
 namespace {
 
-constexpr QSize kSize{56, 32};
+constexpr QSize kRoomOfColor{56, 32};
 constexpr int kLeastWidth = 36;
 constexpr int kRoomBeside = 64;  // beside a caption: the colour must be seen
 constexpr int kCorner = 4;
@@ -26,10 +26,10 @@ class Swatch : public QAbstractButton {
   }
   QSize sizeHint() const override {
     const int words = text().isEmpty() ? 0 : fontMetrics().horizontalAdvance(text()) + kRoomBeside;
-    return {std::max(kSize.width(), words), kSize.height()};
+    return {std::max(kRoomOfColor.width(), words), kRoomOfColor.height()};
   }
   QSize minimumSizeHint() const override {
-    return text().isEmpty() ? QSize(kLeastWidth, kSize.height()) : sizeHint();
+    return text().isEmpty() ? QSize(kLeastWidth, kRoomOfColor.height()) : sizeHint();
   }
 
  protected:

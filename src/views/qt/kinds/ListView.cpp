@@ -19,7 +19,7 @@
 namespace korvane::qt {
 namespace {
 
-constexpr QSize kSize{220, 160};
+constexpr QSize kRoomOfList{220, 160};
 constexpr int kColumnWidth = 190;  // of one among several
 constexpr QSize kLeastSize{140, 96};
 constexpr int kDropLine = 3;  // height of the line where rows would be dropped
@@ -141,7 +141,8 @@ void RowList::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hi
 
 QSize RowList::sizeHint() const {
   const int shown = header()->count() - header()->hiddenSectionCount();
-  return {std::max(kSize.width(), shown < 2 ? 0 : shown * kColumnWidth), kSize.height()};
+  return {std::max(kRoomOfList.width(), shown < 2 ? 0 : shown * kColumnWidth),
+          kRoomOfList.height()};
 }
 
 void RowList::shareWidth() {

@@ -7,7 +7,7 @@
 namespace korvane::qt {
 namespace {
 
-constexpr int kSide = 34;
+constexpr int kSideOfButton = 34;
 constexpr int kIconSide = 18;
 
 // It is pressed by the program alone: a click does not toggle it.
@@ -16,7 +16,7 @@ class IconButton : public QToolButton {
   IconButton(Icon icon, QWidget* parent) : QToolButton(parent), icon_(icon) {
     setCheckable(true);
     setFocusPolicy(Qt::StrongFocus);
-    setFixedSize(kSide, kSide);
+    setFixedSize(kSideOfButton, kSideOfButton);
   }
 
  protected:

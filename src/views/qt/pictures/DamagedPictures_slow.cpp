@@ -12,7 +12,7 @@
 
 #include "platform/Failure.h"
 #include "views/shared/pictures/PictureFile.h"
-#include "views/shared/pictures/PictureSeeds.h"
+#include "views/shared/pictures/TestPictures.h"
 
 namespace korvane {
 namespace {

@@ -9,7 +9,7 @@
 #include "testing/Drawing.h"
 #include "testing/FailureOf.h"
 #include "views/shared/pictures/PictureFile.h"
-#include "views/shared/pictures/PictureSeeds.h"
+#include "views/shared/pictures/TestPictures.h"
 
 namespace korvane {
 namespace {

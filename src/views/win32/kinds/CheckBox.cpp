@@ -6,7 +6,7 @@ namespace korvane::win32 {
 namespace {
 
 constexpr int kMark = 22;  // width of the mark and the gap beside it
-constexpr int kRoomAbove = 6;
+constexpr int kRoomAboveBox = 6;
 
 class CheckWidget : public PushWidget {
  public:
@@ -16,7 +16,7 @@ class CheckWidget : public PushWidget {
 
   Wish measure() const override {
     const SIZE size{scale().textWidth(caption()) + scale().px(kMark),
-                    scale().lineHeight() + scale().px(kRoomAbove)};
+                    scale().lineHeight() + scale().px(kRoomAboveBox)};
     return {size, size};
   }
 

@@ -6,9 +6,9 @@
 namespace korvane::win32 {
 namespace {
 
-constexpr SIZE kSize{56, 26};
-constexpr int kLeastWidth = 30;
-constexpr int kRoomBeside = 64;  // beside a caption: the colour must be seen
+constexpr SIZE kRoomOfColor{56, 26};
+constexpr int kLeastOfColor = 30;
+constexpr int kRoomBesideCaption = 64;  // beside a caption: the colour must be seen
 
 class ColorWidget : public PushWidget {
  public:
@@ -18,10 +18,10 @@ class ColorWidget : public PushWidget {
 
   Wish measure() const override {
     const std::wstring text = caption();
-    const int words = text.empty() ? 0 : scale().textWidth(text) + scale().px(kRoomBeside);
-    const LONG height = scale().px(kSize.cy);
-    return {{std::max(words, scale().px(kLeastWidth)), height},
-            {std::max(words, scale().px(kSize.cx)), height},
+    const int words = text.empty() ? 0 : scale().textWidth(text) + scale().px(kRoomBesideCaption);
+    const LONG height = scale().px(kRoomOfColor.cy);
+    return {{std::max(words, scale().px(kLeastOfColor)), height},
+            {std::max(words, scale().px(kRoomOfColor.cx)), height},
             Grow::Wants,
             Grow::May};
   }

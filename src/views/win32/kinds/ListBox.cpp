@@ -8,8 +8,8 @@ namespace korvane::win32 {
 namespace {
 
 constexpr int kVisibleEntries = 20;
-constexpr int kArrow = 30;      // of a drop-down list beyond its text
-constexpr int kRoomAbove = 10;  // the same upwards
+constexpr int kArrow = 30;           // of a drop-down list beyond its text
+constexpr int kRoomAboveEntry = 10;  // the same upwards
 constexpr SIZE kOpenSize{120, 120};
 
 /// The messages of the two window classes that show lists.
@@ -96,7 +96,7 @@ class DropDownWidget : public EntriesWidget {
   }
 
  private:
-  int height() const { return scale().lineHeight() + scale().px(kRoomAbove); }
+  int height() const { return scale().lineHeight() + scale().px(kRoomAboveEntry); }
 };
 
 class OpenListWidget : public EntriesWidget {

@@ -10,7 +10,7 @@
 namespace korvane::win32 {
 namespace {
 
-constexpr SIZE kSize{190, 130};
+constexpr SIZE kRoomOfList{190, 130};
 constexpr SIZE kLeastSize{130, 84};
 constexpr int kColumnWidth = 160;  // of one among several
 
@@ -35,7 +35,7 @@ class RowsWidget : public Widget {
                                      [](const auto& column) { return column.width > 0; });
     const int columns = shown < 2 ? 0 : static_cast<int>(shown) * scale().px(kColumnWidth);
     return {{scale().px(kLeastSize.cx), scale().px(kLeastSize.cy)},
-            {std::max(scale().px(kSize.cx), columns), scale().px(kSize.cy)},
+            {std::max(scale().px(kRoomOfList.cx), columns), scale().px(kRoomOfList.cy)},
             Grow::Wants,
             Grow::Wants};
   }

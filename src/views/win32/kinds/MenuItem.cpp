@@ -6,8 +6,8 @@
 namespace korvane::win32 {
 namespace {
 
-constexpr int kRoomBeside = 22;
-constexpr int kRoomAbove = 11;
+constexpr int kRoomBesideItem = 22;
+constexpr int kRoomAboveItem = 11;
 constexpr Color kLit = rgb(242, 179, 64);
 
 /// The button of a menu item; the menu itself belongs to the window.
@@ -18,8 +18,8 @@ class MenuItemWidget : public PushWidget {
   }
 
   Wish measure() const override {
-    const SIZE size{scale().textWidth(caption()) + scale().px(kRoomBeside),
-                    scale().lineHeight() + scale().px(kRoomAbove)};
+    const SIZE size{scale().textWidth(caption()) + scale().px(kRoomBesideItem),
+                    scale().lineHeight() + scale().px(kRoomAboveItem)};
     return {size, size, Grow::May, Grow::No};
   }
 

@@ -6,7 +6,7 @@
 namespace korvane::win32 {
 namespace {
 
-constexpr int kSide = 28;
+constexpr int kSideOfButton = 28;
 constexpr int kIconSide = 16;
 constexpr int kFocusInset = 3;
 
@@ -18,7 +18,7 @@ class IconWidget : public PushWidget {
   }
 
   Wish measure() const override {
-    const SIZE size{scale().px(kSide), scale().px(kSide)};
+    const SIZE size{scale().px(kSideOfButton), scale().px(kSideOfButton)};
     return {size, size};
   }
 

@@ -13,7 +13,7 @@ constexpr int kLeastWide = 120;
 constexpr int kWide = 150;
 constexpr int kLeastTall = 100;
 constexpr int kTall = 140;
-constexpr int kGap = 6;
+constexpr int kGapOfScale = 6;
 
 // The caption, the slider and its value as a number.
 class SliderWidget : public Widget {
@@ -40,7 +40,7 @@ class SliderWidget : public Widget {
               Grow::No,
               Grow::Wants};
     }
-    const LONG rest = text + scale().px(kGap) + captionWidth();
+    const LONG rest = text + scale().px(kGapOfScale) + captionWidth();
     const LONG height = std::max<LONG>(across, line);
     return {{scale().px(kLeastWide) + rest, height},
             {scale().px(kWide) + rest, height},
@@ -122,7 +122,7 @@ class SliderWidget : public Widget {
   int captionWidth() const {
     const int words = captionShown() ? scale().textWidth(caption()) : 0;
     const int width = slider_.min() < 0 ? std::max(words, numberWidth()) : words;
-    return width > 0 ? width + scale().px(kGap) : 0;
+    return width > 0 ? width + scale().px(kGapOfScale) : 0;
   }
 
   void placeWide(const RECT& place) {
@@ -134,7 +134,7 @@ class SliderWidget : public Widget {
     moveWindow(number_, {number, top, place.right, top + line});
     const LONG across = scale().px(kAcross);
     const LONG upper = (place.top + place.bottom - across) / 2;
-    Widget::arrange({way, upper, number - scale().px(kGap), upper + across});
+    Widget::arrange({way, upper, number - scale().px(kGapOfScale), upper + across});
   }
 
   void placeTall(const RECT& place) {

@@ -9,10 +9,10 @@ namespace {
 
 constexpr int kLineWidth = 120;
 constexpr int kLeastLine = 56;
-constexpr int kRoomAbove = 7;
+constexpr int kRoomAboveText = 7;
 constexpr int kLeastPage = 120;
 constexpr int kPageFrame = 36;  // of a page beyond its text: margins and scroll bar
-constexpr int kLongest = 0x7FFFFFFE;
+constexpr int kLongestText = 0x7FFFFFFE;
 
 std::wstring windowLines(std::wstring text) {
   for (std::size_t at = 0; (at = text.find(L'\n', at)) != std::wstring::npos; at += 2)
@@ -30,7 +30,7 @@ class TextWidget : public Widget {
   TextWidget(TextBox& box, const Seat& seat) : Widget(box, seat), box_(box) {
     const DWORD lines = box.isPage() ? ES_MULTILINE | WS_VSCROLL : ES_AUTOHSCROLL;
     make(L"EDIT", WS_TABSTOP | lines | (box.style().readOnly ? ES_READONLY : 0), WS_EX_CLIENTEDGE);
-    SendMessageW(window(), EM_SETLIMITTEXT, kLongest, 0);
+    SendMessageW(window(), EM_SETLIMITTEXT, kLongestText, 0);
   }
 
   Wish measure() const override { return box_.isPage() ? pageWish() : lineWish(); }
@@ -40,7 +40,7 @@ class TextWidget : public Widget {
     if (shown() == toWide(box_.text())) return;
     showing_ = true;
     SetWindowTextW(window(), windowLines(toWide(box_.text())).c_str());
-    if (GetFocus() == window()) SendMessageW(window(), EM_SETSEL, kLongest, kLongest);
+    if (GetFocus() == window()) SendMessageW(window(), EM_SETSEL, kLongestText, kLongestText);
     showing_ = false;
   }
 
@@ -66,7 +66,7 @@ class TextWidget : public Widget {
   }
 
   Wish lineWish() const {
-    const int height = scale().lineHeight() + scale().px(kRoomAbove);
+    const int height = scale().lineHeight() + scale().px(kRoomAboveText);
     return {
         {scale().px(kLeastLine), height}, {scale().px(kLineWidth), height}, Grow::Wants, Grow::No};
   }

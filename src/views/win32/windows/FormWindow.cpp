@@ -11,7 +11,7 @@
 namespace korvane::win32 {
 namespace {
 
-constexpr int kMargin = 11;
+constexpr int kMarginOfWindow = 11;
 constexpr DWORD kCaptionBits = WS_CAPTION;
 constexpr UINT kFollowSize = WM_APP + 3;
 constexpr UINT kArrange = WM_APP + 4;
@@ -125,7 +125,9 @@ Widget* FormWindow::widget(const Control& control) const {
   return found == widgets_.end() ? nullptr : found->second.get();
 }
 
-int FormWindow::margin() const { return form_.surface != nullptr ? 0 : scale_->px(kMargin); }
+int FormWindow::margin() const {
+  return form_.surface != nullptr ? 0 : scale_->px(kMarginOfWindow);
+}
 
 SIZE FormWindow::naturalSize() const {
   const Wish wish = box_->wish();

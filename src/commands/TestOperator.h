@@ -9,6 +9,7 @@
 
 #include "commands/RandomPerson.h"
 #include "commands/TestOperatorSession.h"
+#include "testing/SourceFolder.h"
 
 namespace korvane {
 
@@ -98,9 +99,7 @@ class RandomOperator {
   std::string tracePath() const {
     return testing::TempDir() + "korvane-operator-" + std::to_string(seed_) + ".script";
   }
-  OperatorSession<Console> fresh() const {
-    return {std::string(KORVANE_SOURCE_DIR) + "/examples", seed_};
-  }
+  OperatorSession<Console> fresh() const { return {sourceFolder() + "/examples", seed_}; }
 
   bool loses(const Script& actions) const {
     OperatorSession<Console> session = fresh();

@@ -7,12 +7,14 @@
 #include <string>
 #include <vector>
 
+#include "testing/SourceFolder.h"
+
 namespace korvane {
 
 // The picture files that the tests read.
 
 inline std::string seedPath(const std::string& name) {
-  return std::string(KORVANE_SOURCE_DIR "/src/views/shared/pictures/testdata/") + name;
+  return sourceFolder() + "/src/views/shared/pictures/testdata/" + name;
 }
 
 inline std::string seedBytes(const std::string& name) {
