@@ -52,10 +52,10 @@ STEPS = [
     "wall-3",
     (WIRING, (1133, 732), None, "Close"),
     (DESK, (431, 83), None, "New"),
-    (NEW, (419, 231), None, "Cut left"),
-    (NEW, (60, 541), None, "Output on"),
+    (NEW, (419, 396), None, "Cut left"),
+    (NEW, (60, 706), None, "Output on"),
     "lamps",
-    (NEW, (150, 267), "Fire", "the kind of the left effect: Fire"),
+    (NEW, (153, 349), "Fire", "the kind of the left effect: Fire"),
     "wall-4",
 ]
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QEvent>
+#include <QLayout>
 #include <QScreen>
 #include <QScrollArea>
 
@@ -21,7 +22,10 @@ class FittingArea : public QScrollArea {
 
   QSize sizeHint() const override { return widget()->sizeHint(); }
   QSize minimumSizeHint() const override {
-    return widget()->minimumSizeHint().boundedTo(roomOn(*screen()));
+    const QLayout* around = window()->layout();
+    const QWidget* menus = around == nullptr ? nullptr : around->menuBar();
+    const QSize above(0, menus == nullptr ? 0 : menus->sizeHint().height());
+    return widget()->minimumSizeHint().boundedTo(roomOn(*screen()) - above);
   }
 
  protected:

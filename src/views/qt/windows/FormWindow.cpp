@@ -22,8 +22,16 @@ namespace {
 constexpr int kMargin = 12;
 constexpr QSize kGrip{120, 20};  // of a title bar, by which a window can be moved
 
+QRect whollyOn(const QScreen& screen, QRect window) {
+  const QRect room(screen.availableGeometry().topLeft(), roomOn(screen));
+  window.setSize(window.size().boundedTo(room.size()));
+  window.moveTo(std::clamp(window.x(), room.x(), room.x() + room.width() - window.width()),
+                std::clamp(window.y(), room.y(), room.y() + room.height() - window.height()));
+  return window;
+}
+
 // The place itself if the window can be taken hold of there, else one wholly on a screen.
-QRect onAScreen(QRect window) {
+QRect onAScreen(const QRect& window) {
   const QRect title(window.topLeft(), QSize(window.width(), 2 * kGrip.height()));
   const QScreen* on = QGuiApplication::primaryScreen();
   bool reachable = false;
@@ -34,13 +42,8 @@ QRect onAScreen(QRect window) {
     on = screen;
     reachable = true;
   }
-  const QSize room = roomOn(*on);
-  if (reachable && window.size().boundedTo(room) == window.size()) return window;
-  window.setSize(window.size().boundedTo(room));
-  const QRect all = on->availableGeometry();
-  window.moveTo(std::clamp(window.x(), all.x(), all.x() + all.width() - window.width()),
-                std::clamp(window.y(), all.y(), all.y() + all.height() - window.height()));
-  return window;
+  if (reachable && window.size().boundedTo(roomOn(*on)) == window.size()) return window;
+  return whollyOn(*on, window);
 }
 
 }  // namespace
@@ -169,6 +172,20 @@ void FormWindow::followSize() {
     const auto known = sizes_.find(declaredWidth_);
     const QSize fresh = QSize(sizeHint().width(), height()).boundedTo(roomOn(*screen()));
     resize(known == sizes_.end() ? fresh : known->second);
+  });
+}
+
+// A window that its controls have outgrown takes what they ask for, rather than the least that they
+// can do with, and stays on its screen with its last line.
+void FormWindow::resizeEvent(QResizeEvent* event) {
+  notePlace();
+  const QSize from = event->oldSize();
+  if (!from.isValid() || from.expandedTo(minimumSize()) == from) return;
+  QTimer::singleShot(0, this, [this, from] {
+    if (isMaximized() || isFullScreen()) return;
+    const QRect fitted = whollyOn(*screen(), {pos(), sizeHint().expandedTo(from)});
+    move(fitted.topLeft());
+    resize(fitted.size());
   });
 }
 

@@ -30,7 +30,7 @@ class FormWindow : public QWidget {
   void keyPressEvent(QKeyEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void moveEvent(QMoveEvent*) override { notePlace(); }
-  void resizeEvent(QResizeEvent*) override { notePlace(); }
+  void resizeEvent(QResizeEvent* event) override;
   void changeEvent(QEvent* event) override;
 
  private:

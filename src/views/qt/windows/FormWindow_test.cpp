@@ -1,5 +1,6 @@
 #include "views/qt/windows/FormWindow.h"
 
+#include <QLayout>
 #include <QScreen>
 
 #include "views/qt/testing/Settle.h"
@@ -98,6 +99,54 @@ TEST_F(FormWindows, AnotherDeclaredWidthTakesTheWindowToItsControls) {
   EXPECT_TRUE(QTest::qWaitFor([&] { return width() < 900; }));
   plain->setSize(8200, 100);
   EXPECT_TRUE(QTest::qWaitFor([&] { return width() == 900; })) << "it comes back as it was";
+}
+
+TEST_F(FormWindows, ControlsThatHaveOutgrownAWindowGetWhatTheyAskForOnItsScreen) {
+  struct Folded : PlainForm {
+    Folded(Button& above, Group& group, ListView& list)
+        : PlainForm("folded", {&above, &group, &list}) {
+      group.setVisible(false);
+      setLayout(column({above, boxed(group, column({list}))}));
+    }
+  };
+  Group group("group");
+  ListView list("list");
+  Folded folded(button, group, list);
+  desktop.add(folded);
+  view = std::make_unique<DesktopView>(desktop, gate, folded);
+  desktop.show(folded);
+  const FormWindow& window = view->window(folded);
+  const QRect screen = window.screen()->availableGeometry();
+  folded.moveTo({60, screen.bottom() - 100, 200, 60, false});
+  settle();
+  gate.run([&] { group.setVisible(true); });
+  EXPECT_TRUE(QTest::qWaitFor([&] { return window.height() == window.sizeHint().height(); }));
+  EXPECT_GT(window.height(), window.layout()->totalMinimumSize().height()) << "not the least alone";
+  EXPECT_TRUE(screen.contains(window.frameGeometry()));
+  view.reset();
+}
+
+TEST_F(FormWindows, TheMenusAboveHaveTheirRoomOnASmallScreen) {
+  std::vector<std::unique_ptr<Button>> rows;
+  std::vector<Control*> controls;
+  for (int row = 0; row < 60; ++row) {
+    rows.push_back(std::make_unique<Button>("row" + std::to_string(row), Look{.caption = "Row"}));
+    controls.push_back(rows.back().get());
+  }
+  MenuItem item("item", {.caption = "Item"}, "");
+  controls.push_back(&item);
+  struct WithMenu : PlainForm {
+    WithMenu(const std::vector<Control*>& all, MenuItem& item) : PlainForm("menus", all) {
+      setMenus({{"Menu", {&item}}});
+    }
+  };
+  auto menus = std::make_unique<WithMenu>(controls, item);
+  desktop.add(*menus);
+  view = std::make_unique<DesktopView>(desktop, gate, *menus);
+  const FormWindow& window = view->window(*menus);
+  const QSize least = window.layout()->totalMinimumSize();
+  EXPECT_LE(least.height(), window.screen()->availableSize().height() - 40) << "less the frame";
+  view.reset();
 }
 
 TEST_F(FormWindows, TellTheirPlaceAndTakeTheOneThatIsWanted) {
