@@ -56,11 +56,11 @@ DeskForm::DeskForm(Form& toolWindow, const std::vector<Example>& shows)
 }
 
 void DeskForm::addControls() {
-  add({&begin, &welcome, &newShow, &open});
+  add({&begin, &welcome, &newShow, &open, &tool});
   for (const auto& item : examples) add({item.get()});
   add({&hint, &pane, &dmx, &blackout, &freeze, &beat, &grandMaster, &channels, &wiring, &output});
-  add({&save, &saveAs, &openLast, &quit, &undo, &redo, &configure, &tool, &front, &narrow, &full,
-       &keys, &help, &sent, &wrong});
+  add({&save, &saveAs, &openLast, &quit, &undo, &redo, &configure, &front, &narrow, &full, &keys,
+       &help, &sent, &wrong});
   add({&masterUp, &masterDown, &steeper, &flatter, &lessRed, &lessGreen, &lessBlue, &whiteBack,
        &faderLeft, &faderRight, &faderFarLeft, &faderFarRight, &cutLeft, &cutRight, &fadeLeft,
        &fadeRight});

@@ -57,6 +57,16 @@ TEST_F(DeskView, TheToolStandsWithinTheOneWindow) {
   EXPECT_FALSE(on(tool.panelA.frame).isVisible());
 }
 
+TEST_F(DeskView, TabGoesThroughThePageToBeginFromAsItIsRead) {
+  on(desk.form.newShow).setFocus();
+  for (Control* next :
+       {static_cast<Control*>(&desk.form.open), static_cast<Control*>(&desk.form.tool),
+        static_cast<Control*>(&desk.form.dmx)}) {
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    EXPECT_TRUE(on(*next).hasFocus()) << next->name();
+  }
+}
+
 TEST_F(DeskView, TheMenusHoldTheItemsWithTheirKeys) {
   QStringList all;
   for (QAction* menu : window().findChild<QMenuBar*>()->actions()) {
