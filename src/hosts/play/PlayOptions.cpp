@@ -129,6 +129,8 @@ struct Hours {
 // What only makes sense together.
 void complete(PlayOptions& options, const Hours& hours) {
   using What = EveningPlan::What;
+  if (options.show.empty() && !options.resume && !options.help)
+    throw PlayUsageError("name a show to play");
   if (hours.from.has_value() != hours.to.has_value())
     throw PlayUsageError("--from and --to need each other");
   if (hours.from) options.evening.hours = Schedule(*hours.from, *hours.to);

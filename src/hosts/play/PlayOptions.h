@@ -14,7 +14,7 @@ namespace korvane {
 
 /// The command line of the player.
 struct PlayOptions {
-  std::string show;  ///< any file of a project; empty plays the two plain decks of a new show
+  std::string show;                   ///< any file of a project; empty to go on with the last one
   std::vector<OutputConfig> outputs;  ///< none: those of the project
   WallLevels levels;                  ///< grand master, blackout, freeze at the start
   bool masterGiven = false;           ///< else the grand master is that of the project

@@ -73,8 +73,7 @@ bool Player::hasCues() {
 }
 
 std::filesystem::path Player::showPath() const {
-  return std::filesystem::absolute(options_.show.empty() ? "untitled"
-                                                         : showOfProject(options_.show));
+  return std::filesystem::absolute(showOfProject(options_.show));
 }
 
 void Player::tell(const std::string& text) {
@@ -90,7 +89,6 @@ bool Player::event(const std::function<void()>& what) {
 // The lamps must not flash in the colours of a new list, so nothing is sent before all is there.
 void Player::openShow() {
   plugin_.engine.desktop.show(plugin_.matrixForm);
-  if (options_.show.empty()) return;
   plugin_.matrixForm.panelA.clear.click();
   plugin_.matrixForm.panelB.clear.click();
   openProject(plugin_.engine, showPath().string());
@@ -98,8 +96,6 @@ void Player::openShow() {
 
 // What the command line says is stronger than the project.
 void Player::takeProject() {
-  if (options_.automatic) run_.automatic.set(*options_.automatic);
-  if (options_.show.empty()) return;
   const std::string own = projectOf(showPath().string()) + kDeskProjectEnding;
   const std::string path = options_.show.ends_with(kDeskProjectEnding) ? options_.show : own;
   DeskProject project;
@@ -288,9 +284,8 @@ std::string Player::statusLine() const {
   return runText() + "q ends; a, b fade; space beats; o, f, +, -, g, G, 0 to 3. " +
          std::string(levels.blackout ? "BLACKOUT. " : "") + (levels.freeze ? "FREEZE. " : "") +
          (levels.master < 100 ? "Master " + std::to_string(levels.master) + " %. " : "") +
-         (options_.show.empty() ? "A new show" : showPath().stem().string()) + ", " +
-         std::to_string(v.matrixCols) + " x " + std::to_string(v.matrixRows) + " lamps, output " +
-         feed_.outputs.status();
+         showPath().stem().string() + ", " + std::to_string(v.matrixCols) + " x " +
+         std::to_string(v.matrixRows) + " lamps, output " + feed_.outputs.status();
 }
 
 void Player::draw() {

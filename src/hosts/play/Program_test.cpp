@@ -371,6 +371,12 @@ TEST_F(WithoutATerminal, AShowThatIsNotThereIsToldAndNothingIsSent) {
   EXPECT_EQ(lamps.take(), 0);
 }
 
+TEST_F(WithoutATerminal, NoShowIsWrongUsageAndNothingIsSent) {
+  EXPECT_EQ(run("--seconds 0.3 --output " + lamps.target()), 2);
+  EXPECT_EQ(err, "korvane-play: name a show to play; --help tells the usage\n");
+  EXPECT_EQ(lamps.take(), 0);
+}
+
 TEST_F(WithoutATerminal, AWrongTargetIsWrongUsage) {
   EXPECT_EQ(run("--output sacn:0@127.0.0.1 " + kShow), 2);
   EXPECT_THAT(err, HasSubstr("sACN universe 0 is out of range"));

@@ -20,7 +20,7 @@ int run(int count, char** words) {
     std::cerr << "korvane-play: there is nothing to go on with; name a show\n";
     return 1;
   }
-  if (!options.show.empty() && !fileExists(options.show)) {
+  if (!fileExists(options.show)) {
     std::cerr << "korvane-play: there is no show " << options.show << "\n";
     return 1;
   }
