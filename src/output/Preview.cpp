@@ -41,6 +41,15 @@ void set_matrix_values(Engine& engine, PictureBox& box) {
   drawMatrix(engine, &box == &v.A.picture ? v.A : v.B);
 }
 
+void fitPreviews(Engine& engine) {
+  Variablen& v = engine.v;
+  const std::initializer_list<PictureBox*> boxes = {&v.A.picture, &v.B.picture,
+                                                    &engine.master.picture};
+  for (PictureBox* box : boxes) box->clear();
+  for (PictureBox* box : boxes) set_matrix_values(engine, *box);
+  for (Deck* deck : {&v.A, &v.B}) deck->mini.resize(v.matrixCols, v.matrixRows);
+}
+
 void drawMatrix(Engine& engine, Deck& deck) {
   drawGrid(engine.v, deck.picture, deck.frame, deck.preview);
 }

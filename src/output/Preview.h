@@ -11,6 +11,9 @@ namespace korvane {
 /// result serves both deck previews, which have the same size. kDivisionByZero for an empty matrix.
 void set_matrix_values(Engine& engine, PictureBox& box);
 
+/// Clears all previews and fits them to a grid that got another size.
+void fitPreviews(Engine& engine);
+
 /// Repaints a deck's preview, or one cell of it.
 void drawMatrix(Engine& engine, Deck& deck);
 void drawPoint(Engine& engine, Deck& deck, std::int16_t col, std::int16_t row);

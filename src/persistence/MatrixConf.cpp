@@ -199,13 +199,7 @@ void MatrixConf::suggest(ListBox& channel, ListBox& universe) {
 
 void MatrixConf::OK_Click() {
   engine_.v.matrixConfigured = true;
-  for (PictureBox* box : {&engine_.v.A.picture, &engine_.v.B.picture, &engine_.master.picture})
-    box->clear();
-  for (PictureBox* box : {&engine_.v.A.picture, &engine_.v.B.picture, &engine_.master.picture}) {
-    set_matrix_values(engine_, *box);
-  }
-  for (Deck* deck : {&engine_.v.A, &engine_.v.B})
-    deck->mini.resize(engine_.v.matrixCols, engine_.v.matrixRows);
+  fitPreviews(engine_);
   engine_.desktop.hide(*this);
 }
 

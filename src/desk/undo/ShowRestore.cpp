@@ -108,12 +108,7 @@ void putGrid(Plugin& plugin, const GridState& to) {
   v.quickConfigured = to.quick;
   v.matrixName = to.name;
   plugin.matrixConf.MName.setText(to.shownName);
-  for (PictureBox* box : {&v.A.picture, &v.B.picture, &engine.master.picture}) {
-    if (!size) break;
-    box->clear();
-    set_matrix_values(engine, *box);
-  }
-  for (Deck* deck : {&v.A, &v.B}) deck->mini.resize(v.matrixCols, v.matrixRows);
+  if (size) fitPreviews(engine);
 }
 
 void play(Engine& engine, Deck& deck, Playing how) {

@@ -4,6 +4,7 @@
 
 #include "desk/cues/CueSections.h"
 #include "desk/project/WindowSection.h"
+#include "output/Preview.h"
 #include "platform/Events.h"
 
 namespace korvane {
@@ -222,6 +223,7 @@ void Desk::bindFields() {
   quickConf& quick = plugin.quickConfiguration;
   need(quick.OKButton, {&quick.BaseAddress, &quick.Universe},
        "Choose the address and the universe of the first lamp.");
+  quick.Universe.setToolTip("universe of the first lamp's red");  // the desk sends all of them
   MatrixConfDetail& detail = plugin.matrixConf.detail;
   need(detail.setConfig, {&detail.R, &detail.G, &detail.B, &detail.UR, &detail.UG, &detail.UB},
        "Choose a channel and a universe for each colour.");
@@ -316,9 +318,12 @@ void Desk::followGrid() {
   gridOpen_ = open;
   const bool loaded = loads_ != session.loads();  // a show starts its effects by itself
   if (now == grid_ && !left && !loaded) return;
+  const bool size = now != grid_;
   grid_ = now;
   loads_ = session.loads();
-  if (!loaded && session.plugin.matrixForm.loaded()) session.selectRowsAgain();
+  if (loaded || !session.plugin.matrixForm.loaded()) return;
+  if (size) fitPreviews(engine());
+  session.selectRowsAgain();
 }
 
 // What an event has changed is a step that can be taken back.

@@ -238,6 +238,21 @@ TEST_F(TestDesk, AnotherGridStartsTheEffectsAgain) {
   EXPECT_EQ(rgb(v.frameA.at(4, 11)), rgb(255, 0, 0)) << "the red of the selected row";
 }
 
+TEST_F(TestDesk, PreviewsFollowAnotherGridAtOnce) {
+  click(desk.form.tool);
+  click(desk.form.configure);
+  event([this] { plugin.matrixConf.ncol.setIndex(5); });
+  event([this] { plugin.matrixConf.nrow.setIndex(3); });
+  EXPECT_EQ(v.previewA.cell, v.A.picture.width() / 6) << "not that of twelve columns";
+  EXPECT_EQ(v.previewM.cell, plugin.engine.master.picture.width() / 6);
+  event([this] { plugin.engine.desktop.close(plugin.matrixConf); });
+  EXPECT_EQ(v.previewA.cell, v.A.picture.width() / 6) << "left without OK";
+}
+
+TEST_F(TestDesk, TheQuickConfigurationDoesNotSayThatOtherUniversesStayDark) {
+  EXPECT_EQ(plugin.quickConfiguration.Universe.look().toolTip, "universe of the first lamp's red");
+}
+
 TEST_F(TestDesk, AWallIsWiredAndItsEffectsStartAgain) {
   light();
   click(desk.form.wiring);
