@@ -14,6 +14,14 @@ void ShowHistory::begin() {
   open_ = false;
 }
 
+void ShowHistory::played() {
+  if (!present_.grid) return;
+  ShowState now = withPlaying(plugin_, present_);
+  if (now == present_) return;
+  present_ = std::move(now);
+  ++version_;
+}
+
 void ShowHistory::note() {
   if (!plugin_.matrixForm.loaded()) return;
   if (!present_.grid) return begin();

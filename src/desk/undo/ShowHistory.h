@@ -25,6 +25,9 @@ class ShowHistory {
   /// After each event of a person: what it changed is a step. Changes of one thing that are made
   /// while a mouse button is held, or close upon one another, are one.
   void note();
+  /// After each pass over the timers: what an effect writes into its own record as it plays is no
+  /// step.
+  void played();
   /// Another show is there: nothing of the one before can be had back.
   void begin();
 

@@ -38,6 +38,7 @@ void putContents(Deck& deck, const DeckState& state) {
   deck.efxEdited = state.edited;
   deck.efxCount = state.count;
   deck.efxDeleted = state.deleted;
+  deck.savedFadeMode = state.chosenFadeMode;
   putRows(deck.efxList, state.rows, deck.sel);
 }
 

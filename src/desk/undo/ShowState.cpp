@@ -40,6 +40,19 @@ bool sameField(const Record& one, const Record& other) {
   return same(one.*member, other.*member);
 }
 
+// What a Color Change shows at the moment and has shown before, and the last band of a Color
+// Scroll, are noted in their records as they play; no file has them.
+bool notesOfPlay(const Effect& one, const Effect& other, std::int16_t type) {
+  return one.type == type && other.type == type;
+}
+bool sameColor1(const Effect& one, const Effect& other) {
+  return one.color1 == other.color1 || notesOfPlay(one, other, kColorChange);
+}
+bool sameColor2(const Effect& one, const Effect& other) {
+  return one.color2 == other.color2 || notesOfPlay(one, other, kColorChange) ||
+         notesOfPlay(one, other, kColorScroll);
+}
+
 template <auto member>
 constexpr Field<Effect> effectField(const char* words) {
   return {words, &sameField<member, Effect>};
@@ -60,8 +73,8 @@ constexpr Field<Effect> kEffectFields[] = {
     effectField<&Effect::colors>("colours"),
     effectField<&Effect::itemWidths>("widths"),
     effectField<&Effect::itemTimes>("times"),
-    effectField<&Effect::color1>("colour"),
-    effectField<&Effect::color2>("second colour"),
+    {"colour", &sameColor1},
+    {"second colour", &sameColor2},
     effectField<&Effect::tickerText>("text"),
     effectField<&Effect::direction>("direction"),
     effectField<&Effect::speed>("speed"),
@@ -121,10 +134,11 @@ std::shared_ptr<const DeckState> deckState(const Deck& deck,
   }
   if (last && slots == before.slots && deck.efxEdited == before.edited &&
       deck.efxCount == before.count && deck.efxDeleted == before.deleted &&
-      sameRows(deck.efxList, before.rows))
+      deck.savedFadeMode == before.chosenFadeMode && sameRows(deck.efxList, before.rows))
     return last;
-  return std::make_shared<const DeckState>(DeckState{
-      std::move(slots), deck.efxEdited, listRows(deck.efxList), deck.efxCount, deck.efxDeleted});
+  return std::make_shared<const DeckState>(DeckState{std::move(slots), deck.efxEdited,
+                                                     listRows(deck.efxList), deck.efxCount,
+                                                     deck.efxDeleted, deck.savedFadeMode});
 }
 
 std::shared_ptr<const FadesState> fadesState(const Engine& engine,
@@ -217,6 +231,21 @@ ShowState stateOf(const Plugin& plugin, const ShowState& last) {
   return {{deckState(v.A, last.decks[0]), deckState(v.B, last.decks[1])},
           fadesState(plugin.engine, last.fades),
           gridState(plugin, last.grid)};
+}
+
+ShowState withPlaying(const Plugin& plugin, const ShowState& last) {
+  ShowState state = last;
+  const Variablen& v = plugin.engine.v;
+  for (const Deck* deck : {&v.A, &v.B}) {
+    auto& kept = state.decks[deck->isB() ? 1 : 0];
+    const auto slot = static_cast<std::size_t>(deck->sel);
+    if (slot >= deck->efx.size() || slot >= kept->slots.size()) continue;
+    if (alike(*kept->slots[slot], deck->efx[slot])) continue;
+    DeckState now = *kept;
+    now.slots[slot] = std::make_shared<const Effect>(deck->efx[slot]);
+    kept = std::make_shared<const DeckState>(std::move(now));
+  }
+  return state;
 }
 
 std::size_t bytesBeside(const ShowState& state, const ShowState& other) {

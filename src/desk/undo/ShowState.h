@@ -26,6 +26,7 @@ struct DeckState {
   std::vector<Boolean> edited;  ///< per slot
   std::vector<RowState> rows;
   std::int16_t count = 0, deleted = 0;
+  std::int16_t chosenFadeMode = 0;  ///< of a Color Change, while a transition still has another one
 };
 
 struct FadesState {
@@ -53,10 +54,13 @@ struct ShowState {
 /// The state of the show now. It shares with `last` whatever has not changed since.
 ShowState stateOf(const Plugin& plugin, const ShowState& last = {});
 
+/// The same state, but with the records of the effects that play as these are now.
+ShowState withPlaying(const Plugin& plugin, const ShowState& last);
+
 /// Bytes of memory that a state takes beside another one.
 std::size_t bytesBeside(const ShowState& state, const ShowState& other);
 
-/// Whether all fields of two records are alike.
+/// Whether all fields of two records are alike that a person sets.
 bool alike(const Effect& one, const Effect& other);
 bool alike(const FadeEntry& one, const FadeEntry& other);
 

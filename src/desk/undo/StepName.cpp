@@ -23,20 +23,111 @@ std::vector<const RowState*> rowsWithout(const std::vector<RowState>& rows,
   return alone;
 }
 
-bool sameOrder(const std::vector<RowState>& one, const std::vector<RowState>& other) {
-  return std::ranges::equal(one, other, {}, &RowState::slot, &RowState::slot);
+/// What became of the rows of one list.
+struct RowsChange {
+  std::string list;  ///< its name for people
+  std::string what;  ///< stands in it
+  std::vector<const RowState*> added = {}, removed = {};
+  bool copies = false;                      ///< the added rows hold what others held before
+  std::vector<std::string> reordered = {};  ///< the names of those that were moved
+  bool exchanged = false;                   ///< two rows have each other's place
+
+  bool any() const { return !added.empty() || !removed.empty() || !reordered.empty(); }
+};
+
+// The fewest rows that must be moved from one order to the other.
+std::vector<std::string> movedRows(const std::vector<RowState>& before,
+                                   const std::vector<RowState>& after) {
+  std::vector<std::size_t> longest(after.size(), 1), previous(after.size(), after.size());
+  std::vector<std::ptrdiff_t> place;  // before
+  for (const RowState& row : after) place.push_back(rowOf(before, row.slot) - before.data());
+  std::size_t last = 0;
+  for (std::size_t i = 0; i < after.size(); ++i) {
+    for (std::size_t j = 0; j < i; ++j) {
+      if (place[j] > place[i] || longest[j] < longest[i]) continue;
+      longest[i] = longest[j] + 1;
+      previous[i] = j;
+    }
+    if (longest[i] > longest[last]) last = i;
+  }
+  std::vector<bool> stays(after.size());
+  for (; last < after.size(); last = previous[last]) stays[last] = true;
+  std::vector<std::string> moved;
+  for (std::size_t i = 0; i < after.size(); ++i) {
+    if (!stays[i]) moved.push_back(after[i].text);
+  }
+  return moved;
 }
 
-// A list that got or lost rows, or has them in another order.
-std::optional<StepName> changeOfRows(const std::vector<RowState>& before,
-                                     const std::vector<RowState>& after, const std::string& list) {
-  const auto added = rowsWithout(after, before), removed = rowsWithout(before, after);
-  const std::string key = "rows " + list;
-  if (added.size() + removed.size() > 1) return StepName{"load", "load"};
-  if (!added.empty()) return StepName{"new row in the " + list, key + "+"};
-  if (!removed.empty()) return StepName{"removed " + quoted(removed[0]->text), key + "-"};
-  if (!sameOrder(before, after)) return StepName{"order of the " + list, key + "="};
-  return std::nullopt;
+RowsChange changeOfRows(const std::vector<RowState>& before, const std::vector<RowState>& after,
+                        const std::string& list, const std::string& what) {
+  RowsChange change{list, what, rowsWithout(after, before), rowsWithout(before, after)};
+  if (!change.added.empty() || !change.removed.empty() || before.size() != after.size())
+    return change;
+  for (std::size_t i = 0; i < after.size(); ++i) {
+    if (before[i].slot != after[i].slot) change.reordered.push_back(after[i].text);
+  }
+  change.exchanged = change.reordered.size() == 2;
+  if (change.reordered.size() > 2) change.reordered = movedRows(before, after);
+  return change;
+}
+
+bool holdsCopies(const RowsChange& change, const ShowState& before, const DeckState& after) {
+  const auto isCopy = [&](const RowState* row) {
+    const auto slot = static_cast<std::size_t>(row->slot);
+    if (slot >= after.slots.size() || !after.edited.at(slot)) return false;
+    return std::ranges::any_of(before.decks, [&](const auto& deck) {
+      return std::ranges::any_of(
+          deck->slots, [&](const auto& effect) { return alike(*effect, *after.slots[slot]); });
+    });
+  };
+  return !change.added.empty() && std::ranges::all_of(change.added, isCopy);
+}
+
+// "'Embers'", or "3 effects".
+std::string counted(const std::vector<std::string>& names, const std::string& what) {
+  return names.size() == 1 ? quoted(names[0]) : std::to_string(names.size()) + " " + what;
+}
+std::vector<std::string> textsOf(const std::vector<const RowState*>& rows) {
+  std::vector<std::string> texts;
+  for (const RowState* row : rows) texts.push_back(row->text);
+  return texts;
+}
+
+const StepName kLoad = {"load", "load"};
+
+// One list alone has changed.
+StepName named(const RowsChange& change) {
+  const std::string key = "rows " + change.list;
+  if (change.exchanged)
+    return {"exchanged " + quoted(change.reordered[0]) + " and " + quoted(change.reordered[1]),
+            key + "="};
+  if (!change.reordered.empty())
+    return {"moved " + counted(change.reordered, change.what), key + "="};
+  if (!change.added.empty() && !change.removed.empty()) return kLoad;
+  if (!change.removed.empty())
+    return {"removed " + counted(textsOf(change.removed), change.what), key + "-"};
+  if (change.copies) return {"copied " + counted(textsOf(change.added), change.what), key + "+"};
+  return change.added.size() == 1 ? StepName{"new row in the " + change.list, key + "+"} : kLoad;
+}
+
+// Rows that one deck has lost and the other has got.
+bool wentFrom(const RowsChange& from, const RowsChange& to) {
+  return from.added.empty() && to.removed.empty() && from.reordered.empty() && to.copies &&
+         textsOf(from.removed) == textsOf(to.added);
+}
+
+// What became of the rows; `contents` is what else has changed.
+StepName named(const std::vector<RowsChange>& rows, const std::vector<StepName>& contents) {
+  // What plays next when its row goes, or what an open dialog held, is noted by the way.
+  constexpr std::size_t kMostByTheWay = 2;
+  if (contents.size() > kMostByTheWay || rows.size() > 2) return kLoad;
+  if (rows.size() == 1) return named(rows[0]);
+  for (const auto& [from, to] : {std::pair(&rows[0], &rows[1]), std::pair(&rows[1], &rows[0])}) {
+    if (wentFrom(*from, *to))
+      return {"moved " + counted(textsOf(to->added), to->what) + " to the " + to->list, "drag"};
+  }
+  return kLoad;
 }
 
 std::string wordsFor(const std::vector<const char*>& differences) {
@@ -91,21 +182,27 @@ StepName changeOfGrid(const GridState& before, const GridState& after) {
 
 StepName nameOfStep(const ShowState& before, const ShowState& after) {
   static constexpr std::array<const char*, 2> kLists = {"left list", "right list"};
-  std::vector<StepName> rows, contents;
+  std::vector<RowsChange> rows;
+  std::vector<StepName> contents;
   for (std::size_t i = 0; i < kLists.size(); ++i) {
     if (before.decks[i] == after.decks[i]) continue;
-    if (auto change = changeOfRows(before.decks[i]->rows, after.decks[i]->rows, kLists[i]))
-      rows.push_back(*change);
-    changesOfEffects(*before.decks[i], *after.decks[i], kLists[i], contents);
+    const DeckState &was = *before.decks[i], &is = *after.decks[i];
+    RowsChange change = changeOfRows(was.rows, is.rows, kLists[i], "effects");
+    change.copies = holdsCopies(change, before, is);
+    if (change.any()) rows.push_back(std::move(change));
+    changesOfEffects(was, is, kLists[i], contents);
+    if (was.chosenFadeMode != is.chosenFadeMode && contents.empty())
+      contents.push_back({"change of colours", std::string("mode ") + kLists[i], true});
   }
   if (before.fades != after.fades) {
-    if (auto change = changeOfRows(before.fades->rows, after.fades->rows, "fade list"))
-      rows.push_back(*change);
+    RowsChange change = changeOfRows(before.fades->rows, after.fades->rows, "fade list", "fades");
+    if (change.any()) rows.push_back(std::move(change));
     changesOfFades(*before.fades, *after.fades, contents);
   }
-  if (before.grid != after.grid && rows.empty()) return changeOfGrid(*before.grid, *after.grid);
-  if (rows.size() == 1) return rows.front();
-  if (!rows.empty() || contents.size() > 1) return {"load", "load"};
+  const bool otherGrid = before.grid != after.grid;
+  if (otherGrid && rows.empty()) return changeOfGrid(*before.grid, *after.grid);
+  if (!rows.empty()) return otherGrid ? kLoad : named(rows, contents);
+  if (contents.size() > 1) return kLoad;
   return contents.empty() ? StepName{"change", "change"} : contents.front();
 }
 

@@ -132,6 +132,77 @@ TEST_F(Undo, AStepThatDoesNotTouchThePlayingEffectDoesNotRestartIt) {
   EXPECT_EQ(v.A.colorIndex, 1) << "it goes on where it was";
 }
 
+TEST_F(Undo, WhatAColorChangeNotesAsItPlaysIsNoStepAndItIsNotStartedAnew) {
+  event([this] {
+    v.A.effect().type = kColorChange;
+    v.A.effect().colors = {rgb(255, 0, 0), rgb(0, 255, 0), rgb(0, 0, 255)};
+    v.A.effect().itemTimes = {1, 1, 1};
+    v.A.effect().colorCount = 3;
+    v.A.effect().speed = 50;
+  });
+  pick(v.A.efxList, 0);
+  click(tool.panelB.add);
+  pick(v.B.efxList, 1);
+  click(tool.panelB.remove);
+  const std::size_t steps = desk.history.steps();
+  for (int i = 0; i < 4 && v.A.colorIndex != 1; ++i) advance(400);
+  ASSERT_EQ(v.A.colorIndex, 1);
+  ASSERT_EQ(v.A.effect().color2, rgb(255, 0, 0));
+  event([] {});
+  EXPECT_EQ(desk.history.steps(), steps);
+  EXPECT_EQ(undoCaption(), "Undo: removed 'new effect'");
+  undo();
+  EXPECT_EQ(v.B.efxList.count(), 2);
+  EXPECT_EQ(v.A.colorIndex, 1) << "it goes on where it was";
+  EXPECT_EQ(rgb(v.frameA.at(0, 0)), rgb(0, 255, 0));
+}
+
+// A transition ends in the mode that was chosen or loaded last on its deck.
+TEST_F(Undo, AModeThatAColorChangeGivesItselfAsItPlaysIsNoStep) {
+  event([this] {
+    v.A.effect().type = kColorChange;
+    v.A.effect().colors = {rgb(255, 0, 0), rgb(0, 255, 0), rgb(0, 0, 255)};
+    v.A.effect().itemTimes = {1, 1, 1};
+    v.A.effect().colorCount = 3;
+    v.A.effect().speed = 50;
+    v.A.effect().amount = 100;
+    v.A.effect().fadeMode = 1;
+  });
+  pick(v.A.efxList, 0);
+  click(tool.panelB.add);
+  const std::size_t steps = desk.history.steps();
+  for (int i = 0; i < 20 && v.A.effect().fadeMode != 0; ++i) advance(400);
+  ASSERT_EQ(v.A.effect().fadeMode, 0);
+  event([] {});
+  EXPECT_EQ(desk.history.steps(), steps);
+  undo();
+  EXPECT_EQ(v.B.efxList.count(), 1);
+}
+
+TEST_F(Undo, AModeThatIsChosenDuringATransitionIsAStep) {
+  event([this] {
+    v.A.effect().type = kColorChange;
+    v.A.effect().colors = {rgb(255, 0, 0), rgb(0, 255, 0)};
+    v.A.effect().itemTimes = {1, 1};
+    v.A.effect().colorCount = 2;
+    v.A.effect().speed = 50;
+    v.A.effect().fadeMode = v.A.savedFadeMode = 1;
+    v.A.efxEdited.at(0) = true;
+  });
+  pick(v.A.efxList, 0);
+  click(tool.panelA.edit);
+  for (int i = 0; i < 40 && !v.A.transitionRunning; ++i) advance(100);
+  ASSERT_TRUE(v.A.transitionRunning);
+  auto& mode = dynamic_cast<ListBox&>(*plugin.dialogs.byType[kColorChange]->find("cbFadeMode"));
+  event([&mode] { mode.choose(3); });
+  EXPECT_EQ(undoCaption(), "Undo: change of colours");
+  advance(20000);
+  EXPECT_EQ(v.A.effect().fadeMode, 3);
+  undo();
+  EXPECT_EQ(v.A.effect().fadeMode, 1);
+  EXPECT_EQ(v.A.savedFadeMode, 1);
+}
+
 TEST_F(Undo, TheGridComesBackWithItsChannels) {
   click(desk.form.configure);
   const std::string before = contents();

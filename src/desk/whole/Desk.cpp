@@ -276,6 +276,11 @@ void Desk::finish(std::optional<AtEnd> how) {
 }
 
 void Desk::settle() {
+  if (noted_ == session.loads()) history.played();
+  showAll();
+}
+
+void Desk::showAll() {
   followGrid();
   followDmx();
   send();
@@ -290,7 +295,7 @@ void Desk::refresh() {
   cues.refresh();
   keys.refresh();
   effectRows.refresh();
-  settle();
+  showAll();
   followShow();
   files.noteEvent(engine().timers.now());
   files.showTitle();

@@ -95,6 +95,7 @@ class Desk {
 
   /// The one place where levels leave the desk.
   void send();
+  void showAll();
   int universesOfWall();
   void followDmx();
   void followGrid();

@@ -106,6 +106,57 @@ TEST_F(Rows, SeveralAreRemovedInOneStepThatUndoTakesBack) {
   EXPECT_EQ(playing(v.A).slot, before.slot);
 }
 
+TEST_F(Rows, UndoSaysWhatWasDoneWithTheRows) {
+  const auto undoes = [this] {
+    std::string caption = desk.form.undo.look().caption;
+    click(desk.form.undo);
+    EXPECT_EQ(namesOf(left), names);
+    return caption;
+  };
+  const std::string first = "'" + names[0] + "'", second = "'" + names[1] + "'";
+  act(left, "Remove", {1, 3, 4});
+  EXPECT_EQ(undoes(), "Undo: removed 3 effects");
+  act(left, "Remove", {1});
+  EXPECT_EQ(undoes(), "Undo: removed " + second);
+  act(left, "Duplicate", {1});
+  EXPECT_EQ(undoes(), "Undo: copied " + second);
+  act(left, "Duplicate", {1, 2});
+  EXPECT_EQ(undoes(), "Undo: copied 2 effects");
+  drop(left, {0}, left, 4);
+  EXPECT_EQ(undoes(), "Undo: moved " + first);
+  drop(left, {5}, left, 1);
+  EXPECT_EQ(undoes(), "Undo: moved '" + names[5] + "'");
+  drop(left, {0, 1, 2}, left, left.count());
+  EXPECT_EQ(undoes(), "Undo: moved 3 effects");
+  pick(left, 1);
+  click(tool.panelA.up);
+  EXPECT_EQ(undoes(), "Undo: exchanged " + second + " and " + first);
+  drop(left, {1}, right, 2);
+  EXPECT_EQ(undoes(), "Undo: moved " + second + " to the right list");
+  drop(left, {1, 2}, right, 2);
+  EXPECT_EQ(undoes(), "Undo: moved 2 effects to the right list");
+  drop(left, {1, 2}, right, 2, true);
+  EXPECT_EQ(undoes(), "Undo: copied 2 effects");
+}
+
+// What plays next begins as its row is gone.
+TEST_F(Rows, ARowThatPlaysIsTakenBackByOneStepWhateverPlaysNext) {
+  for (int row = 1; row < static_cast<int>(names.size()); ++row) {
+    pick(left, row);
+    advance(700);
+    act(left, "Remove", {row});
+    advance(5000);
+    event([] {});
+    const std::string& name = names[static_cast<std::size_t>(row)];
+    EXPECT_EQ(desk.form.undo.look().caption, "Undo: removed '" + name + "'");
+    click(desk.form.undo);
+    ASSERT_EQ(namesOf(left), names) << name;
+    advance(5000);
+    event([] {});
+    EXPECT_EQ(desk.form.redo.look().caption, "Redo: removed '" + name + "'");
+  }
+}
+
 TEST_F(Rows, RemovingWhatPlaysSelectsTheRowAboveAndOneRowStays) {
   pick(left, 2);
   act(left, "Remove", {2});
