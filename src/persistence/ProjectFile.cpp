@@ -189,10 +189,10 @@ void selectWhatIsThere(Engine& engine) {
 
 // All that follows the version. The deleted counters are not reset, though the slots are compacted
 // (docs/kept.md, show-counters).
-void readComposition(Engine& engine, LineReader& in) {
+void readComposition(Engine& engine, LineReader& in, const std::string& folder) {
   requireReadable(in);
   stopPlayback(engine);
-  engine.v.showFolder = folderOf(in.path());
+  engine.v.showFolder = folder;
   readMaster(engine, in);
   try {
     readLists(engine, in);
@@ -281,17 +281,21 @@ bool loadProject(Engine& engine) {
     engine.platform.messageBox("falsche Matrix-Version " + version);
     return false;
   }
-  readComposition(engine, in);
+  readComposition(engine, in, folderOf(path));
   for (Deck* deck : {&engine.v.A, &engine.v.B}) startDeck(engine, *deck);
   announce(engine, "Matrix Project loaded", path);
   return true;
 }
 
 void openProject(Engine& engine, const std::string& path) {
+  openProject(engine, path, folderOf(path));
+}
+
+void openProject(Engine& engine, const std::string& path, const std::string& folder) {
   LineReader in(path, engine.platform.numberFormat(), engine.platform.disk());
   if (takeVersion(in) != kProjectVersion)
     in.fail(kTypeMismatch, "no show of version " + kProjectVersion);
-  readComposition(engine, in);
+  readComposition(engine, in, folder);
   entitle(engine, path);
   for (Deck* deck : {&engine.v.A, &engine.v.B})
     runEvent(engine.platform, [&] { startDeck(engine, *deck); });

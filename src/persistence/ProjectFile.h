@@ -25,6 +25,8 @@ bool loadProject(Engine& engine);
 /// The same with a given file, and without a message. kTypeMismatch, with everything as it was, for
 /// a wrong version. An effect that can't start, for want of its picture, say, is reported alone.
 void openProject(Engine& engine, const std::string& path);
+/// The same, with pictures looked for in another folder than the file's own.
+void openProject(Engine& engine, const std::string& path, const std::string& folder);
 
 /// The lines of a project file. `title` is the file's name without its folder.
 void writeProject(const Engine& engine, const NumberFormat& format, const std::string& title,

@@ -202,7 +202,9 @@ void DeskSession::begin() {
   if (onFile) onFile();
 }
 
-bool DeskSession::open(const std::string& show) {
+bool DeskSession::open(const std::string& show) { return open(show, folderOf(show)); }
+
+bool DeskSession::open(const std::string& show, const std::string& folder) {
   const ReadableShow readable = readableShow(show, platform);
   if (!readable.files) {
     platform.messageBox(showName(show) + " can't be opened. " + readable.wrong);
@@ -214,14 +216,14 @@ bool DeskSession::open(const std::string& show) {
   host.clearLevels();
   v.matrixConfigured = v.quickConfigured = false;
   v.matrixName = "unnamed";
-  const bool well = load([this, &files = *readable.files] {
+  const bool well = load([this, &folder, &files = *readable.files] {
     if (files.grid != gridFile()) loadDefinition(plugin.engine, files.grid);
     loadToolAfresh();
     plugin.matrixConf.MName.setText(plugin.engine.v.matrixName);
     // The lamps must not flash in the colours of a new list.
     plugin.matrixForm.panelA.clear.click();
     plugin.matrixForm.panelB.clear.click();
-    openProject(plugin.engine, files.show);
+    openProject(plugin.engine, files.show, folder);
   });
   showGrid();
   keep(composition_);
@@ -257,7 +259,7 @@ std::string DeskSession::gridText() { return definitionText(plugin); }
 
 bool DeskSession::restore(const std::string& copy, const std::string& original) {
   const auto told = std::exchange(onFile, nullptr);  // the copy is nobody's file
-  const bool well = open(copy);
+  const bool well = open(copy, original.empty() ? home_ : folderOf(original));
   onFile = told;
   if (!well) return false;
   path_ = original;

@@ -37,7 +37,8 @@ class DeskSession {
   std::string showText();
   std::string gridText();
   /// Opens a copy of a show that was never saved, or not lately: it goes on as that of the file
-  /// `original`, empty for none, and counts as changed. False if it can't be opened.
+  /// `original`, empty for none, whose folder has its pictures, and counts as changed. False if it
+  /// can't be opened.
   bool restore(const std::string& copy, const std::string& original);
 
   /// The file of the show; empty for a new one.
@@ -70,6 +71,8 @@ class DeskSession {
   Plugin plugin;
 
  private:
+  /// Opens a show whose pictures lie in a folder.
+  bool open(const std::string& show, const std::string& folder);
   /// One of the two files of a project: what would be written to it, and what was last.
   struct Document {
     std::string (*text)(Plugin&);

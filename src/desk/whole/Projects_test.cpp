@@ -171,6 +171,31 @@ TEST_F(KeptAside, IsOfferedAfterACrashWithWhatWasChangedAndOpensAsItWas) {
   EXPECT_EQ(next.desk.form.caption(), "mine* - Korvane");
 }
 
+// Its pictures lie beside the show, not beside the copy that is opened.
+TEST_F(KeptAside, ARestoredShowFindsItsPicturesBeforeItIsSaved) {
+  const std::string examples = sourceFolder() + "/examples/";
+  for (const char* file : {"4-slide-show.Korvane", "4-slide-show.korvaneconf", "slides"})
+    std::filesystem::copy(examples + file, folder + file, std::filesystem::copy_options::recursive);
+  {
+    Run crashed(folder);
+    crashed.machine.answers = {folder + "4-slide-show.Korvane"};
+    crashed.click(crashed.desk.form.open);
+    crashed.change("Slow");
+  }
+  Run next(folder);
+  ASSERT_TRUE(next.desk.question.visible());
+  next.event([&] { next.desk.question.first.click(); });
+  EXPECT_EQ(next.desk.session.path(), folder + "4-slide-show.Korvane");
+  const Variablen& v = next.desk.engine().v;
+  ASSERT_EQ(v.A.efx.at(0).imageFiles.at(0), "slides/sunrise.bmp");
+  EXPECT_EQ(v.showFolder, folder);
+  EXPECT_EQ(rgb(v.frameA.at(0, 0)), rgb(9, 9, 9)) << "the picture as this machine reads it";
+  next.rest();
+  next.rest();
+  EXPECT_EQ(v.A.efx.at(0).imageCount, 5) << "none was missed";
+  EXPECT_THAT(next.machine.boxes, testing::IsEmpty());
+}
+
 TEST_F(KeptAside, ANoIsForGood) {
   { Run(folder).change("Slow"); }
   {
