@@ -7,12 +7,14 @@
 #include <cstdlib>
 #include <filesystem>
 #include <functional>
+#include <iostream>
 
 #include "commands/ConsolePlatform.h"
 #include "commands/HostCalls.h"
 #include "commands/Interpreter.h"
 #include "commands/Operations.h"
 #include "commands/RandomPerson.h"
+#include "desk/cues/CueSections.h"
 #include "desk/show/Examples.h"
 #include "desk/whole/Desk.h"
 #include "persistence/MatrixDefinition.h"
@@ -24,6 +26,7 @@ namespace {
 
 constexpr long kSmokeActions = 3000;
 constexpr int kSessionActions = 300;
+constexpr const char* kCues = "click Desk.cues";
 constexpr const char* kUndo = "click Desk.undo";
 
 long fromEnvironment(const char* name, long otherwise) {
@@ -64,6 +67,9 @@ class WorkedDesk {
     TextWriter writer(&text);
     writeComposition(desk.engine(), {}, writer);
     writeDefinition(desk.engine(), desk.session.plugin.matrixConf.MName.text(), writer);
+    for (const Section& section : cueSections(desk.cues.run)) {
+      if (section.name == "cues") text += section.write().dump();
+    }
     return text;
   }
   /// Closes what stands before a step, a question or the colour mixer. Whether there was one.
@@ -83,7 +89,8 @@ class WorkedDesk {
   // Commands of the desk that begin another history or end it, and its own windows.
   bool leavesTheShow(const std::string& line) {
     for (const char* word : {" Desk", " Wiring", "call ", "open", " MatrixForm.Closeall"}) {
-      if (line.find(word) != std::string::npos) return line != kUndo || !person_.oneIn(20);
+      if (line.find(word) != std::string::npos)
+        return (line != kUndo && line != kCues) || !person_.oneIn(20);
     }
     return false;
   }
@@ -111,7 +118,7 @@ class WorkedDesk {
 TEST(UndoneOperator, FindsTheFirstStateByteForByteAndTheLastOne) {
   const long actions = fromEnvironment("KORVANE_ACTIONS", kSmokeActions);
   const long first = fromEnvironment("KORVANE_SEED", 1);
-  std::size_t all = 0;
+  std::size_t all = 0, ofCues = 0;
   for (long seed = first; seed < first + (actions + kSessionActions - 1) / kSessionActions;
        ++seed) {
     SCOPED_TRACE("KORVANE_SEED=" + std::to_string(seed));
@@ -134,6 +141,7 @@ TEST(UndoneOperator, FindsTheFirstStateByteForByteAndTheLastOne) {
     all += history.steps();
     for (std::size_t step = history.steps(); step > 0; --step) {
       const std::string name = history.undoName();
+      ofCues += name.find("cue") != std::string::npos ? 1 : 0;
       worked.answer(kUndo);
       ASSERT_EQ(history.steps(), step - 1) << name;
       ASSERT_EQ(worked.contents(), states[step - 1]) << "undo of " << name;
@@ -145,6 +153,8 @@ TEST(UndoneOperator, FindsTheFirstStateByteForByteAndTheLastOne) {
     }
   }
   EXPECT_GT(all, static_cast<std::size_t>(actions) / 40) << "hardly anything was changed";
+  EXPECT_GT(ofCues, 0U);
+  std::cout << all << " steps, " << ofCues << " of them of the cues\n";
 }
 
 }  // namespace

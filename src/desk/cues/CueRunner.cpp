@@ -10,6 +10,36 @@ namespace {
 constexpr std::size_t kMostPlayed = 10000;  // that Back goes through in random order
 constexpr std::int64_t kLongAgo = std::numeric_limits<std::int64_t>::min() / 2;
 
+// Where each cue of a list stands in another one, -1 for nowhere. One that was edited is told by
+// its place.
+std::vector<int> placesIn(const std::vector<Cue>& list, const std::vector<Cue>& other) {
+  const auto count = list.size();
+  std::vector<int> places(count, -1);
+  std::vector<bool> taken(other.size());
+  const auto take = [&](std::size_t cue, std::size_t place) {
+    places[cue] = static_cast<int>(place);
+    taken[place] = true;
+  };
+  std::size_t first = 0;
+  for (; first < count && first < other.size() && list[first] == other[first]; ++first)
+    take(first, first);
+  for (std::size_t back = 1; back <= std::min(count, other.size()) - first; ++back) {
+    if (list[count - back] != other[other.size() - back]) break;
+    take(count - back, other.size() - back);
+  }
+  std::size_t near = first;  // rows that were moved together still follow each other
+  for (std::size_t cue = first; cue < count; ++cue) {
+    for (std::size_t i = 0; places[cue] < 0 && i < other.size(); ++i, ++near) {
+      if (near >= other.size()) near = 0;
+      if (!taken[near] && list[cue] == other[near]) take(cue, near);
+    }
+  }
+  for (std::size_t cue = first; count == other.size() && cue < count; ++cue) {
+    if (places[cue] < 0 && !taken[cue]) take(cue, cue);
+  }
+  return places;
+}
+
 }  // namespace
 
 CueRunner::CueRunner(TimerQueue& timers, ShowStage& stage, CueList& list)
@@ -282,6 +312,21 @@ void CueRunner::exchanged(int one, int other) {
     return cue == other ? one : cue;
   });
   if (!list_.random && at_.on >= 0) at_.next = after(at_.on);
+}
+
+void CueRunner::replaced(const CueList& before) {
+  const std::vector<int> places = placesIn(before.cues, list_.cues);
+  mapped([&places](int cue) { return places.at(static_cast<std::size_t>(cue)); });
+  if (!list_.random || !before.random) {
+    reordered();
+  } else {
+    for (int cue = 0; cue < list_.count(); ++cue) {
+      if (std::ranges::find(places, cue) == places.end()) at_.round.insert(at_.round.begin(), cue);
+    }
+    if (at_.next < 0) at_.next = found();
+  }
+  timer_.disable();
+  wait();
 }
 
 void CueRunner::reordered() {

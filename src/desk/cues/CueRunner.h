@@ -64,6 +64,8 @@ class CueRunner {
   void exchanged(int one, int other);
   /// The order or the cues are others: what is next is found anew.
   void reordered();
+  /// The list is another one than before: a cue that is in both stays on.
+  void replaced(const CueList& before);
 
  private:
   std::int64_t now() const;

@@ -1,6 +1,7 @@
 #include "desk/undo/ShowHistory.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "desk/undo/ShowRestore.h"
 
@@ -9,35 +10,35 @@ namespace korvane {
 void ShowHistory::begin() {
   forget(undo_);
   forget(redo_);
-  present_ = stateOf(plugin_, present_);
+  present_ = now();
   ++version_;
   open_ = false;
 }
 
 void ShowHistory::played() {
   if (!present_.grid) return;
-  ShowState now = withPlaying(plugin_, present_);
-  if (now == present_) return;
-  present_ = std::move(now);
+  ShowState playing = withPlaying(plugin_, present_);
+  if (playing == present_) return;
+  present_ = std::move(playing);
   ++version_;
 }
 
 void ShowHistory::note() {
   if (!plugin_.matrixForm.loaded()) return;
   if (!present_.grid) return begin();
-  ShowState now = stateOf(plugin_, present_);
-  if (now == present_) return;
+  ShowState after = now();
+  if (after == present_) return;
   ++version_;
-  const StepName name = nameOfStep(present_, now);
+  const StepName name = nameOfStep(present_, after);
   forget(redo_);
   if (!goesOn(name)) undo_.push_back({present_, name});
-  const std::size_t cost = bytesBeside(now, present_);
+  const std::size_t cost = bytesBeside(after, present_);
   undo_.back().bytes += cost;
   bytes_ += cost;
   changedAt_ = plugin_.engine.timers.now();
   press_ = presses ? presses() : 0;
   open_ = true;
-  present_ = std::move(now);
+  present_ = std::move(after);
   keepWithin();
 }
 
@@ -53,9 +54,13 @@ void ShowHistory::go(std::deque<Step>& from, std::deque<Step>& to) {
   Step step = std::move(from.back());
   from.pop_back();
   restoreShow(plugin_, present_, step.other, onGrid);
+  if (step.other.cues != present_.cues) {
+    const CueList before = std::exchange(run_.list, *step.other.cues);
+    run_.cues.replaced(before);
+  }
   std::swap(step.other, present_);
   to.push_back(std::move(step));
-  present_ = stateOf(plugin_, present_);
+  present_ = now();
   ++version_;
   open_ = false;
 }

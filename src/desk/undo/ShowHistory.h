@@ -10,8 +10,8 @@
 
 namespace korvane {
 
-/// The steps by which a person changed the show and the grid, to go back and forth. It looks from
-/// outside at what each event has changed.
+/// The steps by which a person changed the show, the grid and the list of cues, to go back and
+/// forth. It looks from outside at what each event has changed.
 class ShowHistory {
  public:
   /// Most memory that the steps hold beside the show itself; the oldest go first.
@@ -20,7 +20,7 @@ class ShowHistory {
   /// Changes of one thing that follow each other so closely, in ms, are one step: typing, say.
   static constexpr std::int64_t kOneStep = 1000;
 
-  explicit ShowHistory(Plugin& plugin) : plugin_(plugin) {}
+  ShowHistory(Plugin& plugin, ShowRun& run) : plugin_(plugin), run_(run) {}
 
   /// After each event of a person: what it changed is a step. Changes of one thing that are made
   /// while a mouse button is held, or close upon one another, are one.
@@ -57,12 +57,14 @@ class ShowHistory {
     std::size_t bytes = 0;
   };
 
+  ShowState now() const { return stateOf(plugin_, run_.list, present_); }
   void go(std::deque<Step>& from, std::deque<Step>& to);
   bool goesOn(const StepName& name) const;
   void forget(std::deque<Step>& steps);
   void keepWithin();
 
   Plugin& plugin_;
+  ShowRun& run_;
   ShowState present_;
   std::deque<Step> undo_, redo_;
   std::size_t bytes_ = 0;

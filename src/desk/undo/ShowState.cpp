@@ -226,11 +226,12 @@ std::vector<RowState> listRows(const ListView& list) {
   return rows;
 }
 
-ShowState stateOf(const Plugin& plugin, const ShowState& last) {
+ShowState stateOf(const Plugin& plugin, const CueList& cues, const ShowState& last) {
   const Variablen& v = plugin.engine.v;
   return {{deckState(v.A, last.decks[0]), deckState(v.B, last.decks[1])},
           fadesState(plugin.engine, last.fades),
-          gridState(plugin, last.grid)};
+          gridState(plugin, last.grid),
+          last.cues && *last.cues == cues ? last.cues : std::make_shared<const CueList>(cues)};
 }
 
 ShowState withPlaying(const Plugin& plugin, const ShowState& last) {
@@ -259,6 +260,13 @@ std::size_t bytesBeside(const ShowState& state, const ShowState& other) {
     const Matrix& matrix = state.grid->matrix;
     sum += sizeof(GridState) + bytes(matrix.channelMap.codes()) + bytes(matrix.cellConfigured) +
            static_cast<std::size_t>(matrix.channelMap.sendable().span()) * sizeof(Rgb);
+  }
+  if (state.cues != other.cues) {
+    sum += sizeof(CueList) + bytes(state.cues->cues);
+    for (const Cue& cue : state.cues->cues) {
+      sum += bytes(cue.name);
+      for (const RowRef& row : cue.rows) sum += bytes(row.name);
+    }
   }
   return sum;
 }

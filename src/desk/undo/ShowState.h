@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "desk/cues/ShowRun.h"
 #include "shell/Plugin.h"
 #include "state/Matrix.h"
 
@@ -41,18 +42,19 @@ struct GridState {
   std::string name, shownName;  ///< of the definition, and in its window
 };
 
-/// All that a person changes in the show and the grid, as it is at one moment. Two states are equal
-/// if they share what they are made of.
+/// All that a person changes in the show, the grid and the list of cues, as it is at one moment.
+/// Two states are equal if they share what they are made of.
 struct ShowState {
   std::array<std::shared_ptr<const DeckState>, 2> decks;
   std::shared_ptr<const FadesState> fades;
   std::shared_ptr<const GridState> grid;
+  std::shared_ptr<const CueList> cues;
 
   bool operator==(const ShowState&) const = default;
 };
 
 /// The state of the show now. It shares with `last` whatever has not changed since.
-ShowState stateOf(const Plugin& plugin, const ShowState& last = {});
+ShowState stateOf(const Plugin& plugin, const CueList& cues, const ShowState& last = {});
 
 /// The same state, but with the records of the effects that play as these are now.
 ShowState withPlaying(const Plugin& plugin, const ShowState& last);

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <optional>
 
+#include "desk/undo/CueStepName.h"
+
 namespace korvane {
 namespace {
 
@@ -203,7 +205,8 @@ StepName nameOfStep(const ShowState& before, const ShowState& after) {
   if (otherGrid && rows.empty()) return changeOfGrid(*before.grid, *after.grid);
   if (!rows.empty()) return otherGrid ? kLoad : named(rows, contents);
   if (contents.size() > 1) return kLoad;
-  return contents.empty() ? StepName{"change", "change"} : contents.front();
+  if (!contents.empty()) return contents.front();
+  return nameOfCueStep(*before.cues, *after.cues).value_or(StepName{"change", "change"});
 }
 
 }  // namespace korvane

@@ -1,5 +1,7 @@
 // The window of the cues, and their commands in the desk's menu.
 
+#include <set>
+
 #include "desk/whole/TestDesk.h"
 
 namespace korvane {
@@ -156,6 +158,114 @@ TEST_F(CueWindow, AThousandCuesAreShownAndRun) {
   click(form.go);
   advance(3000 * 998 + 100);
   EXPECT_EQ(form.list.row(998).text, "\u25b6 on");
+}
+
+/// Undo of what was done in the window.
+class UndoneCues : public CueWindow {
+ protected:
+  UndoneCues() { fill(5); }
+  void act(const std::string& caption, const std::vector<int>& rows) {
+    for (const ListView::Action& action : form.list.actions)
+      if (action.caption == caption) event([&] { action.run(rows); });
+  }
+  void drop(std::vector<int> rows, int before) {
+    event([&] { form.list.onDrop({form.list, std::move(rows), before, false}); });
+  }
+  /// Takes a step back, makes it again, and takes it back for good. The words of the step.
+  std::string undoes(const CueList& before) {
+    const CueList after = list;
+    std::string words = desk.form.undo.look().caption;
+    click(desk.form.undo);
+    EXPECT_EQ(list, before) << words;
+    click(desk.form.redo);
+    EXPECT_EQ(list, after) << words;
+    click(desk.form.undo);
+    EXPECT_EQ(list, before) << words;
+    EXPECT_EQ(form.list.count(), before.count());
+    return words;
+  }
+};
+
+TEST_F(UndoneCues, EachEditOfTheListIsAStepWithAName) {
+  const CueList before = list;
+  click(form.add);
+  EXPECT_EQ(undoes(before), "Undo: added cue 'new cue'");
+  click(command("cueRecord"));
+  EXPECT_EQ(undoes(before), "Undo: added cue '" + v.A.efxList.cell(0, 0) + "'");
+  act("Duplicate", {1, 2});
+  EXPECT_EQ(undoes(before), "Undo: added 2 cues");
+  act("Remove", {1});
+  EXPECT_EQ(undoes(before), "Undo: removed cue 'cue 1'");
+  act("Remove", {0, 2, 4});
+  EXPECT_EQ(undoes(before), "Undo: removed 3 cues");
+  drop({0, 1}, 4);
+  EXPECT_EQ(undoes(before), "Undo: order of the cues");
+  event([this] { form.list.click(3, 1); });
+  set(form.fields.name, "Doors");
+  EXPECT_EQ(undoes(before), "Undo: name of cue 'cue 3'");
+  choose(form.fields.left, 1);
+  EXPECT_EQ(undoes(before), "Undo: left effect of cue 'cue 3'");
+  set(form.fields.after, "7");
+  EXPECT_EQ(undoes(before), "Undo: end of cue 'cue 3'");
+  check(form.loop);
+  EXPECT_EQ(undoes(before), "Undo: options of the cues");
+}
+
+TEST_F(UndoneCues, WhatIsOnGoesOnAndGoGoesOnFromThere) {
+  event([this] { desk.cues.run.cues.jump(2); });
+  advance(1000);
+  act("Remove", {0, 3});
+  EXPECT_EQ(desk.cues.run.cues.on(), 1);
+  EXPECT_EQ(desk.cues.run.cues.next(), 2);
+  click(desk.form.undo);
+  EXPECT_EQ(desk.cues.run.cues.on(), 2);
+  EXPECT_EQ(desk.cues.run.cues.next(), 3) << "the one that came back";
+  EXPECT_EQ(form.now.look().caption, "On: 3  cue 2, 2.0 s");
+  drop({2}, 5);
+  click(desk.form.undo);
+  EXPECT_EQ(desk.cues.run.cues.on(), 2);
+  advance(2000);
+  EXPECT_EQ(desk.cues.run.cues.on(), 3);
+}
+
+TEST_F(UndoneCues, AnEndThatIsTakenBackCountsForTheCueThatIsOn) {
+  event([this] { desk.cues.run.cues.jump(0); });
+  event([this] { form.list.click(0, 1); });
+  set(form.fields.after, "60");
+  click(desk.form.undo);
+  advance(3000);
+  EXPECT_EQ(desk.cues.run.cues.on(), 1);
+}
+
+TEST_F(UndoneCues, InRandomOrderEachCueHasItsTurnOnceAfterARemovedOneIsBack) {
+  check(form.random);
+  event([this] { desk.cues.run.cues.go(); });
+  const int on = desk.cues.run.cues.on();
+  act("Remove", {on == 4 ? 3 : 4});
+  click(desk.form.undo);
+  std::set<int> seen = {desk.cues.run.cues.on()};
+  EXPECT_EQ(*seen.begin(), on);
+  for (int turn = 0; turn < 4; ++turn) {
+    advance(1000);
+    click(form.go);
+    seen.insert(desk.cues.run.cues.on());
+  }
+  EXPECT_EQ(seen.size(), 5U);
+}
+
+TEST_F(UndoneCues, ARowThatComesBackIsFoundByItsCueAgain) {
+  pick(v.A.efxList, 3);
+  const CueList before = list;
+  click(tool.panelA.remove);
+  EXPECT_FALSE(desk.cues.run.cues.playable(3));
+  EXPECT_EQ(undoes(before).rfind("Undo: removed '", 0), 0U);
+  EXPECT_TRUE(desk.cues.run.cues.playable(3));
+  pick(v.A.efxList, 0);
+  event([this] { v.A.efxList.beginEdit(0, 0); });
+  event([this] { v.A.efxList.endEdit("Lava"); });
+  EXPECT_EQ(list.at(0).row(ShowList::Left).name, "Lava");
+  click(desk.form.undo);
+  EXPECT_EQ(list, before);
 }
 
 }  // namespace

@@ -73,8 +73,8 @@ class Desk {
   RowPictures pictures;
   DeskChoices choices;
   DeskFiles files;
-  ShowHistory history;
   DeskCues cues;
+  ShowHistory history;
   DeskKeys keys;
   EffectRows effectRows;
 
