@@ -365,10 +365,9 @@ int Desk::universesOfWall() {
 
 // A load of the tool's window stops all timers and gives them its own interval.
 void Desk::keepTime() {
-  const int wanted = monitor.visible()   ? kMonitorMilliseconds
-                     : cues.counting()   ? kCountdownMilliseconds
-                     : pictures.moving() ? FilmStudio::kStep
-                                         : kStateMilliseconds;
+  const int wanted = monitor.visible() ? kMonitorMilliseconds
+                     : cues.counting() ? kCountdownMilliseconds
+                                       : pictures.wanted().value_or(kStateMilliseconds);
   if (refresh_.enabled() && refresh_.interval() == wanted) return;
   refresh_.setInterval(wanted);
   refresh_.enable();

@@ -21,6 +21,7 @@ Raster smallPicture(const Frame& frame, int cols, int rows) {
 }
 
 FilmStudio::FilmStudio(Platform& machine) : platform_(machine) {
+  platform_.timers = &plugin_.engine.timers;
   runEvent(platform_, [this] {
     plugin_.plugIn.ITharnPlugin_Init("Korvane", "", host_);
     plugin_.matrixForm.Form::load();
@@ -38,28 +39,45 @@ void FilmStudio::takeGrid(const Variablen& show) {
   for (Deck* deck : {&v.A, &v.B}) deck->mini.resize(v.matrixCols, v.matrixRows);
 }
 
-std::vector<Raster> FilmStudio::film(const Variablen& show, Side side, const Effect& effect) {
+void FilmStudio::begin(const Variablen& show, Side side, const Effect& effect) {
   Engine& engine = plugin_.engine;
-  Variablen& v = engine.v;
-  Deck& deck = side == Side::B ? v.B : v.A;
-  std::vector<Raster> pictures;
-  const bool starts = runEvent(platform_, [&] {
+  deck_ = side == Side::B ? &engine.v.B : &engine.v.A;
+  pictures_.clear();
+  nextPicture_ = engine.timers.now();
+  plays_ = runEvent(platform_, [&] {
     takeGrid(show);
-    deck.efx.at(0) = effect;
-    deck.efxEdited.at(0) = true;
-    deck.efxList.select(0);
-    efxList_Click(engine, deck);
+    deck_->efx.at(0) = effect;
+    deck_->efxEdited.at(0) = true;
+    deck_->efxList.select(0);
+    efxList_Click(engine, *deck_);
   });
+}
+
+bool FilmStudio::goOn() {
+  const Variablen& v = plugin_.engine.v;
+  TimerQueue& timers = plugin_.engine.timers;
   const auto gate = [this](const std::function<void()>& tick) { runEvent(platform_, tick); };
-  for (int i = 0; starts && i < kLength; ++i) {
-    pictures.push_back(smallPicture(deck.frame, v.matrixCols, v.matrixRows));
-    engine.timers.advanceTo(engine.timers.now() + kStep, gate);
+  int steps = std::max(1, kLampsASlice / std::max(1, v.matrixCols * v.matrixRows));
+  while (plays_ && pictures_.size() < kLength) {
+    const std::int64_t due = timers.nextDue();
+    if (due <= nextPicture_) {
+      if (steps-- == 0) return false;
+      timers.advanceTo(due, gate);
+      continue;
+    }
+    timers.advanceTo(nextPicture_, gate);
+    pictures_.push_back(smallPicture(deck_->frame, v.matrixCols, v.matrixRows));
+    nextPicture_ += kStep;
   }
-  deck.timer1.disable();
-  deck.timer2.disable();
+  end();
+  return true;
+}
+
+void FilmStudio::end() {
+  deck_->timer1.disable();
+  deck_->timer2.disable();
   platform_.boxes.clear();
   platform_.failures.clear();
-  return pictures;
 }
 
 }  // namespace korvane

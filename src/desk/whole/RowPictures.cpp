@@ -7,6 +7,12 @@
 #include "playback/ListRows.h"
 
 namespace korvane {
+namespace {
+
+constexpr int kSlice = 20;             // ms from slice to slice of a film
+constexpr std::int64_t kPatience = 5;  // steps
+
+}  // namespace
 
 void RowPictures::setOn(bool on) {
   on_ = on;
@@ -19,19 +25,32 @@ void RowPictures::setOn(bool on) {
   }
   if (on) return;
   films_.clear();
+  filming_.reset();
   studio_.reset();
 }
 
+// A view that has much to do may leave some steps out.
+bool RowPictures::moving() const {
+  return on_ && session_.plugin.matrixForm.visible() && step_ - asked_ <= kPatience;
+}
+
+std::optional<int> RowPictures::wanted() const {
+  if (!moving()) return std::nullopt;
+  return filming_ ? kSlice : FilmStudio::kStep;
+}
+
 void RowPictures::settle(std::int64_t now) {
-  if (!moving() || now / FilmStudio::kStep == step_) return;
+  const bool next = now / FilmStudio::kStep != step_;
   step_ = now / FilmStudio::kStep;
-  if (session_.loading()) return;
-  makeOne();
+  if (!moving() || session_.loading()) return;
+  goOnFilming();
+  if (!next) return;
   Variablen& v = session_.plugin.engine.v;
   for (Deck* deck : {&v.A, &v.B}) deck->efxList.picturesChanged();
 }
 
 const Raster* RowPictures::picture(const Deck& deck, int row) {
+  asked_ = step_;
   const Variablen& v = session_.plugin.engine.v;
   const std::int16_t slot = toInteger16(deck.efxList.cell(row, kSlotColumn));
   const auto index = static_cast<std::size_t>(slot);
@@ -53,8 +72,17 @@ const Raster* RowPictures::playing(const Deck& deck) {
   return &picture;
 }
 
+void RowPictures::goOnFilming() {
+  if (!filming_) return beginOne();
+  if (!studio_->goOn()) return;
+  films_[*filming_].pictures = studio_->take();
+  filming_.reset();
+  ++filmsMade_;
+  forgetOldest();
+}
+
 // Of those that were asked for since the last step.
-void RowPictures::makeOne() {
+void RowPictures::beginOne() {
   const auto wanted = std::ranges::find_if(films_, [this](const auto& entry) {
     return entry.second.stale && entry.second.asked >= step_ - 1;
   });
@@ -66,9 +94,8 @@ void RowPictures::makeOne() {
   film.grid = {v.matrixCols, v.matrixRows};
   film.effect = deck.efx.at(static_cast<std::size_t>(key.second));
   if (!studio_) studio_ = std::make_unique<FilmStudio>(session_.platform);
-  film.pictures = studio_->film(v, key.first, film.effect);
-  ++filmsMade_;
-  forgetOldest();
+  studio_->begin(v, key.first, film.effect);
+  filming_ = key;
 }
 
 void RowPictures::forgetOldest() {

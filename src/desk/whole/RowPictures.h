@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <map>
 #include <memory>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -13,7 +14,7 @@ namespace korvane {
 
 /// Small pictures of the effects in the rows of the decks' lists: of the row that plays the deck's
 /// own picture, of all others a short film, over and over. Only what a view asks for, because it is
-/// seen, is made, at most one film a step.
+/// seen, is made, and nothing moves while it asks for nothing.
 class RowPictures {
  public:
   static constexpr std::size_t kMostFilms = 64;  ///< that are kept, of both decks
@@ -22,8 +23,8 @@ class RowPictures {
 
   bool on() const { return on_; }
   void setOn(bool on);
-  /// Whether settle() is to be called every FilmStudio::kStep.
-  bool moving() const { return on_ && session_.plugin.matrixForm.visible(); }
+  /// How soon settle() is to be called again, in ms; nothing while nobody sees a picture.
+  std::optional<int> wanted() const;
   /// After each pass over the timers, at this time in ms.
   void settle(std::int64_t now);
   int filmsMade() const { return filmsMade_; }
@@ -38,16 +39,19 @@ class RowPictures {
     bool stale = true;
   };
 
+  bool moving() const;
   const Raster* picture(const Deck& deck, int row);
   const Raster* playing(const Deck& deck);
-  void makeOne();
+  void goOnFilming();
+  void beginOne();
   void forgetOldest();
 
   DeskSession& session_;
   std::unique_ptr<FilmStudio> studio_;
   std::map<Key, Film> films_;
   std::map<Side, Raster> playing_;
-  std::int64_t step_ = 0;
+  std::optional<Key> filming_;
+  std::int64_t step_ = 0, asked_ = 0;  // the step now, and the last with a picture that was seen
   int filmsMade_ = 0;
   bool on_ = false;
 };

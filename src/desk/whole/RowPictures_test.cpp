@@ -58,6 +58,50 @@ TEST_F(RowPicturesTest, EffectsThatDoNotPlayMoveInTheirRowsOnceTheyWereSeen) {
   EXPECT_TRUE(std::ranges::any_of(seen, [&](const auto& one) { return one != seen.front(); }));
 }
 
+// Its random numbers follow from the time of day, so a film needs one that goes on.
+TEST_F(RowPicturesTest, TheFilmOfAFireMoves) {
+  constexpr int kBonfire = 3;
+  ASSERT_EQ(v.A.efx.at(kBonfire).type, kFire);
+  watch(6000, 8);
+  std::vector<Raster> seen;
+  list.onPictures = [&] { seen.push_back(*list.picture(kBonfire)); };
+  for (int passed = 0; passed < 3000; passed += 50) advance(50);
+  list.onPictures = nullptr;
+  ASSERT_GE(seen.size(), 14U);
+  int moves = 0;
+  for (std::size_t i = 1; i < seen.size(); ++i) moves += seen[i] != seen[i - 1];
+  EXPECT_GE(moves, 12);
+}
+
+// Nothing asks for pictures of a list that is out of sight, so nothing is drawn or filmed for it,
+// and the desk wakes no more often for its sake.
+TEST_F(RowPicturesTest, NothingMovesUntilAPictureIsSeenAgain) {
+  watch(1000, 3);
+  int drawn = 0;
+  list.onPictures = [&drawn] { ++drawn; };
+  for (int passed = 0; passed < 3000; passed += 50) advance(50);
+  drawn = 0;
+  for (int passed = 0; passed < 10000; passed += 50) advance(50);
+  EXPECT_EQ(drawn, 0);
+  EXPECT_EQ(desk.pictures.wanted(), std::nullopt);
+  list.onPictures = [&] { ++drawn, draw(3); };
+  draw(3);
+  for (int passed = 0; passed < 2000; passed += 50) advance(50);
+  EXPECT_GE(drawn, 9);
+}
+
+TEST_F(RowPicturesTest, AFilmOfALargeGridIsMadeInSlices) {
+  click(desk.form.configure);
+  event([this] { plugin.matrixConf.ncol.choose(49), plugin.matrixConf.nrow.choose(49); });
+  constexpr int kBonfire = 3;
+  FilmStudio studio(machine);
+  studio.begin(v, Side::A, v.A.efx.at(kBonfire));
+  int slices = 1;
+  while (!studio.goOn()) ++slices;
+  EXPECT_GE(slices, 3);
+  EXPECT_EQ(studio.take().size(), static_cast<std::size_t>(FilmStudio::kLength));
+}
+
 TEST_F(RowPicturesTest, NothingIsMadeOfWhatNobodySees) {
   advance(5000);
   EXPECT_EQ(desk.pictures.filmsMade(), 0);
