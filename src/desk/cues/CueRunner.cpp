@@ -122,7 +122,7 @@ void CueRunner::go() {
   const std::int64_t time = now();
   if (time - lastGo_ < list_.guard) return;
   lastGo_ = time;
-  if (at_.on < 0 && at_.next < 0) reordered();
+  if (at_.on < 0 && at_.next < 0) findNext();
   if (next() >= 0) start(next(), time);
 }
 
@@ -155,7 +155,7 @@ void CueRunner::stop() {
   at_.paused = false;
   at_.round.clear();
   played_.clear();
-  reordered();
+  findNext();
 }
 
 void CueRunner::start(int cue, std::int64_t begin) {
@@ -211,6 +211,7 @@ void CueRunner::wait() {
   timer_.enable();
 }
 
+// What it finds over at last follows at once; without a next cue it stays until there is one.
 void CueRunner::tick() {
   timer_.disable();
   if (at_.on < 0 || at_.on >= list_.count()) return;
@@ -243,7 +244,7 @@ void CueRunner::pause() {
   }
   begin_ = now() - at_.elapsed;
   at_.paused = false;
-  wait();
+  tick();
 }
 
 double CueRunner::remaining() const {
@@ -292,7 +293,7 @@ void CueRunner::inserted(int at) {
   if (list_.random) {
     at_.round.insert(at_.round.begin(), at);
   } else if (last || at_.next == at + 1) {
-    reordered();
+    findNext();
   }
 }
 
@@ -318,7 +319,7 @@ void CueRunner::replaced(const CueList& before) {
   const std::vector<int> places = placesIn(before.cues, list_.cues);
   mapped([&places](int cue) { return places.at(static_cast<std::size_t>(cue)); });
   if (!list_.random || !before.random) {
-    reordered();
+    findNext();
   } else {
     for (int cue = 0; cue < list_.count(); ++cue) {
       if (std::ranges::find(places, cue) == places.end()) at_.round.insert(at_.round.begin(), cue);
@@ -329,13 +330,18 @@ void CueRunner::replaced(const CueList& before) {
   wait();
 }
 
-void CueRunner::reordered() {
+void CueRunner::findNext() {
   at_.round.clear();
   if (list_.random) {
     deal();
     std::erase(at_.round, at_.on);
   }
   at_.next = found();
+}
+
+void CueRunner::reordered() {
+  findNext();
+  if (!at_.paused) tick();
 }
 
 }  // namespace korvane

@@ -62,7 +62,8 @@ class CueRunner {
   void inserted(int at);
   void removed(int at);
   void exchanged(int one, int other);
-  /// The order or the cues are others: what is next is found anew.
+  /// The order is another one: what is next is found anew. A cue whose time ran out while there was
+  /// none, as at the end of a list that is a loop now, is followed at once.
   void reordered();
   /// The list is another one than before: a cue that is in both stays on.
   void replaced(const CueList& before);
@@ -80,6 +81,7 @@ class CueRunner {
   int before(int cue) const;
   /// What comes after the cue that is on.
   int found();
+  void findNext();
   void deal();
   int drawn();
   void remember(int cue);

@@ -153,6 +153,83 @@ TEST_F(Cues, BackGoesOneUpTheListAndALoopGoesRound) {
   EXPECT_EQ(run.cues.on(), 0);
 }
 
+TEST_F(Cues, ALoopThatIsTurnedOnAfterTheLastCuesTimeGoesOnAtOnce) {
+  take({cut(Side::A, "Fire"), lasting(cut(Side::B, "Moon"), 2)});
+  command("cueJump", 2);
+  advance(60'000);
+  EXPECT_EQ(run.cues.on(), 1);
+  EXPECT_DOUBLE_EQ(run.cues.remaining(), 0);
+  event([this] {
+    run.list.loop = true;
+    run.cues.reordered();
+  });
+  EXPECT_EQ(run.cues.on(), 0);
+  EXPECT_EQ(run.cues.next(), 1);
+  EXPECT_EQ(seen(), "Fire");
+}
+
+TEST_F(Cues, ALoopThatIsTurnedOnEarlierLeavesTheCueItsTime) {
+  take({lasting(cut(Side::A, "Fire"), 3), lasting(cut(Side::B, "Moon"), 2)});
+  command("cueJump", 2);
+  advance(1500);
+  event([this] {
+    run.list.loop = true;
+    run.cues.reordered();
+  });
+  EXPECT_DOUBLE_EQ(run.cues.remaining(), 0.5);
+  advance(499);
+  EXPECT_EQ(run.cues.on(), 1);
+  advance(1);
+  EXPECT_EQ(run.cues.on(), 0);
+}
+
+TEST_F(Cues, ALoopThatIsTurnedOnInAPauseGoesOnAfterIt) {
+  take({cut(Side::A, "Fire"), lasting(cut(Side::B, "Moon"), 2)});
+  command("cueJump", 2);
+  advance(60'000);
+  command("cuePause");
+  event([this] {
+    run.list.loop = true;
+    run.cues.reordered();
+  });
+  advance(10'000);
+  EXPECT_EQ(run.cues.on(), 1);
+  command("cuePause");
+  EXPECT_EQ(run.cues.on(), 0);
+}
+
+TEST_F(Cues, ALoopGoesOnAfterTheLastFadeAndAtTheNextBeatToo) {
+  for (const Cue::End end : {Cue::End::FadeDone, Cue::End::Beats}) {
+    run.list.loop = false;
+    take({cut(Side::A, "Fire"), fade(Side::B, "Moon", "quick")});
+    run.list.cues[1].end = end;
+    run.list.cues[1].after = 4;
+    command("cueJump", 2);
+    advance(5000);
+    for (int i = 0; i < 9; ++i) run.beat();
+    EXPECT_EQ(run.cues.on(), 1);
+    event([this] {
+      run.list.loop = true;
+      run.cues.reordered();
+    });
+    run.beat();
+    EXPECT_EQ(run.cues.on(), 0);
+  }
+}
+
+TEST_F(Cues, ACueThatIsAddedBehindTheLastWaitsForGo) {
+  take({lasting(cut(Side::A, "Fire"), 1)});
+  go();
+  advance(5000);
+  run.list.cues.push_back(cut(Side::B, "Moon"));
+  run.cues.inserted(1);
+  advance(5000);
+  EXPECT_EQ(run.cues.on(), 0) << "it is still to be edited";
+  EXPECT_EQ(run.cues.next(), 1);
+  go();
+  EXPECT_EQ(run.cues.on(), 1);
+}
+
 TEST_F(Cues, NextIsChosenApartFromWhatIsOn) {
   take({cut(Side::A, "Fire"), cut(Side::B, "Moon"), cut(Side::A, "Rain")});
   go();
@@ -174,6 +251,101 @@ TEST_F(Cues, PauseHoldsTheTimeAndTheBeats) {
   advance(5999);
   EXPECT_EQ(run.cues.on(), 0);
   advance(1);
+  EXPECT_EQ(run.cues.on(), 1);
+}
+
+TEST_F(Cues, PauseDuringAFadeLetsTheFadeArriveAndHoldsTheTime) {
+  take({lasting(fade(Side::B, "Star", "slow"), 10), cut(Side::A, "Rain")});
+  go();
+  advance(2000);
+  command("cuePause");
+  advance(60'000);
+  EXPECT_EQ(seen(), "Star");
+  EXPECT_EQ(run.cues.on(), 0);
+  EXPECT_DOUBLE_EQ(run.cues.remaining(), 8);
+  command("cuePause");
+  advance(8000);
+  EXPECT_EQ(run.cues.on(), 1);
+}
+
+TEST_F(Cues, ACueThatEndsWithItsFadeFollowsAfterThePause) {
+  take({fade(Side::B, "Star", "slow"), cut(Side::A, "Rain")});
+  run.list.cues[0].end = Cue::End::FadeDone;
+  go();
+  advance(2000);
+  command("cuePause");
+  advance(60'000);
+  EXPECT_EQ(run.cues.on(), 0);
+  EXPECT_EQ(seen(), "Star");
+  command("cuePause");
+  EXPECT_EQ(run.cues.on(), 1);
+}
+
+TEST_F(Cues, BackDuringAFadeFadesBackFromThere) {
+  take({fade(Side::A, "Rain", "slow"), fade(Side::B, "Star", "slow")});
+  go();
+  advance(6000);
+  go();
+  advance(2500);
+  const int fader = master.faderM.value();
+  EXPECT_GT(fader, -100);
+  EXPECT_LT(fader, 100);
+  command("cueBack");
+  EXPECT_EQ(run.cues.on(), 0);
+  EXPECT_EQ(run.cues.next(), 1);
+  EXPECT_TRUE(v.fadeRunning);
+  EXPECT_EQ(v.fadeDirection, -1);
+  advance(100);
+  EXPECT_NEAR(master.faderM.value(), fader, 12);
+  advance(6000);
+  EXPECT_EQ(seen(), "Rain");
+}
+
+TEST_F(Cues, BackAndGoFadeFromWhereTheFaderWasMovedTo) {
+  take({fade(Side::A, "Rain", "slow"), fade(Side::B, "Star", "slow")});
+  go();
+  go();
+  advance(6000);
+  move(master.faderM, 40);
+  command("cueBack");
+  advance(100);
+  EXPECT_NEAR(master.faderM.value(), 40, 12);
+  advance(6000);
+  EXPECT_EQ(seen(), "Rain");
+  move(master.faderM, 100);
+  go();
+  EXPECT_FALSE(v.fadeRunning) << "it is there already";
+  EXPECT_EQ(seen(), "Star");
+  command("cueBack");
+  EXPECT_TRUE(v.fadeRunning);
+  advance(6000);
+  EXPECT_EQ(seen(), "Rain");
+}
+
+TEST_F(Cues, AFaderMovedDuringAFadeDoesNotHoldUpTheCue) {
+  take({fade(Side::B, "Star", "slow"), cut(Side::A, "Rain")});
+  run.list.cues[0].end = Cue::End::FadeDone;
+  go();
+  advance(2500);
+  move(master.faderM, -100);
+  EXPECT_EQ(run.cues.on(), 0) << "the fade goes on";
+  advance(2700);
+  EXPECT_EQ(run.cues.on(), 1);
+  EXPECT_EQ(seen(), "Rain");
+}
+
+TEST_F(Cues, GoRightAfterAJumpOrBackCounts) {
+  take({cut(Side::A, "Fire"), cut(Side::B, "Moon"), cut(Side::A, "Rain"), cut(Side::B, "Star")});
+  go();
+  command("cueJump", 3);
+  command("cueGo");
+  EXPECT_EQ(run.cues.on(), 2) << "a second Go within 100 ms is none";
+  advance(100);
+  command("cueJump", 2);
+  command("cueGo");
+  EXPECT_EQ(run.cues.on(), 2);
+  command("cueBack");
+  command("cueGo");
   EXPECT_EQ(run.cues.on(), 1);
 }
 

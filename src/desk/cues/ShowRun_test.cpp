@@ -187,6 +187,119 @@ TEST_F(ShowRuns, AnHourOfAHundredCuesIsOnAsAPlainModelSays) {
   EXPECT_GT(settled, 10000) << "of 14400 looks";
 }
 
+// The list of cues as a person thinks of it: which one is on, since when, and whether time counts.
+struct PlainRun {
+  const std::vector<Cue>& cues;
+  std::int64_t now = 0, begin = 0, held = 0, lastGo = -1000;
+  int on = -1;
+  bool loop = false, paused = false;
+
+  int count() const { return static_cast<int>(cues.size()); }
+  std::int64_t length() const {
+    const Cue& cue = cues[static_cast<std::size_t>(on)];
+    return cue.end == Cue::End::Seconds ? std::llround(cue.after * 1000) : -1;
+  }
+  int next() const { return on + 1 < count() ? on + 1 : loop ? 0 : -1; }
+  void start(int cue, std::int64_t at) {
+    if (cue < 0) return;
+    on = cue;
+    begin = at;
+    paused = false;
+  }
+  void pass(std::int64_t time) {
+    while (on >= 0 && !paused && length() >= 0 && begin + length() <= time && next() >= 0)
+      start(next(), begin + length());
+    now = time;
+  }
+  void go() {
+    if (now - lastGo < 100) return;
+    lastGo = now;
+    start(next(), now);
+  }
+  void back() {
+    if (on >= 0) start(on > 0 ? on - 1 : loop ? count() - 1 : -1, now);
+  }
+  void pause() {
+    if (on < 0) return;
+    if (!paused) held = now - begin;
+    if (paused) begin = now - held;
+    paused = !paused;
+    look();
+  }
+  void setLoop(bool looped) {
+    loop = looped;
+    look();
+  }
+  // A cue that was over for long gives its follower its whole time.
+  void look() {
+    const bool over = on >= 0 && !paused && length() >= 0 && begin + length() <= now;
+    if (over && next() >= 0) start(next(), now - begin - length() > 1000 ? now : begin + length());
+  }
+};
+
+TEST_F(ShowRuns, AnHourOfARandomOperatorIsOnAsAPlainModelSays) {
+  Random random;
+  random.seed(21);
+  const auto number = [&random](int below) {
+    return static_cast<int>(random.next() * static_cast<float>(below));
+  };
+  std::vector<Cue> cues;
+  for (int i = 0; i < 12; ++i) {
+    cues.push_back(i % 2 == 0 ? cut(Side::A, i % 3 == 0 ? "Fire" : "Sea")
+                              : cut(Side::B, i % 3 == 0 ? "Moon" : "Star"));
+    cues.back().end = i % 4 == 3 ? Cue::End::ByHand : Cue::End::Seconds;
+    cues.back().after = 1 + number(60) / 10.0;
+  }
+  cues.back().end = Cue::End::Seconds;
+  take(cues);
+  advance(1000);
+  PlainRun model{cues, engine.timers.now()};
+  const std::int64_t end = model.now + 3600 * 1000;
+  int changes = 0;
+  while (model.now < end) {
+    const int was = model.on;
+    const std::int64_t time = model.now + 1 + (number(3) == 0 ? number(150) : number(9000));
+    advance(time - engine.timers.now());
+    model.pass(time);
+    ASSERT_EQ(run.cues.on(), model.on) << time;
+    switch (number(8)) {
+      case 0:
+        command("cueBack");
+        model.back();
+        break;
+      case 1:
+        command("cuePause");
+        model.pause();
+        break;
+      case 2: {
+        const int cue = number(model.count());
+        command("cueJump", cue + 1);
+        model.start(cue, model.now);
+        break;
+      }
+      case 3:
+        event([&] {
+          run.list.loop = number(2) == 0;
+          run.cues.reordered();
+        });
+        model.setLoop(run.list.loop);
+        break;
+      case 4:
+      case 5:
+        command("cueGo");
+        model.go();
+        break;
+      default:
+        move(master.faderM, number(201) - 100);
+    }
+    ASSERT_EQ(run.cues.on(), model.on) << time;
+    ASSERT_EQ(run.cues.next(), model.next()) << time;
+    ASSERT_EQ(run.cues.paused(), model.paused) << time;
+    changes += was == model.on ? 0 : 1;
+  }
+  EXPECT_GT(changes, 500);
+}
+
 TEST_F(ShowRuns, CatchingUpFindsWhatARunFromTheBeginningHasOn) {
   Random random;
   random.seed(11);
