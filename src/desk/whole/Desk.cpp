@@ -56,6 +56,8 @@ Desk::Desk(Platform& machine, LampFeed& feed, const DeskPlaces& places)
   bindPlay();
   bindLevels();
   takeOutputs();
+  for (const auto& [button, command] : cues.form.commands()) keys.tellKey(*button, command);
+  keys.tellKey(cues.form.autoPlay, "autoPlay");
   bindKeysOfDialogs();
   bindFields();
   for (std::size_t i = 0; i < form.examples.size(); ++i)

@@ -20,7 +20,18 @@ DeskKeys::DeskKeys(Plugin& plugin, DeskForm& desk, const std::string& file, Disk
             {desk.fades, plugin.engine.master.efxXList}} {
   bindFader();
   bindRows();
-  collectTips();
+  MatrixForm& tool = plugin.matrixForm;
+  Master& master = plugin.engine.master;
+  const std::pair<Control*, const char*> pressed[] = {
+      {&tool.fadeA, "cutLeft"},
+      {&tool.fadeB, "cutRight"},
+      {&master.AutoFadeA, "fadeLeft"},
+      {&master.AutoFadeB, "fadeRight"},
+      {&tool.active, "dmx"},
+      {&tool.help, "help"},
+      {&form.help, "help"},
+  };
+  for (const auto& [control, command] : pressed) tellKey(*control, command);
   desk.keys.onClick = [this] { plugin_.engine.desktop.show(form); };
   form.help.onClick = [this] { desk_.help.click(); };
   refresh();
@@ -59,16 +70,8 @@ void DeskKeys::bindRows() {
   }
 }
 
-// Buttons that a command presses tell its key.
-void DeskKeys::collectTips() {
-  MatrixForm& tool = plugin_.matrixForm;
-  Master& master = plugin_.engine.master;
-  const std::pair<Control*, MenuItem*> pressed[] = {{&tool.fadeA, &desk_.cutLeft},
-                                                    {&tool.fadeB, &desk_.cutRight},
-                                                    {&master.AutoFadeA, &desk_.fadeLeft},
-                                                    {&master.AutoFadeB, &desk_.fadeRight}};
-  for (const auto& [control, command] : pressed)
-    tips_.push_back({*control, *command, control->look().toolTip});
+void DeskKeys::tellKey(Control& control, const std::string& command) {
+  tips_.push_back({control, dynamic_cast<MenuItem&>(*desk_.find(command)), control.look().toolTip});
 }
 
 void DeskKeys::showTips() {

@@ -18,6 +18,9 @@ class DeskKeys {
   /// After each event of a person: rows may have other names, commands other keys.
   void refresh();
 
+  /// A control of any window that does what a command does: its tool tip tells the key as well.
+  void tellKey(Control& control, const std::string& command);
+
   KeyBindings bindings;
   KeysForm form;
 
@@ -34,7 +37,6 @@ class DeskKeys {
 
   void bindFader();
   void bindRows();
-  void collectTips();
   void showTips();
   void showRows() const;
   bool playing() const { return plugin_.matrixForm.visible(); }

@@ -76,6 +76,42 @@ TEST_F(Keys, ArrowsMoveTheFaderAndCutAndFade) {
   EXPECT_EQ(fader.value(), 100);
 }
 
+TEST_F(Keys, EveryButtonThatDoesWhatACommandDoesTellsItsKeyAlsoAChangedOne) {
+  CuesForm& cueWindow = desk.cues.form;
+  const std::pair<Control*, const char*> told[] = {{&cueWindow.go, "cueGo"},
+                                                   {&cueWindow.back, "cueBack"},
+                                                   {&cueWindow.pause, "cuePause"},
+                                                   {&cueWindow.stop, "cueStop"},
+                                                   {&cueWindow.jump, "cueJump"},
+                                                   {&cueWindow.next, "cueNext"},
+                                                   {&cueWindow.record, "cueRecord"},
+                                                   {&cueWindow.tap, "tap"},
+                                                   {&cueWindow.autoPlay, "autoPlay"},
+                                                   {&tool.fadeA, "cutLeft"},
+                                                   {&tool.fadeB, "cutRight"},
+                                                   {&plugin.engine.master.AutoFadeA, "fadeLeft"},
+                                                   {&plugin.engine.master.AutoFadeB, "fadeRight"},
+                                                   {&tool.active, "dmx"},
+                                                   {&tool.help, "help"},
+                                                   {&form.help, "help"}};
+  click(desk.form.keys);
+  std::map<const Control*, std::string> words;
+  for (const auto& [control, command] : told) {
+    const std::string& key = commandRow(command)->key;
+    std::string tip = control->look().toolTip;
+    const std::string end = key.empty() ? "" : " (" + key + ")";
+    EXPECT_TRUE(tip.ends_with(end)) << tip;
+    words[control] = tip.substr(0, tip.size() - end.size());
+    EXPECT_EQ(words[control].find('('), std::string::npos) << words[control];
+  }
+  for (const auto& [control, command] : told) {
+    give(commandRow(command)->caption, "Ctrl+Shift+F7");
+    EXPECT_EQ(control->look().toolTip, words[control] + " (Ctrl+Shift+F7)");
+    click(form.none);
+    EXPECT_EQ(control->look().toolTip, words[control]) << "no key";
+  }
+}
+
 TEST_F(Keys, NumbersPlayTheRowsOfTheDecksAndChooseFades) {
   EXPECT_FALSE(press("1")) << "there is no row";
   click(*desk.form.examples.at(0));

@@ -15,8 +15,7 @@ constexpr int kMostRowsOfList = 10000;
 
 Look lookOf(const char* command) {
   const ShowCommand& one = *showCommand(command);
-  const std::string key = *one.key == '\0' ? "" : std::string(" (") + one.key + ")";
-  return {.caption = one.caption, .toolTip = one.toolTip + key};
+  return {.caption = one.caption, .toolTip = one.toolTip};
 }
 
 std::string moveText(const Cue& cue, bool there) {
@@ -128,20 +127,18 @@ bool CuesForm::selectedCue(int& cue) const {
   return cue >= 0 && cue < run_.list.count();
 }
 
+std::vector<std::pair<Button*, const char*>> CuesForm::commands() {
+  return {{&go, "cueGo"},     {&back, "cueBack"}, {&pause, "cuePause"},   {&stop, "cueStop"},
+          {&jump, "cueJump"}, {&next, "cueNext"}, {&record, "cueRecord"}, {&tap, "tap"}};
+}
+
 void CuesForm::bindCommands() {
-  const auto bind = [this](Button& button, const char* command) {
-    button.onClick = [this, command] {
-      runCommand(run_, command, list.current() + 1);
+  for (const auto& [button, command] : commands()) {
+    button->onClick = [this, name = command] {
+      runCommand(run_, name, list.current() + 1);
       refresh();
     };
-  };
-  bind(go, "cueGo");
-  bind(back, "cueBack");
-  bind(pause, "cuePause");
-  bind(stop, "cueStop");
-  bind(jump, "cueJump");
-  bind(next, "cueNext");
-  bind(tap, "tap");
+  }
   record.onClick = [this] {
     const int at = run_.record();
     refresh();

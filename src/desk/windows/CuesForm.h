@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "desk/cues/ShowRun.h"
@@ -24,6 +25,8 @@ class CuesForm : public Form {
   void keepTime();
   /// True while something counts down.
   bool counting() const;
+  /// The buttons that carry out a command of the show, with its name.
+  std::vector<std::pair<Button*, const char*>> commands();
 
   Label now, then;
   ListView list;
