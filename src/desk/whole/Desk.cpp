@@ -45,6 +45,7 @@ Desk::Desk(Platform& machine, LampFeed& feed, const DeskPlaces& places)
       history(session.plugin, cues.run),
       keys(session.plugin, form, places.keys, machine.disk()),
       effectRows(session),
+      fadeRows(session),
       feed_(feed),
       kept_(places.outputs, machine.disk()),
       refresh_(engine().timers, "timerDesk"),
@@ -297,6 +298,7 @@ void Desk::refresh() {
   cues.refresh();
   keys.refresh();
   effectRows.refresh();
+  fadeRows.refresh();
   showAll();
   followShow();
   files.noteEvent(engine().timers.now());

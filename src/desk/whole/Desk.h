@@ -16,6 +16,7 @@
 #include "desk/whole/DeskFiles.h"
 #include "desk/whole/DeskKeys.h"
 #include "desk/whole/EffectRows.h"
+#include "desk/whole/FadeRows.h"
 #include "desk/whole/RowPictures.h"
 #include "desk/windows/ChannelMonitor.h"
 #include "desk/windows/DeskForm.h"
@@ -77,6 +78,7 @@ class Desk {
   ShowHistory history;
   DeskKeys keys;
   EffectRows effectRows;
+  FadeRows fadeRows;
 
   std::function<void()> onQuit;  ///< the desk was closed
 

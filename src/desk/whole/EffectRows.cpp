@@ -1,35 +1,12 @@
 #include "desk/whole/EffectRows.h"
 
-#include <algorithm>
 #include <string>
 #include <utility>
 
 #include "playback/EffectLists.h"
-#include "playback/ListRows.h"
 
 namespace korvane {
 namespace {
-
-std::int16_t slotOf(const ListView& list, int row) {
-  return static_cast<std::int16_t>(std::stoi(list.cell(row, kSlotColumn)));
-}
-
-std::vector<std::int16_t> slotsOf(const ListView& list, const std::vector<int>& rows) {
-  std::vector<std::int16_t> slots;
-  for (const int row : rows) slots.push_back(slotOf(list, row));
-  return slots;
-}
-
-int rowOf(const ListView& list, std::int16_t slot) {
-  for (int row = 0; row < list.count(); ++row) {
-    if (slotOf(list, row) == slot) return row;
-  }
-  return -1;
-}
-
-bool has(const std::vector<std::int16_t>& slots, std::int16_t slot) {
-  return std::find(slots.begin(), slots.end(), slot) != slots.end();
-}
 
 /// While it lives, another row of a deck may be the selected one and nothing starts; then the row
 /// that was it is so again, if it is still there.
@@ -41,7 +18,7 @@ class OtherRow {
         type_(deck.type.index()),
         typeClick_(std::exchange(deck.type.onClick, nullptr)) {}
   ~OtherRow() {
-    const int row = rowOf(deck_.efxList, slot_);
+    const int row = rowOfSlot(deck_.efxList, slot_);
     if (row >= 0) {
       deck_.sel = slot_;
       deck_.type.setIndex(type_);
@@ -53,7 +30,7 @@ class OtherRow {
   OtherRow& operator=(const OtherRow&) = delete;
 
   void select(std::int16_t slot) const {
-    deck_.efxList.select(rowOf(deck_.efxList, slot));
+    deck_.efxList.select(rowOfSlot(deck_.efxList, slot));
     deck_.sel = slot;
   }
 
@@ -83,7 +60,7 @@ void EffectRows::bind(Deck& deck, DeckPanel& panel) {
   ListView& list = deck.efxList;
   const auto act = [this, &deck](auto what) {
     return [this, &deck, what](const std::vector<int>& rows) {
-      const Slots slots = slotsOf(deck.efxList, rows);
+      const RowSlots slots = slotsAt(deck.efxList, rows);
       session_.commitDialogs();
       (this->*what)(deck, slots);
     };
@@ -106,14 +83,9 @@ void EffectRows::bind(Deck& deck, DeckPanel& panel) {
   list.onEdited = [this, &deck](int row, int) { rename(deck, row); };
 }
 
-// The tool makes its columns anew for each show.
 void EffectRows::refresh() {
-  for (Deck* deck : {&session_.plugin.engine.v.A, &session_.plugin.engine.v.B}) {
-    std::vector<ListView::Column> columns = deck->efxList.columns();
-    if (columns.empty() || columns.front().editable) continue;
-    columns.front().editable = true;
-    deck->efxList.setColumns(std::move(columns));
-  }
+  for (Deck* deck : {&session_.plugin.engine.v.A, &session_.plugin.engine.v.B})
+    letNamesBeTyped(deck->efxList);
 }
 
 Deck& EffectRows::deckOf(const ListView& list) {
@@ -122,7 +94,7 @@ Deck& EffectRows::deckOf(const ListView& list) {
 }
 
 // The warning of many that are gone is told once. What plays goes last, as its button does it.
-void EffectRows::remove(Deck& deck, const Slots& slots) {
+void EffectRows::remove(Deck& deck, const RowSlots& slots) {
   Engine& engine = session_.plugin.engine;
   const std::int16_t playing = deck.sel;
   for (auto slot = slots.rbegin(); slot != slots.rend(); ++slot) {
@@ -134,21 +106,19 @@ void EffectRows::remove(Deck& deck, const Slots& slots) {
     };
     slot + 1 == slots.rend() ? one() : session_.platform.quietly(one);
   }
-  if (!has(slots, playing)) return;
-  deck.efxList.select(rowOf(deck.efxList, playing));
+  if (!contains(slots, playing)) return;
+  deck.efxList.select(rowOfSlot(deck.efxList, playing));
   remove_Click(engine, deck);
 }
 
-void EffectRows::move(Deck& deck, const Slots& slots, int before) {
-  for (const std::int16_t slot : slots) {
-    const bool down = rowOf(deck.efxList, slot) < before;
-    moveTo(session_.plugin.engine, deck, slot, down ? before - 1 : before);
-    if (!down) ++before;
-  }
+void EffectRows::move(Deck& deck, const RowSlots& slots, int before) {
+  moveSlots(deck.efxList, slots, before, [&](std::int16_t slot, int place) {
+    moveTo(session_.plugin.engine, deck, slot, place);
+  });
 }
 
 // By the clipboard, which then holds what it held before.
-void EffectRows::copy(Deck& from, const Slots& slots, Deck& to, int before) {
+void EffectRows::copy(Deck& from, const RowSlots& slots, Deck& to, int before) {
   Engine& engine = session_.plugin.engine;
   const Effect clipboard = engine.v.efxClipboard;
   for (const std::int16_t slot : slots) {
@@ -160,7 +130,7 @@ void EffectRows::copy(Deck& from, const Slots& slots, Deck& to, int before) {
     const int count = to.efxList.count();
     add_Click(engine, to);
     if (to.efxList.count() == count) break;  // there is no room, and that was told
-    const std::int16_t fresh = slotOf(to.efxList, count);
+    const std::int16_t fresh = slotAt(to.efxList, count);
     {
       const OtherRow other(to);
       other.select(fresh);
@@ -171,8 +141,8 @@ void EffectRows::copy(Deck& from, const Slots& slots, Deck& to, int before) {
   engine.v.efxClipboard = clipboard;
 }
 
-void EffectRows::duplicate(Deck& deck, const Slots& slots) {
-  copy(deck, slots, deck, rowOf(deck.efxList, slots.back()) + 1);
+void EffectRows::duplicate(Deck& deck, const RowSlots& slots) {
+  copy(deck, slots, deck, rowOfSlot(deck.efxList, slots.back()) + 1);
 }
 
 // As the dialogs' OK does it.
@@ -180,14 +150,14 @@ void EffectRows::rename(Deck& deck, int row) {
   const std::string name = deck.efxList.cell(row, 0);
   session_.commitDialogs();
   deck.efxList.setCell(row, 0, name);
-  const auto slot = static_cast<std::size_t>(slotOf(deck.efxList, row));
+  const auto slot = static_cast<std::size_t>(slotAt(deck.efxList, row));
   deck.efx.at(slot).name = name;
   deck.efxEdited.at(slot) = true;
 }
 
 void EffectRows::drop(Deck& to, const ListView::Drop& dropped) {
   Deck& from = deckOf(dropped.from);
-  const Slots slots = slotsOf(dropped.from, dropped.rows);
+  const RowSlots slots = slotsAt(dropped.from, dropped.rows);
   session_.commitDialogs();
   if (&from == &to && !dropped.copy) return move(to, slots, dropped.before);
   const int count = to.efxList.count();

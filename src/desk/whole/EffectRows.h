@@ -1,9 +1,7 @@
 #pragma once
 
-#include <cstdint>
-#include <vector>
-
 #include "desk/show/DeskSession.h"
+#include "desk/whole/RowSlots.h"
 
 namespace korvane {
 
@@ -18,14 +16,12 @@ class EffectRows {
   void refresh();
 
  private:
-  using Slots = std::vector<std::int16_t>;
-
   void bind(Deck& deck, DeckPanel& panel);
   Deck& deckOf(const ListView& list);
-  void remove(Deck& deck, const Slots& slots);
-  void move(Deck& deck, const Slots& slots, int before);
-  void copy(Deck& from, const Slots& slots, Deck& to, int before);
-  void duplicate(Deck& deck, const Slots& slots);
+  void remove(Deck& deck, const RowSlots& slots);
+  void move(Deck& deck, const RowSlots& slots, int before);
+  void copy(Deck& from, const RowSlots& slots, Deck& to, int before);
+  void duplicate(Deck& deck, const RowSlots& slots);
   void rename(Deck& deck, int row);
   void drop(Deck& to, const ListView::Drop& drop);
 

@@ -239,5 +239,99 @@ TEST_F(Rows, CuesAreDraggedCopiedRenamedAndRemoved) {
   EXPECT_FALSE(cues.list.takesRowsOf(left));
 }
 
+class RowsOfFades : public Rows {
+ protected:
+  RowsOfFades() { names = namesOf(fades); }
+
+  /// All that the plug-in knows of the selected fade.
+  std::string selected() const {
+    const Master& master = plugin.engine.master;
+    return fades.cell(fades.current(), 0) + "|" + std::to_string(v.selX) + "|" +
+           std::to_string(v.fadeTypeNow) + "|" + master.fadeType.text() + "|" +
+           master.fadeTimeText.text() + "|" + master.fadeName.text() + "|" +
+           std::to_string(master.MFadeColor.backColor()) + "|" + std::to_string(v.fadeTime);
+  }
+  std::vector<FadeEntry> records() const {
+    std::vector<FadeEntry> all;
+    for (int row = 0; row < fades.count(); ++row)
+      all.push_back(v.efxX.at(std::stoul(fades.cell(row, 1))));
+    return all;
+  }
+  void startFade() {
+    click(plugin.engine.master.AutoFadeB);
+    advance(300);
+    ASSERT_TRUE(v.fadeRunning);
+  }
+
+  ListView& fades = plugin.engine.master.efxXList;
+};
+
+TEST_F(RowsOfFades, ADraggedFadeGoesWhereItIsDroppedAndTheOneThatRunsGoesOn) {
+  ASSERT_GE(fades.count(), 4);
+  pick(fades, 1);
+  startFade();
+  const std::string before = selected();
+  const std::vector<FadeEntry> was = records();
+  drop(fades, {3}, fades, 0);
+  EXPECT_EQ(namesOf(fades).front(), names[3]);
+  EXPECT_EQ(records().front().name, was[3].name);
+  EXPECT_EQ(records().front().type, was[3].type);
+  EXPECT_EQ(fades.current(), 2);
+  EXPECT_EQ(selected(), before);
+  drop(fades, {0, 2}, fades, fades.count());
+  EXPECT_EQ(fades.current(), fades.count() - 1);
+  EXPECT_EQ(selected(), before);
+  EXPECT_TRUE(v.fadeRunning);
+  EXPECT_FALSE(left.takesRowsOf(fades));
+  EXPECT_FALSE(fades.takesRowsOf(left));
+}
+
+TEST_F(RowsOfFades, SeveralAreRemovedAtOnceAndTheSelectedOneStaysWhatItIs) {
+  pick(fades, 2);
+  startFade();
+  const std::string before = selected();
+  act(fades, "Remove", {0, 1, 3});
+  EXPECT_EQ(namesOf(fades)[0], names[2]);
+  EXPECT_EQ(fades.count(), static_cast<int>(names.size()) - 3);
+  EXPECT_EQ(selected(), before);
+  EXPECT_TRUE(v.fadeRunning);
+  act(fades, "Remove", {0});
+  EXPECT_EQ(fades.cell(fades.current(), 0), plugin.engine.master.fadeName.text());
+  std::vector<int> all;
+  for (int row = 0; row < fades.count(); ++row) all.push_back(row);
+  act(fades, "Remove", all);
+  EXPECT_EQ(fades.count(), 1) << "as the button, which leaves the last one";
+}
+
+TEST_F(RowsOfFades, ADuplicateIsTheSameFadeBelowAndCopyingBringsItAnywhere) {
+  pick(fades, 0);
+  const std::string before = selected();
+  act(fades, "Duplicate", {1});
+  EXPECT_EQ(namesOf(fades)[2], names[1]);
+  EXPECT_EQ(records()[2].type, records()[1].type);
+  EXPECT_EQ(records()[2].time, records()[1].time);
+  EXPECT_EQ(records()[2].color, records()[1].color);
+  drop(fades, {1}, fades, 0, true);
+  EXPECT_EQ(namesOf(fades)[0], names[1]);
+  EXPECT_EQ(fades.count(), static_cast<int>(names.size()) + 2);
+  EXPECT_EQ(selected(), before);
+  for (int step = 0; step < 2; ++step) click(desk.form.undo);
+  EXPECT_EQ(namesOf(fades), names);
+}
+
+TEST_F(RowsOfFades, ANameIsTypedInPlaceAlsoThatOfTheSelectedOne) {
+  pick(fades, 1);
+  for (const int row : {0, 1}) {
+    event([&] {
+      fades.beginEdit(row, 0);
+      fades.endEdit("Name " + std::to_string(row));
+    });
+    EXPECT_EQ(fades.cell(row, 0), "Name " + std::to_string(row));
+    EXPECT_EQ(records()[static_cast<std::size_t>(row)].name, fades.cell(row, 0));
+  }
+  EXPECT_EQ(plugin.engine.master.fadeName.text(), "Name 1");
+  EXPECT_EQ(fades.current(), 1);
+}
+
 }  // namespace
 }  // namespace korvane

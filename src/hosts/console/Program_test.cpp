@@ -249,6 +249,38 @@ TEST_F(Program, TheDesksWindowsAreHeldToo) {
   EXPECT_EQ(result.status, 0);
 }
 
+TEST_F(Program, CuesAreRecordedRunAndWatchedByName) {
+  const Result result = run("--desk --clock virtual",
+                            "click Desk.cues\n"
+                            "click Cues.record\nset Cues.cueName Opening\n"
+                            "set Cues.cueEnd 1\nset Cues.cueAfter 5\n"
+                            "click Cues.addCue\nset Cues.cueName Second\nset Cues.cueMove 4\n"
+                            "get Cues.then\n"
+                            "click Cues.go\nget Cues.now\n"
+                            "advance 2000\nget Cues.now\nget Cues.cueList\n"
+                            "advance 3000\nget Cues.now\nget MatrixForm.faderM\n"
+                            "dblclick Cues.cueList 0\nget Cues.now\nget Cues.then\n"
+                            "click Desk.cuePause\nadvance 60000\nget Cues.now\n"
+                            "click Desk.cueBack\nclick Desk.cueStop\nget Cues.now\nboxes\n");
+  EXPECT_EQ(result.status, 0) << result.complaint;
+  ASSERT_EQ(result.replies.size(), 27U);
+  const auto caption = [](const std::string& text) { return "\"caption\":\"" + text + "\""; };
+  EXPECT_THAT(result.replies[8], HasSubstr(caption("Next: 1  Opening")));
+  EXPECT_THAT(result.replies[10], HasSubstr(caption("On: 1  Opening, 5.0 s")));
+  EXPECT_THAT(result.replies[12], HasSubstr(caption("On: 1  Opening, 3.0 s")));
+  EXPECT_THAT(result.replies[13], HasSubstr(R"("sub":["1  Opening","new effect","new effect",)"));
+  EXPECT_THAT(result.replies[13], HasSubstr(R"("3.0 s"],"color":"00963C","selected":false})"));
+  EXPECT_THAT(result.replies[13],
+              HasSubstr(R"({"text":"next","sub":["2  Second","","","cut right","by hand"])"));
+  EXPECT_THAT(result.replies[15], HasSubstr(caption("On: 2  Second")));
+  EXPECT_THAT(result.replies[16], HasSubstr(R"("value":100)"));
+  EXPECT_THAT(result.replies[18], HasSubstr(caption("On: 1  Opening, 5.0 s")));
+  EXPECT_THAT(result.replies[19], HasSubstr(caption("Next: 2  Second")));
+  EXPECT_THAT(result.replies[22], HasSubstr(caption("On: 1  Opening, paused, 5.0 s")));
+  EXPECT_THAT(result.replies[25], HasSubstr(caption("No cue is on.")));
+  EXPECT_EQ(result.replies.back(), R"({"ok":true,"boxes":[]})");
+}
+
 TEST_F(Program, WithoutTheDeskItsWindowsAreNotThere) {
   const Result result = run("", "get Desk\n");
   EXPECT_EQ(result.status, 1);

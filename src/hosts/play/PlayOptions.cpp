@@ -144,6 +144,7 @@ void complete(PlayOptions& options, const Hours& hours) {
   const char* film = options.film.raw ? "--raw" : "--gif";
   if (options.seconds == 0) throw PlayUsageError(std::string(film) + " needs --seconds");
   if (hours.from) throw PlayUsageError(std::string(film) + " knows no times of the day");
+  if (options.resume) throw PlayUsageError(std::string(film) + " always begins at the beginning");
   if (!options.outputs.empty()) throw PlayUsageError(std::string(film) + " sends nothing to lamps");
 }
 

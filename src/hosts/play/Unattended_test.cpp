@@ -141,6 +141,7 @@ TEST_F(Unattended, AWrongCommandLineSaysWhatIsWrong) {
            {"--cues --auto 3", "--cues and --auto exclude each other"},
            {"--raw", "--raw needs --seconds"},
            {"--raw --gif x.gif --seconds 1", "--gif and --raw exclude each other"},
+           {"--gif x.gif --seconds 1 --resume", "--gif always begins at the beginning"},
            {"--raw --seconds 1 --from 1:00 --to 2:00", "--raw knows no times of the day"}}) {
     const Played run = play(std::string(arguments) + " " + kShow + " 2>&1");
     EXPECT_EQ(run.status, 2) << arguments;

@@ -77,7 +77,7 @@ void CellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& given,
   QFont font = option.font;
   font.setBold(colored);
   painter->setFont(font);
-  if (contrast(ink, ground) < kLeastContrast)
+  if (!text.isEmpty() && contrast(ink, ground) < kLeastContrast)
     paintPlate(*painter, painter->fontMetrics().boundingRect(room, Qt::AlignVCenter, text), ink);
   painter->setPen(ink);
   painter->drawText(room, Qt::AlignVCenter, text);

@@ -43,6 +43,25 @@ TEST_F(ListViews, AClickFiresOnceWithItsCellAndMarksTheRow) {
   EXPECT_TRUE(tree().selectionModel()->isRowSelected(1));
 }
 
+// A text of a colour that drowns in the mark of its row has a plate behind it; nothing has none.
+TEST_F(ListViews, AMarkedRowWithoutATextHasNothingBehindIt) {
+  const auto inks = [this] {
+    const QImage row =
+        tree().viewport()->grab(tree().visualRect(tree().model()->index(1, 0))).toImage();
+    std::set<QRgb> all;
+    for (int x = 5; x < row.width(); ++x) all.insert(row.pixel(x, row.height() / 2));
+    return all.size();
+  };
+  const QColor mark = tree().palette().color(QPalette::Highlight);
+  const Color drowned = rgb(mark.red(), mark.green(), mark.blue());
+  list.setRows({{"||||", {"0", "slot"}, drowned}, {"||||", {"1", "slot"}, drowned}});
+  click(1, 1);
+  EXPECT_GT(inks(), 1U) << "a plate";
+  list.setRows({{"", {"0", "slot"}, drowned}, {"", {"1", "slot"}, drowned}});
+  list.select(1);
+  EXPECT_EQ(inks(), 1U);
+}
+
 TEST_F(ListViews, ADoubleClickIsOneClickAndOneDoubleClick) {
   QTest::mouseClick(tree().viewport(), Qt::LeftButton, {}, at(2, 0));
   QTest::mouseDClick(tree().viewport(), Qt::LeftButton, {}, at(2, 0));
