@@ -240,12 +240,15 @@ std::vector<Control*> OutputPanel::controls() {
           &artnetGroup};
 }
 
-Layout OutputPanel::layout() {
+Layout OutputPanel::layout(Control& nodes) {
+  const Layout look = column({row({Layout(gamma, 1), smooth}),
+                              row({Layout(red, 1), Layout(green, 1), Layout(blue, 1)}), space()});
+  const Layout sacn = column(
+      {row({Layout(source, 1)}), row({Layout(priority, 1), Layout(synchronisation, 1)}), space()});
   return column(
-      {boxed(outputGroup, grid(4, {name, kind, universes, way, address, interface, rate, end})),
-       row({boxed(lookGroup, column({grid(4, {red, gamma, green, blue}), smooth, space()}), 1),
-            boxed(sacnGroup, fields({priority, source, synchronisation}), 1),
-            boxed(artnetGroup, column({artSync, space()}), 1)})});
+      {boxed(outputGroup, grid(6, {name, kind, universes, way, address, interface, rate, end})),
+       row({boxed(lookGroup, look, 1), boxed(sacnGroup, sacn, 1),
+            boxed(artnetGroup, row({column({artSync, space()}), Layout(nodes, 1)}), 1)})});
 }
 
 }  // namespace korvane

@@ -25,7 +25,8 @@ class OutputPanel {
 
   /// All of them, in tab order.
   std::vector<Control*> controls();
-  Layout layout();
+  /// `nodes` stands with what is Art-Net's.
+  Layout layout(Control& nodes);
 
   std::function<void()> onChange;  ///< a person set one of them
   /// How many universes the wall has: those of an output whose kind a person chooses.

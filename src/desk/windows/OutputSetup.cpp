@@ -93,8 +93,8 @@ OutputSetup::OutputSetup(Desktop& desktop, Outputs& outputs, std::function<int()
 }
 
 void OutputSetup::declareLayout() {
-  setLayout(column({Layout(list, 1), row({addOutput, removeOutput, on, space()}), panel.layout(),
-                    figures, receivers, fields({off}), row({Layout(state, 1), OK})}));
+  setLayout(column({Layout(list, 1), row({addOutput, removeOutput, on, space(), off}),
+                    panel.layout(receivers), figures, row({Layout(state, 1), OK})}));
 }
 
 void OutputSetup::bind() {

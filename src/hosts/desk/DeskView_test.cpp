@@ -5,10 +5,13 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QComboBox>
+#include <QLayout>
 #include <QLineEdit>
 #include <QMenuBar>
+#include <QScrollArea>
 #include <QTemporaryDir>
 #include <QTest>
+#include <algorithm>
 
 #include "desk/whole/Desk.h"
 #include "platform/HeadlessPlatform.h"
@@ -44,6 +47,34 @@ class DeskView : public testing::Test {
   qt::LoopGate gate{machine, desk.engine().timers};
   qt::DesktopView view{desk.engine().desktop, gate, desk.form};
 };
+
+TEST_F(DeskView, EveryWindowNeedsNoMoreThanAScreenOf1280By720) {
+  const QSize room(1280 - 10, 720 - 40);  // less the frame of the system's windows
+  openTool();
+  gate.run([this] {
+    OutputEntry entry{parseOutput("artnet:0-3@nodes,name=All the lamps of the wall"), false};
+    desk.setup.take(entry);
+  });
+  int windows = 0;
+  for (Form* form : desk.engine().desktop.forms()) {
+    gate.run([&] { desk.engine().desktop.show(*form); });
+    QCoreApplication::processEvents();
+    QWidget& shown = view.window(form->front());
+    auto* area = shown.findChild<QScrollArea*>();
+    if (area == nullptr) continue;  // one picture, of any size
+    const QWidget& content = *area->widget();
+    const QSize least = content.minimumSizeHint();
+    const int beyond =
+        shown.layout()->menuBar() == nullptr ? 0 : shown.layout()->menuBar()->sizeHint().height();
+    EXPECT_LE(least.width(), room.width()) << form->name();
+    EXPECT_LE(std::max(least.height(), content.heightForWidth(room.width())) + beyond,
+              room.height())
+        << form->name();
+    ++windows;
+    if (form != &desk.form && form != &tool) gate.run([&] { desk.engine().desktop.hide(*form); });
+  }
+  EXPECT_GT(windows, 20);
+}
 
 TEST_F(DeskView, TheToolStandsWithinTheOneWindow) {
   EXPECT_TRUE(on(desk.form.begin).isVisible());

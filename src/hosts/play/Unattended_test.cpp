@@ -13,7 +13,6 @@
 #include <utility>
 
 #include "hosts/play/TestManager.h"
-
 #include "testing/SourceFolder.h"
 
 namespace korvane {

@@ -31,11 +31,14 @@ class ClickLabel : public QLabel {
 QWidget* makeWidget(Label& label, const Seat& seat) {
   auto* widget = new ClickLabel(label, seat);
   widget->setTextFormat(Qt::PlainText);
-  if (label.look().caption.size() > kLongText) {
-    widget->setWordWrap(true);
-    widget->setMinimumWidth(kWrapWidth);
-  }
-  keepShown(label, *widget, [&label, widget] { widget->setText(text(label.look().caption)); });
+  keepShown(label, *widget, [&label, widget] {
+    // Once broken it stays so: what comes and goes would move all around it.
+    if (label.look().caption.size() > kLongText && !widget->wordWrap()) {
+      widget->setWordWrap(true);
+      widget->setMinimumWidth(kWrapWidth);
+    }
+    widget->setText(text(label.look().caption));
+  });
   return widget;
 }
 

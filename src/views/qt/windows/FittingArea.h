@@ -10,6 +10,15 @@ namespace korvane::qt {
 /// The size that a window can have, less the frame that the window system adds.
 inline QSize roomOn(const QScreen& screen) { return screen.availableSize() - QSize(10, 40); }
 
+/// What a window shows. A text that is broken into lines makes the height depend on the width; what
+/// is asked for is then the least height, as without such a text, so that nothing scrolls too soon.
+class Content : public QWidget {
+ public:
+  int heightForWidth(int width) const override {
+    return layout()->totalMinimumHeightForWidth(width);
+  }
+};
+
 /// Asks for the size of its content, but is content with less than the screen: then it scrolls.
 class FittingArea : public QScrollArea {
  public:

@@ -73,7 +73,7 @@ void FormWindow::makeSurface() {
 }
 
 void FormWindow::makeControls() {
-  auto* content = new QWidget;
+  auto* content = new Content;
   auto* area = new FittingArea(content);
   auto* surround = new QVBoxLayout(this);
   surround->setContentsMargins(0, 0, 0, 0);
