@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -56,6 +57,10 @@ class Desk {
   /// Ends the sending, each output as it is set unless told otherwise.
   void finish(std::optional<AtEnd> how = {});
   bool closed() const { return closing_; }
+  /// The windows before which the desk's own can come: not dialogs, which stay above it.
+  std::set<const Form*> windowsBeside() const {
+    return {&cues.form, &keys.form, &setup, &monitor, &wiring, &helpWindow};
+  }
 
   Engine& engine() { return session.plugin.engine; }
   /// What leaves the desk now, before the outputs' curves and white balance.

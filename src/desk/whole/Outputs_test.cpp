@@ -15,7 +15,8 @@ TEST_F(TestDesk, LampsThatNoOutputCarriesAreCounted) {
     for (int row = 0; row < 3; ++row) v.channelMap.set(0, row, 1, 513);
   });
   EXPECT_EQ(desk.form.wrong.look().caption, "") << "nothing is sent at all";
-  event([this] { desk.setup.use(parseOutput("sacn:1@127.0.0.1:5999")); });
+  const UdpReceiver own;  // a place that no other program sends to
+  event([&] { desk.setup.use(parseOutput("sacn:1" + own.place())); });
   EXPECT_EQ(desk.form.wrong.look().caption,
             "3 of 144 lamps stay dark: no output carries their universe.");
   event([this] { desk.setup.panel.universes.setText("1-2"); });

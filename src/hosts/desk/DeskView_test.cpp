@@ -45,7 +45,7 @@ class DeskView : public testing::Test {
   Desk desk{machine, feed, {folder.filePath("mine").toStdString()}};
   MatrixForm& tool = desk.session.plugin.matrixForm;
   qt::LoopGate gate{machine, desk.engine().timers};
-  qt::DesktopView view{desk.engine().desktop, gate, desk.form};
+  qt::DesktopView view{desk.engine().desktop, gate, desk.form, desk.windowsBeside()};
 };
 
 TEST_F(DeskView, EveryWindowNeedsNoMoreThanAScreenOf1280By720) {
@@ -216,6 +216,20 @@ TEST_F(DeskView, AKeyBringsTheDeskToTheFrontOfAnotherWindow) {
   EXPECT_TRUE(QTest::qWaitFor([this] { return window().isActiveWindow(); }));
   QTest::keyClick(&window(), Qt::Key_F5);
   EXPECT_TRUE(QTest::qWaitFor([&] { return setup.isActiveWindow(); }));
+}
+
+TEST_F(DeskView, NoWindowOfTheDeskStaysBeforeItWhenAKeyBringsItToTheFront) {
+  for (const int key : {Qt::Key_F1, Qt::Key_F5, Qt::Key_F8})
+    QTest::keyClick(&window(), static_cast<Qt::Key>(key));
+  for (const int key : {Qt::Key_F1, Qt::Key_F2, Qt::Key_F3})
+    QTest::keyClick(&window(), static_cast<Qt::Key>(key), Qt::ShiftModifier);
+  int others = 0;
+  for (const QWidget* other : QApplication::topLevelWidgets()) {
+    if (!other->isVisible() || other == &window()) continue;
+    ++others;
+    EXPECT_EQ(other->parentWidget(), nullptr) << other->windowTitle().toStdString();
+  }
+  EXPECT_EQ(others, 6);
 }
 
 TEST_F(DeskView, EscapeClosesADialogAndEnterPressesItsOk) {

@@ -76,7 +76,7 @@ class Program {
   LampFeed feed_{"korvane"};
   Desk desk_;
   qt::LoopGate gate_{platform_, desk_.engine().timers};
-  qt::DesktopView view_{desk_.engine().desktop, gate_, desk_.form};
+  qt::DesktopView view_{desk_.engine().desktop, gate_, desk_.form, desk_.windowsBeside()};
   qt::Shade shade_ = qt::Shade::Dark;
   qt::SystemShade system_{qt::SystemShade::sessionBus()};
   MousePresses presses_;

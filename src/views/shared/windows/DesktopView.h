@@ -2,6 +2,8 @@
 
 #include <map>
 #include <memory>
+#include <set>
+#include <utility>
 
 #include "platform/Desktop.h"
 #include "views/shared/machine/EventGate.h"
@@ -17,9 +19,9 @@ namespace korvane {
 template <class Window>
 class DesktopViewOf {
  public:
-  /// All windows but pictures stay above the window of `main`.
-  DesktopViewOf(Desktop& desktop, EventGate& gate, Form& main)
-      : desktop_(desktop), gate_(gate), main_(main) {
+  /// All windows but pictures and `alone` ones stay above the window of `main`.
+  DesktopViewOf(Desktop& desktop, EventGate& gate, Form& main, std::set<const Form*> alone = {})
+      : desktop_(desktop), gate_(gate), main_(main), alone_(std::move(alone)) {
     desktop_.onShow = [this](Form& form) { window(form).open(); };
     desktop_.onHide = [this](Form& form) { hide(form); };
     desktop_.onActivate = [this](Form& form) { activate(form); };
@@ -45,7 +47,8 @@ class DesktopViewOf {
  private:
   // A window whose whole surface is a picture stands by itself: it is for another screen.
   Window* ownerOf(const Form& form) {
-    return &form == &main_ || form.surface != nullptr ? nullptr : &window(main_);
+    const bool alone = &form == &main_ || form.surface != nullptr || alone_.contains(&form);
+    return alone ? nullptr : &window(main_);
   }
 
   // A window that is open modally is the only one that a person can act on.
@@ -72,6 +75,7 @@ class DesktopViewOf {
   Desktop& desktop_;
   EventGate& gate_;
   Form& main_;
+  std::set<const Form*> alone_;
   std::map<const Form*, std::unique_ptr<Window>> windows_;
 };
 
