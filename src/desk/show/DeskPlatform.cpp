@@ -14,6 +14,7 @@ std::optional<std::string> DeskPlatform::askFile(const FileQuestion& question) {
   // What can be read besides the kinds that the plug-in's dialog names.
   if (named.filter.ends_with("*.ico")) named.filter += ";*.png";
   answered = machine_.askFile(named);
+  if (answered && onAnswered) onAnswered(*answered);
   return answered;
 }
 

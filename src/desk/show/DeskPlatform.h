@@ -31,6 +31,8 @@ class DeskPlatform : public Platform {
 
   /// The name that a file dialog begins with.
   std::function<std::string(const FileQuestion&)> suggestName;
+  /// A file dialog was answered with a file, of which nothing is done yet.
+  std::function<void(const std::string& path)> onAnswered;
   /// Shows the help that is on this machine.
   std::function<void()> onHelp;
   /// The last answer of a file dialog, until someone resets it.

@@ -74,6 +74,12 @@ DeskSession::~DeskSession() {
 // the tool's own buttons do stays as it is.
 void DeskSession::bindTool() {
   MatrixForm& tool = plugin.matrixForm;
+  tool.save.onClick = [this, own = tool.save.onClick] {
+    platform.onAnswered = [this](const std::string& show) { keepGridAside(show); };
+    own();
+    platform.onAnswered = nullptr;
+    dropGridAside();
+  };
   tool.onSaved = [this] { keepIn(platform.answered.value()); };
   tool.onLoaded = [this] {
     const std::string before = gridFile();
@@ -239,11 +245,13 @@ void DeskSession::tellOfBackup(const std::string& show, const ReadableShow& read
   for (Document* document : {&composition_, &definition_}) document->kept.reset();
   ++keeps_;
   const bool older = readable.files->show != show;
+  const bool next = readable.files->grid.ends_with(kGridAsideEnding);
   const std::string from = fileTitle(older ? readable.files->show : readable.files->grid);
   platform.messageBox(showName(show) + " can't be read" + (older ? "" : " on its grid") + ": " +
                       readable.wrong + ". " +
-                      (older ? "What it was before it was saved last is open instead"
-                             : "It is open on the grid before") +
+                      (older  ? "What it was before it was saved last is open instead"
+                       : next ? "It is open on the grid that was to be saved next"
+                              : "It is open on the grid before") +
                       ", from " + from + ". Save it to keep that.");
 }
 
@@ -300,6 +308,8 @@ bool DeskSession::save(const std::string& show) {
     tellOfFailedProject(platform, show, error.what());
     return false;
   }
+  gridAside_ = projectOf(show) + kGridEnding + kGridAsideEnding;
+  dropGridAside();  // of a save that the power has broken off
   plugin.matrixForm.setCaption("Korvane - " + fileTitle(show));
   keep(composition_);
   keep(definition_);
@@ -320,6 +330,24 @@ void DeskSession::keepIn(const std::string& show) {
     definition_.kept.reset();  // it was told
     ++keeps_;
   }
+}
+
+// The tool saves the show, and its grid follows: the power may fail between the two.
+void DeskSession::keepGridAside(const std::string& show) {
+  if (!needsGrid(show)) return;
+  const std::string path = projectOf(show) + kGridEnding + kGridAsideEnding;
+  try {
+    const TextToKeep grid = definitionToKeep(plugin.engine, path, plugin.matrixConf.MName.text());
+    replaceTextFile(
+        path, grid.write, [](const std::string&) { return true; }, platform.disk());
+    gridAside_ = path;
+  } catch (const std::exception&) {
+    // Where that can't be written the save will tell.
+  }
+}
+
+void DeskSession::dropGridAside() {
+  if (!gridAside_.empty()) platform.disk().remove(std::exchange(gridAside_, {}));
 }
 
 void DeskSession::adopt(const std::string& show) {

@@ -90,6 +90,8 @@ class DeskSession {
   /// Whether the grid is to be saved with the show.
   bool needsGrid(const std::string& show);
   void keepIn(const std::string& show);
+  void keepGridAside(const std::string& show);
+  void dropGridAside();
   void tellOfBackup(const std::string& show, const ReadableShow& readable);
   /// The file of the grid, beside that of the show.
   std::string gridFile();
@@ -98,6 +100,7 @@ class DeskSession {
 
   std::string home_;  // the folder in which new shows begin
   std::string path_;
+  std::string gridAside_;  // a file, while the tool saves
   bool loading_ = false;
   int loads_ = 0;
   int keeps_ = 0;

@@ -51,7 +51,8 @@ ReadableShow readableShow(const std::string& show, Platform& machine) {
     if (found.files || !fileExists(backup, disk)) return;
     if (!whatIsWrongWith(files, project, machine)) found.files = files;
   };
-  tryOut(grid + kBackupEnding, {show, grid + kBackupEnding});
+  for (const char* ending : {kGridAsideEnding, kBackupEnding})
+    tryOut(grid + ending, {show, grid + ending});
   tryOut(show + kBackupEnding, {show + kBackupEnding, grid});
   return found;
 }

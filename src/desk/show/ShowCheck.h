@@ -7,6 +7,9 @@
 
 namespace korvane {
 
+/// What is added to the name of a grid's file while the tool saves the show that needs it.
+inline constexpr const char* kGridAsideEnding = ".new";
+
 /// The two files from which a show is read.
 struct ShowFiles {
   std::string show, grid;
@@ -20,7 +23,8 @@ struct ReadableShow {
 
 /// The files to open a show from, each tried out in a plug-in of its own that nobody sees. The
 /// power may have failed while its grid or the show itself was being saved, so one that can't be
-/// read on its grid is looked for on the grid before, and then as it was before.
+/// read on its grid is looked for on the grid that was to be saved next, on the grid before, and
+/// then as it was before.
 ReadableShow readableShow(const std::string& show, Platform& machine);
 
 }  // namespace korvane

@@ -94,6 +94,42 @@ TEST_F(SafeShows, AShowThatWasSavedWithoutItsGridOpensAsItWasBefore) {
   EXPECT_TRUE(machine.boxes.empty());
 }
 
+// What stands on the disk at that moment is opened.
+TEST_F(SafeShows, AShowThatTheToolSavesOpensThoughThePowerFailsBeforeItsGridIsSaved) {
+  click(desk.form.newShow);
+  narrow();
+  machine.answers = {mine};
+  click(desk.form.saveAs);
+  click(*desk.form.examples.at(0));
+  const std::string saved = desk.session.showText();
+  const std::string cut = folder + "cut/";
+  tool.onSaved = [&, own = tool.onSaved] {
+    std::filesystem::create_directory(cut);
+    for (const char* file : {"mine.Korvane", "mine.korvaneconf", "mine.korvaneconf.new"})
+      std::filesystem::copy(folder + file, cut + file);
+    own();
+  };
+  machine.answers = {mine};
+  click(tool.save);
+  EXPECT_FALSE(std::filesystem::exists(grid + ".new")) << "the save is done";
+  openAgain(mine);
+  EXPECT_TRUE(machine.boxes.empty());
+  openAgain(cut + "mine.Korvane");
+  EXPECT_EQ(desk.session.path(), cut + "mine.Korvane");
+  EXPECT_EQ(v.matrixCols, 12);
+  EXPECT_EQ(desk.session.showText().substr(desk.session.showText().find('\n')),
+            saved.substr(saved.find('\n')));
+  ASSERT_EQ(machine.boxes.size(), 1U) << testing::PrintToString(machine.boxes);
+  EXPECT_TRUE(machine.boxes[0].ends_with(
+      ". It is open on the grid that was to be saved next, from mine.korvaneconf.new. Save it to "
+      "keep that."))
+      << machine.boxes[0];
+  click(desk.form.save);
+  EXPECT_FALSE(std::filesystem::exists(cut + "mine.korvaneconf.new"));
+  openAgain(cut + "mine.Korvane");
+  EXPECT_TRUE(machine.boxes.empty());
+}
+
 TEST_F(SafeShows, AShowOfNoFileIsNotLookedForInItsBackup) {
   saveExample(mine);
   click(desk.form.save);
