@@ -47,7 +47,9 @@ std::string holderOf(const Address& address) {
 Claim::Claim(const std::string& name) : socket_(newSocket()) {
   const Address address(name);
   if (socket_ < 0) return;
-  if (bind(socket_, address.generic(), address.size) == 0 && listen(socket_, 1) == 0) return;
+  // Nobody takes the calls of those who ask for the holder: they stay in this queue.
+  if (bind(socket_, address.generic(), address.size) == 0 && listen(socket_, SOMAXCONN) == 0)
+    return;
   close(std::exchange(socket_, -1));
   holder_ = holderOf(address);
 }

@@ -138,7 +138,9 @@ void Output::run(Sender sender) {
 
 void Output::claimAgain() {
   for (auto& [place, claim] : claims_) {
-    if (!claim.held()) claim = Claim(place);
+    if (claim.held()) continue;
+    Claim again(place);
+    if (again.held()) claim = std::move(again);  // else the name that was told stays
   }
 }
 

@@ -3,6 +3,7 @@
 
 #include <filesystem>
 
+#include "desk/network/Claim.h"
 #include "desk/output/Outputs.h"
 #include "testing/UdpReceiver.h"
 
@@ -140,6 +141,13 @@ TEST(Outputs, TwoCopiesOfAProgramHaveIdentitiesOfTheirOwnAndAreTold) {
   sends.switchOff();
   for (int packet = 0; packet < 20 && !rival.figures().concern.empty(); ++packet) receiver.packet();
   EXPECT_EQ(rival.figures().concern, "") << "it is alone now";
+}
+
+TEST(Outputs, WhoHoldsAPlaceIsKnownHoweverOftenItIsAsked) {
+  const std::string self = "(process " + std::to_string(getpid()) + ")";
+  const Claim held("korvane-test-asked" + self);
+  for (int ask = 0; ask < 9; ++ask)
+    EXPECT_THAT(Claim("korvane-test-asked" + self).holder(), HasSubstr(self)) << ask;
 }
 
 TEST(Outputs, TheIdentityIsTheSameAfterARestartAndItsNumbersGoOn) {
