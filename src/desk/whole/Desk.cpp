@@ -10,7 +10,7 @@
 namespace korvane {
 namespace {
 
-constexpr int kMonitorMilliseconds = 50;
+constexpr int kMonitorMilliseconds = 100;
 constexpr int kCountdownMilliseconds = 100;
 constexpr int kStateMilliseconds = 500;
 constexpr std::size_t kMostChanges = 5;  // that are told of a show that was kept aside

@@ -349,12 +349,12 @@ TEST_F(TestDesk, HelpIsOnThisMachine) {
 TEST_F(TestDesk, TheMonitorShowsWhatLeavesTheDesk) {
   click(desk.form.channels);
   light();
-  advance(60);
+  advance(110);
   const Color lit = rgb(0x3d, 0x8f, 0xd9);
   const auto bar = [this] { return desk.monitor.levels.raster().pixel(10, 10); };
   EXPECT_EQ(bar(), lit);
   click(desk.form.blackout);
-  advance(60);
+  advance(110);
   EXPECT_NE(bar(), lit);
 }
 

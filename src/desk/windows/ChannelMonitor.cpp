@@ -12,6 +12,7 @@ constexpr Color kGround = rgb(0x16, 0x18, 0x1c);
 constexpr const char* kHint =
     "Channel 1 is at the upper left, 32 to a row. Point at one for its level.";
 
+constexpr std::int64_t kLeastGap = 80;     // ms between two paintings of the levels
 constexpr std::size_t kLampsOfView = 170;  // of an output without universes
 
 std::string number(std::size_t value) { return std::to_string(value); }
@@ -101,7 +102,11 @@ void ChannelMonitor::take(const LampFeed& feed, int universes) {
   taken_ = fresh;
 }
 
-bool ChannelMonitor::refresh(std::int64_t now) { return picture_.refresh(now); }
+void ChannelMonitor::refresh(std::int64_t now) {
+  if (painted_ && now >= *painted_ && now - *painted_ < kLeastGap) return;
+  painted_ = now;
+  picture_.refresh(now);
+}
 
 void ChannelMonitor::tell(int x, int y) {
   const int at = picture_.channelAt(x, y);

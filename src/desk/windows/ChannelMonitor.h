@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -21,8 +22,8 @@ class ChannelMonitor : public Form {
   /// Takes what leaves the desk, for a wall of so many universes. Channels whose level is another
   /// one are marked.
   void take(const LampFeed& feed, int universes);
-  /// Shows it; `now` in milliseconds. False if nothing will change any more by itself.
-  bool refresh(std::int64_t now);
+  /// Shows it, some ten times a second at most; `now` in milliseconds, called all the while.
+  void refresh(std::int64_t now);
   /// The levels that are shown.
   const Slots& shown() const { return taken_; }
 
@@ -49,6 +50,7 @@ class ChannelMonitor : public Form {
   std::vector<View> views_;
   View viewed_;  // whose levels are shown
   Slots taken_{};
+  std::optional<std::int64_t> painted_;  // when
 };
 
 }  // namespace korvane

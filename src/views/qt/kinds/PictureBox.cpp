@@ -3,10 +3,10 @@
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
-#include <QTimer>
 #include <algorithm>
 #include <cmath>
 
+#include "views/qt/kinds/PaintRound.h"
 #include "views/qt/kinds/Painting.h"
 #include "views/qt/kinds/PictureWidget.h"
 
@@ -16,7 +16,6 @@ namespace {
 using Sizing = PictureBox::Sizing;
 
 constexpr int kFixedEnlargement = 2;  // of a box that keeps its size, if there is room
-constexpr qint64 kLeastGap = 40;      // ms between two paintings of a box
 constexpr int kLeastSide = 96;        // of a box that grows, in units of the layout
 
 // Copies a part of the raster to the same place of an image of its size. The toolkit draws the
@@ -94,17 +93,11 @@ void PictureWidget::fit() {
   update();
 }
 
-// All that changes in one event of the program is painted once, after it. Two decks that step in
-// turns change the mix twice as often as an eye can tell.
 void PictureWidget::note(int x1, int y1, int x2, int y2) {
-  if (!damage_.add(x1, y1, x2, y2)) return;
-  const qint64 wait = painted_.isValid() ? kLeastGap - painted_.elapsed() : 0;
-  QTimer::singleShot(static_cast<int>(std::max<qint64>(wait, 0)), Qt::PreciseTimer, this,
-                     &PictureWidget::showDamage);
+  if (damage_.add(x1, y1, x2, y2)) PaintRound::common().join(*this, [this] { showDamage(); });
 }
 
 void PictureWidget::showDamage() {
-  painted_.start();
   const Damage::Area area = damage_.take(box_.width(), box_.height());
   if (!area.empty())
     update(toWidget({area.x1, area.y1, area.width(), area.height()}).toAlignedRect());

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QElapsedTimer>
 #include <QImage>
 
 #include "platform/Damage.h"
@@ -48,7 +47,6 @@ class PictureWidget : public QWidget {
   Seat seat_;
   Damage damage_;
   QImage image_;  // the raster as the screen wants it, where it was painted
-  QElapsedTimer painted_;
   QSize hint_;
   QSize least_;
 };
