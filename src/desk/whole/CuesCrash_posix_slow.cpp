@@ -14,6 +14,7 @@
 #include "desk/whole/Desk.h"
 #include "platform/Events.h"
 #include "platform/HeadlessPlatform.h"
+#include "testing/SourceFolder.h"
 
 namespace korvane {
 namespace {
@@ -68,8 +69,7 @@ class CuesCrash : public testing::Test {
     std::filesystem::create_directories(folder);
     DeskThere first(folder);
     first.machine.answers = {show};
-    first.event(
-        [&] { first.desk.files.open(KORVANE_SOURCE_DIR "/examples/1-club-night.Korvane"); });
+    first.event([&] { first.desk.files.open(sourceFolder() + "/examples/1-club-night.Korvane"); });
     first.event([&] {
       Cue cue = first.desk.cues.run.recorded();
       cue.end = Cue::End::Seconds;

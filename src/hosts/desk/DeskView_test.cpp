@@ -5,15 +5,23 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QComboBox>
+#include <QDir>
+#include <QDropEvent>
+#include <QFile>
+#include <QFileInfo>
+#include <QImage>
 #include <QLayout>
 #include <QLineEdit>
 #include <QMenuBar>
+#include <QMimeData>
 #include <QScrollArea>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QUrl>
 #include <algorithm>
 
 #include "desk/whole/Desk.h"
+#include "hosts/desk/DroppedFiles.h"
 #include "platform/HeadlessPlatform.h"
 #include "views/qt/machine/LoopGate.h"
 #include "views/qt/windows/DesktopView.h"
@@ -50,6 +58,7 @@ class DeskView : public testing::Test {
 
 TEST_F(DeskView, EveryWindowNeedsNoMoreThanAScreenOf1280By720) {
   const QSize room(1280 - 10, 720 - 40);  // less the frame of the system's windows
+  qt::applyTheme(*qApp, qt::Shade::Dark);
   openTool();
   gate.run([this] {
     OutputEntry entry{parseOutput("artnet:0-3@nodes,name=All the lamps of the wall"), false};
@@ -95,6 +104,46 @@ TEST_F(DeskView, TabGoesThroughThePageToBeginFromAsItIsRead) {
         static_cast<Control*>(&desk.form.dmx)}) {
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
     EXPECT_TRUE(on(*next).hasFocus()) << next->name();
+  }
+}
+
+TEST_F(DeskView, AWrongFileThatIsDroppedIsToldAndNothingIsLost) {
+  const DroppedFiles dropped(
+      window(), [this](const std::string& path) { gate.run([&] { desk.files.open(path); }); });
+  const auto file = [this](const char* name, const QByteArray& bytes) {
+    QFile made(folder.filePath(name));
+    EXPECT_TRUE(made.open(QIODevice::WriteOnly));
+    made.write(bytes);
+    return made.fileName();
+  };
+  QDir(folder.path()).mkdir("folder");
+  QImage(8, 8, QImage::Format_RGB32).save(folder.filePath("picture.png"));
+  const QString wrong[] = {file("text.txt", "hello\n"),
+                           folder.filePath("folder"),
+                           file("broken.korvanedesk", R"({"version": 1, "cues": [)"),
+                           folder.filePath("picture.png"),
+                           file("bad.Korvane", "\x01\x02 bad"),
+                           folder.filePath("not there")};
+  openTool();
+  gate.run([this] { tool.panelA.add.click(); });
+  EXPECT_TRUE(desk.files.changed());
+  const std::string show = desk.session.showText();
+  for (const QString& path : wrong) {
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(path)});
+    QDragEnterEvent enter(QPoint(50, 50), Qt::CopyAction, &data, Qt::LeftButton, {});
+    QApplication::sendEvent(&window(), &enter);
+    QDropEvent drop(QPointF(50, 50), Qt::CopyAction, &data, Qt::LeftButton, {});
+    QApplication::sendEvent(&window(), &drop);
+    ASSERT_TRUE(desk.question.visible()) << "the show was changed, " << path.toStdString();
+    machine.boxes.clear();
+    gate.run([this] { desk.question.second.click(); });
+    ASSERT_EQ(machine.boxes.size(), 1U) << path.toStdString();
+    EXPECT_NE(machine.boxes[0].find(QFileInfo(path).completeBaseName().toStdString()),
+              std::string::npos)
+        << machine.boxes[0];
+    EXPECT_EQ(desk.session.showText(), show) << path.toStdString();
+    EXPECT_TRUE(desk.files.changed());
   }
 }
 

@@ -14,6 +14,7 @@
 
 #include "desk/project/DeskProject.h"
 #include "hosts/play/TestManager.h"
+#include "testing/SourceFolder.h"
 #include "testing/UdpReceiver.h"
 
 namespace korvane {
@@ -43,7 +44,7 @@ class ResumeCrash : public testing::Test {
     std::filesystem::remove_all(folder);
     std::filesystem::create_directories(folder);
     for (const std::string ending : {".Korvane", ".korvaneconf"})
-      std::filesystem::copy_file(KORVANE_SOURCE_DIR "/examples/1-club-night" + ending,
+      std::filesystem::copy_file(sourceFolder() + "/examples/1-club-night" + ending,
                                  folder + "show" + ending);
     Json cues = Json::array();
     for (int i = 0; i < kCues; ++i)
