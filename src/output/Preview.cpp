@@ -15,6 +15,7 @@ void drawCell(Surface& surface, const Frame& frame, const PreviewGeometry& at, i
 }
 
 void drawGrid(const Variablen& v, PictureBox& box, const Frame& frame, const PreviewGeometry& at) {
+  if (box.blank()) return;
   for (int col = 0; col < v.matrixCols; ++col) {
     for (int row = 0; row < v.matrixRows; ++row) drawCell(box.canvas(), frame, at, col, row);
   }

@@ -122,6 +122,17 @@ TEST_F(Previews, APointIsOneSquare) {
                 {"..........", ".....CCC..", ".....CCC..", ".....CCC..", ".........."});
 }
 
+TEST_F(Previews, WhatNobodySeesIsNotPaintedAndTheMixGoesOn) {
+  for (PictureBox* box : boxes) box->leaveBlank();
+  publishDeckFrame(engine, v.A);
+  publishDeckFrame(engine, v.B);
+  drawPoint(engine, v.A, 1, 0);
+  for (PictureBox* box : boxes) EXPECT_EQ(box->raster(), blank) << box->name();
+  v.masterValue = 0;
+  mixAndDraw(engine);
+  expectPicture(v.frameM, {"RG", "BW"});
+}
+
 TEST_F(Previews, DrawingTellsTheViewWhatChanged) {
   Calls changes;
   for (PictureBox* box : boxes) {

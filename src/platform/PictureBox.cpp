@@ -24,6 +24,7 @@ void PictureBox::clear() {
 }
 
 void PictureBox::fillRect(int x1, int y1, int x2, int y2, Color color) {
+  if (blank_) return;
   if (!onPixels) return raster_.fillRect(x1, y1, x2, y2, color);  // nobody to tell
   raster_.fillRect(x1, y1, x2, y2, color);
   invalidate(x1, y1, x2, y2);

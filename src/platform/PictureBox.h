@@ -57,6 +57,10 @@ class PictureBox : public Control {
   Raster& canvas() { return raster_; }
   void touched() { invalidate(0, 0, width() - 1, height() - 1); }
 
+  /// Nobody will look: squares are no longer painted, the frame goes on without its preview.
+  void leaveBlank() { blank_ = true; }
+  bool blank() const { return blank_; }
+
   /// Lines that the view draws over the pixels; the raster does not hold them.
   const std::vector<Line>& overlay() const { return overlay_; }
   void setOverlay(std::vector<Line> lines);
@@ -90,6 +94,7 @@ class PictureBox : public Control {
   Color backColor_;
   Raster raster_;
   std::vector<Line> overlay_;
+  bool blank_ = false;
   bool held_ = false;
   bool clicks_ = false;  // the release of the button will be a click
 };

@@ -15,7 +15,7 @@ namespace korvane {
 class SequenceStore {
  public:
   /// Those of sACN, then the port addresses of Art-Net.
-  static constexpr std::size_t kUniverses = 2 * 65536;
+  static constexpr std::size_t kUniverses = std::size_t{2} * 65536;
 
   /// Kept for this run alone.
   SequenceStore() : own_(kUniverses), numbers_(own_.data()) {}

@@ -61,11 +61,16 @@ Desk::Desk(Platform& machine, LampFeed& feed, const DeskPlaces& places)
   keys.tellKey(cues.form.autoPlay, "autoPlay");
   bindKeysOfDialogs();
   bindFields();
-  for (std::size_t i = 0; i < form.examples.size(); ++i)
-    form.examples[i]->onClick = [this, path = places.examples[i].path] { files.open(path); };
+  bindExamples(places.examples);
   session.host.onPass = [this] { feed_.announce(); };
   refresh_.onTimer = [] {};
   files.keepAsIs();
+}
+
+void Desk::bindExamples(const std::vector<Example>& examples) {
+  auto item = form.examples.begin();
+  for (const Example& example : examples)
+    (*item++)->onClick = [this, path = example.path] { files.open(path); };
 }
 
 void Desk::show() {

@@ -88,6 +88,7 @@ class Desk {
   std::function<void()> onQuit;  ///< the desk was closed
 
  private:
+  void bindExamples(const std::vector<Example>& examples);
   void bindProject();
   void bindHistory();
   void bindWindows();

@@ -50,6 +50,9 @@ Raster PlayerPlatform::loadPicture(const std::string& path) {
 
 Player::Player(const PlayOptions& options) : options_(options), host_(showPath(), feed_) {
   platform_.tell = [this](const std::string& text) { tell(text); };
+  Variablen& v = plugin_.engine.v;
+  for (PictureBox* preview : {&v.A.picture, &v.B.picture, &plugin_.engine.master.picture})
+    preview->leaveBlank();
   bindRun();
 }
 
