@@ -109,6 +109,8 @@ QWidget* FormWindow::widget(const Control& control) const {
 
 // A window without a frame fills the screen. One that a person has maximized stays so.
 void FormWindow::open() {
+  // It begins at its first control, not at the OK that closed it: a blank in a name would press it.
+  if (isHidden() && focusWidget() != nullptr) focusWidget()->clearFocus();
   setWindowModality(form_.modal() ? Qt::ApplicationModal : Qt::NonModal);
   const bool goesBack = maximized_ && !form_.maximized;
   framed_ = form_.framed;

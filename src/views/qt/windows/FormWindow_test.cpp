@@ -207,6 +207,16 @@ TEST_F(FormWindows, AWindowThatWasNotShownYetOpensAtItsPlace) {
   view.reset();
 }
 
+TEST_F(FormWindows, AWindowThatIsOpenedAgainDoesNotBeginWhereItWasLeft) {
+  const FormWindow& window = show({&button, &inside});
+  on(inside).setFocus();
+  ASSERT_EQ(window.focusWidget(), &on(inside));
+  gate.run([this] { desktop.hide(*form); });
+  gate.run([this] { desktop.show(*form); });
+  settle();
+  EXPECT_NE(window.focusWidget(), &on(inside));
+}
+
 TEST_F(FormWindows, KeysThatNoControlTakesGoToTheForm) {
   std::vector<int> keys;
   show({});
