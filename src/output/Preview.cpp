@@ -48,6 +48,11 @@ void fitPreviews(Engine& engine) {
                                                     &engine.master.picture};
   for (PictureBox* box : boxes) box->clear();
   for (PictureBox* box : boxes) set_matrix_values(engine, *box);
+}
+
+void fitPictures(Engine& engine) {
+  Variablen& v = engine.v;
+  fitPreviews(engine);
   for (Deck* deck : {&v.A, &v.B}) deck->mini.resize(v.matrixCols, v.matrixRows);
 }
 

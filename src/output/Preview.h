@@ -13,6 +13,8 @@ void set_matrix_values(Engine& engine, PictureBox& box);
 
 /// Clears all previews and fits them to a grid that got another size.
 void fitPreviews(Engine& engine);
+/// So, and the pictures that Image effects sample.
+void fitPictures(Engine& engine);
 
 /// Repaints a deck's preview, or one cell of it.
 void drawMatrix(Engine& engine, Deck& deck);

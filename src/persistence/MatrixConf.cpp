@@ -199,7 +199,7 @@ void MatrixConf::suggest(ListBox& channel, ListBox& universe) {
 
 void MatrixConf::OK_Click() {
   engine_.v.matrixConfigured = true;
-  fitPreviews(engine_);
+  fitPictures(engine_);
   engine_.desktop.hide(*this);
 }
 

@@ -109,7 +109,7 @@ void putGrid(Plugin& plugin, const GridState& to) {
   v.quickConfigured = to.quick;
   v.matrixName = to.name;
   plugin.matrixConf.MName.setText(to.shownName);
-  if (size) fitPreviews(engine);
+  if (size) fitPictures(engine);
 }
 
 void play(Engine& engine, Deck& deck, Playing how) {

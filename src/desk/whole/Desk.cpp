@@ -335,8 +335,12 @@ void Desk::followGrid() {
   const bool size = now != grid_;
   grid_ = now;
   loads_ = session.loads();
-  if (loaded || !session.plugin.matrixForm.loaded()) return;
-  if (size) fitPreviews(engine());
+  if (!session.plugin.matrixForm.loaded()) return;
+  if (loaded) {
+    if (size) fitPreviews(engine());
+    return;
+  }
+  if (size) fitPictures(engine());
   session.selectRowsAgain();
 }
 

@@ -42,6 +42,22 @@ TEST_F(Shows, OneClickOpensAnExampleOnItsGrid) {
   EXPECT_TRUE(machine.failures.empty());
 }
 
+TEST_F(Shows, PreviewsKeepNothingOfTheGridBefore) {
+  openExample(0);
+  openExample(2);
+  ASSERT_EQ(v.matrixRows, 16);
+  const std::pair<PictureBox*, PreviewGeometry> previews[] = {
+      {&v.A.picture, v.previewA},
+      {&v.B.picture, v.previewB},
+      {&plugin.engine.master.picture, v.previewM}};
+  for (const auto& [box, place] : previews) {
+    ASSERT_GT(place.top, 10) << "24 by 16 leave room above";
+    for (int y = 0; y < place.top; ++y)
+      for (int x = 0; x < box->width(); ++x)
+        ASSERT_EQ(box->raster().pixel(x, y), 0) << x << "," << y;
+  }
+}
+
 // Whatever was on the desk before, a show plays as in a plug-in that was just made.
 TEST_F(Shows, AShowPlaysAlikeWhateverWasThereBefore) {
   const auto play = [](Desk& where, PicturePlatform& on, const std::string& path) {
