@@ -65,6 +65,11 @@ class TestShow : public TestPlugin {
     cue.row(ShowList::Fades) = ref(ShowList::Fades, fade);
     return cue;
   }
+  static Cue lasting(Cue cue, double seconds) {
+    cue.end = Cue::End::Seconds;
+    cue.after = seconds;
+    return cue;
+  }
   void take(std::vector<Cue> cues) {
     run.list.cues = std::move(cues);
     run.cues.stop();
