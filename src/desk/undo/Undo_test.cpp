@@ -34,6 +34,17 @@ class Undo : public TestDesk {
     click(tool.panelA.edit);
     return *plugin.dialogs.byType[static_cast<std::size_t>(type)];
   }
+  /// The left deck's effect goes through red, green and blue.
+  void changeColors() {
+    v.A.effect().type = kColorChange;
+    v.A.effect().colors = {rgb(255, 0, 0), rgb(0, 255, 0), rgb(0, 0, 255)};
+    v.A.effect().colorCount = 3;
+  }
+  void changeColorsAtASpeed() {
+    changeColors();
+    v.A.effect().itemTimes = {1, 1, 1};
+    v.A.effect().speed = 50;
+  }
   Slider& slider(EffectDialog& dialog, const char* name) {
     return dynamic_cast<Slider&>(*dialog.find(name));
   }
@@ -113,9 +124,7 @@ TEST_F(Undo, RowsComeBackWithWhatTheyHeld) {
 
 TEST_F(Undo, AStepThatDoesNotTouchThePlayingEffectDoesNotRestartIt) {
   event([this] {
-    v.A.effect().type = kColorChange;
-    v.A.effect().colors = {rgb(255, 0, 0), rgb(0, 255, 0), rgb(0, 0, 255)};
-    v.A.effect().colorCount = 3;
+    changeColors();
     v.A.colorIndex = 0;
     v.A.beatOn = true;
   });
@@ -133,13 +142,7 @@ TEST_F(Undo, AStepThatDoesNotTouchThePlayingEffectDoesNotRestartIt) {
 }
 
 TEST_F(Undo, WhatAColorChangeNotesAsItPlaysIsNoStepAndItIsNotStartedAnew) {
-  event([this] {
-    v.A.effect().type = kColorChange;
-    v.A.effect().colors = {rgb(255, 0, 0), rgb(0, 255, 0), rgb(0, 0, 255)};
-    v.A.effect().itemTimes = {1, 1, 1};
-    v.A.effect().colorCount = 3;
-    v.A.effect().speed = 50;
-  });
+  event([this] { changeColorsAtASpeed(); });
   pick(v.A.efxList, 0);
   click(tool.panelB.add);
   pick(v.B.efxList, 1);
@@ -160,11 +163,7 @@ TEST_F(Undo, WhatAColorChangeNotesAsItPlaysIsNoStepAndItIsNotStartedAnew) {
 // A transition ends in the mode that was chosen or loaded last on its deck.
 TEST_F(Undo, AModeThatAColorChangeGivesItselfAsItPlaysIsNoStep) {
   event([this] {
-    v.A.effect().type = kColorChange;
-    v.A.effect().colors = {rgb(255, 0, 0), rgb(0, 255, 0), rgb(0, 0, 255)};
-    v.A.effect().itemTimes = {1, 1, 1};
-    v.A.effect().colorCount = 3;
-    v.A.effect().speed = 50;
+    changeColorsAtASpeed();
     v.A.effect().amount = 100;
     v.A.effect().fadeMode = 1;
   });
