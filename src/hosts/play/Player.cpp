@@ -114,7 +114,8 @@ void Player::takeProject() {
                  }
                }});
   for (Section& section : cueSections(run_)) project.add(std::move(section));
-  for (const std::string& fault : project.open(path)) tell(path + ": " + fault);
+  const std::string where = path + ": ";
+  for (const std::string& fault : project.open(path)) tell(where + fault);
   if (options_.automatic) run_.automatic.set(*options_.automatic);
 }
 
@@ -229,8 +230,8 @@ bool Player::press(char key) {
 void Player::pressRun(char key) {
   constexpr std::pair<char, const char*> kKeys[] = {
       {'n', "cueGo"}, {'z', "cueBack"}, {'p', "cuePause"}, {'t', "tap"}};
-  for (const auto& [one, command] : kKeys) {
-    if (key == one) event([&] { runCommand(run_, command); });
+  for (const auto& row : kKeys) {
+    if (key == row.first) event([&] { runCommand(run_, row.second); });
   }
 }
 

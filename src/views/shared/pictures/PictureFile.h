@@ -18,7 +18,7 @@ namespace korvane {
 Raster readPicture(const std::string& path);
 
 inline constexpr int kMostPictureSide = 16384;
-inline constexpr std::int64_t kMostPicturePixels = 4096 * 4096;
+inline constexpr std::int64_t kMostPicturePixels = std::int64_t{4096} * 4096;
 inline constexpr std::int64_t kMostJpegPixels = 64'000'000;
 
 inline constexpr const char* kPictureTooLarge =
