@@ -93,6 +93,11 @@ function(korvane_test_headers name suffix)
   endif()
 endfunction()
 
+# Properties of tests that take long: they begin first, so that none is waited for at the end. Those on
+# the network would get each other's packets.
+set(slow_test LABELS slow TIMEOUT 900 COST 100)
+set(network_test RESOURCE_LOCK network SKIP_RETURN_CODE 77 TIMEOUT 180 COST 50)
+
 # korvane_run_tests(NAME [PROPERTIES ...]): hands the tests of a test program to ctest, one by one.
 # A program lists its tests when they are to run, so that no build needs a screen.
 # Under Wine a program takes long to start and is one test.
