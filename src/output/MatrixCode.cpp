@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "output/CellSquares.h"
 #include "output/Mix.h"
 #include "platform/Failure.h"
 #include "platform/Numbers.h"
@@ -128,12 +129,11 @@ bool changed(const Variablen& v, int col, std::size_t cells) {
                 v.channelMap.sendable().at(col, 0).data(), cells * 3);
 }
 
-// Draws a box on the simulation window or straight on its raster. The products are of 16 bits.
-template <class Surface>
-void drawSimCell(Surface& surface, const Variablen& v, std::int16_t col, std::int16_t row) {
+// The products are of 16 bits.
+Squares::Square simSquare(const Variablen& v, std::int16_t col, std::int16_t row) {
   const int x = add16(mul16(col, v.simCellW), v.simLeft);
   const int y = add16(mul16(row, v.simCellH), v.simTop);
-  surface.fillRect(x, y, x + v.simCellW - 2, y + v.simCellH - 2, rgb(v.frameM.at(col, row)));
+  return {x, y, rgb(v.frameM.at(col, row))};
 }
 
 }  // namespace
@@ -169,15 +169,14 @@ void sendCell(Engine& engine, std::int16_t col, std::int16_t row) {
 }
 
 void simDrawFrame(Engine& engine) {
-  for (std::int16_t col = 0; col < engine.v.matrixCols; ++col) {
-    for (std::int16_t row = 0; row < engine.v.matrixRows; ++row)
-      drawSimCell(engine.sim.canvas(), engine.v, col, row);
-  }
-  engine.sim.touched();
+  const Variablen& v = engine.v;
+  drawCells(engine.sim, v, v.simCellW - 2, v.simCellH - 2,
+            [&v](std::int16_t col, std::int16_t row) { return simSquare(v, col, row); });
 }
 
 void simDrawCell(Engine& engine, std::int16_t col, std::int16_t row) {
-  drawSimCell(engine.sim, engine.v, col, row);
+  const Variablen& v = engine.v;
+  drawCell(engine.sim, v, v.simCellW - 2, v.simCellH - 2, col, row, simSquare(v, col, row));
 }
 
 }  // namespace korvane

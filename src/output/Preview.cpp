@@ -1,25 +1,25 @@
 #include "output/Preview.h"
 
+#include "output/CellSquares.h"
 #include "output/MatrixCode.h"
 #include "platform/Numbers.h"
 
 namespace korvane {
 namespace {
 
-// Draws a square on a picture box or straight on its raster.
-template <class Surface>
-void drawCell(Surface& surface, const Frame& frame, const PreviewGeometry& at, int col, int row) {
-  const int x = col * at.cell + at.left;
-  const int y = row * at.cell + at.top;
-  surface.fillRect(x, y, x + at.cell - 2, y + at.cell - 2, rgb(frame.at(col, row)));
+Squares::Square squareOf(const Frame& frame, const PreviewGeometry& at, int col, int row) {
+  return {col * at.cell + at.left, row * at.cell + at.top, rgb(frame.at(col, row))};
 }
 
 void drawGrid(const Variablen& v, PictureBox& box, const Frame& frame, const PreviewGeometry& at) {
   if (box.blank()) return;
-  for (int col = 0; col < v.matrixCols; ++col) {
-    for (int row = 0; row < v.matrixRows; ++row) drawCell(box.canvas(), frame, at, col, row);
-  }
-  box.touched();
+  drawCells(box, v, at.cell - 2, at.cell - 2,
+            [&](int col, int row) { return squareOf(frame, at, col, row); });
+}
+
+void drawPoint(const Variablen& v, PictureBox& box, const Frame& frame, const PreviewGeometry& at,
+               int col, int row) {
+  drawCell(box, v, at.cell - 2, at.cell - 2, col, row, squareOf(frame, at, col, row));
 }
 
 PreviewGeometry geometry(const Variablen& v, int width, int height) {
@@ -60,8 +60,8 @@ void drawMatrix(Engine& engine, Deck& deck) {
   drawGrid(engine.v, deck.picture, deck.frame, deck.preview);
 }
 
-void drawPoint(Engine&, Deck& deck, std::int16_t col, std::int16_t row) {
-  drawCell(deck.picture, deck.frame, deck.preview, col, row);
+void drawPoint(Engine& engine, Deck& deck, std::int16_t col, std::int16_t row) {
+  drawPoint(engine.v, deck.picture, deck.frame, deck.preview, col, row);
 }
 
 void drawMatrixM(Engine& engine) {
@@ -69,7 +69,7 @@ void drawMatrixM(Engine& engine) {
 }
 
 void drawPointM(Engine& engine, std::int16_t col, std::int16_t row) {
-  drawCell(engine.master.picture, engine.v.frameM, engine.v.previewM, col, row);
+  drawPoint(engine.v, engine.master.picture, engine.v.frameM, engine.v.previewM, col, row);
 }
 
 bool mixIsFree(const Engine& engine, std::int32_t stepAbove) {

@@ -7,32 +7,90 @@ namespace korvane {
 
 void PictureBox::resize(int width, int height) {
   if (width == raster_.width() && height == raster_.height()) return;
+  squares_.list.clear();
   raster_ = Raster(width, height, backColor_);
   shown();
   run(onResize);
 }
 
 void PictureBox::setRaster(Raster raster) {
+  squares_.list.clear();
   raster_ = std::move(raster);
   shown();
   touched();
 }
 
 void PictureBox::clear() {
+  squares_.list.clear();
   raster_.fill(backColor_);
   touched();
 }
 
 void PictureBox::fillRect(int x1, int y1, int x2, int y2, Color color) {
   if (blank_) return;
+  endSquares();
   if (!onPixels) return raster_.fillRect(x1, y1, x2, y2, color);  // nobody to tell
   raster_.fillRect(x1, y1, x2, y2, color);
   invalidate(x1, y1, x2, y2);
 }
 
 void PictureBox::drawRect(int x1, int y1, int x2, int y2, Color color) {
+  endSquares();
   raster_.drawRect(x1, y1, x2, y2, color);
   invalidate(x1, y1, x2, y2);
+}
+
+void PictureBox::draw(Squares squares) {
+  if (blank_) return;
+  if (!squares.cover(squares_)) endSquares();
+  const bool others = squares != squares_;
+  if (others) {
+    squares_ = std::move(squares);
+    settled_ = false;
+  }
+  if (!onSquares) {
+    touched();
+  } else if (others) {
+    onSquares(0, 0, width() - 1, height() - 1);
+  }
+}
+
+void PictureBox::draw(std::size_t index, int toRight, int toBottom, const Squares::Square& square) {
+  const auto [x, y, color] = square;
+  if (!isSquare(index, toRight, toBottom, square)) {
+    fillRect(x, y, x + toRight, y + toBottom, color);
+    return;
+  }
+  const bool other = std::exchange(squares_.list[index].color, color) != color;
+  if (other) settled_ = false;
+  if (!onSquares) {
+    invalidate(x, y, x + toRight, y + toBottom);
+  } else if (other) {
+    onSquares(x, y, x + toRight, y + toBottom);
+  }
+}
+
+// Squares that lie over each other, as those of a pixel do, are none that can be drawn by
+// themselves.
+bool PictureBox::isSquare(std::size_t index, int toRight, int toBottom,
+                          const Squares::Square& square) const {
+  return toRight >= 0 && toBottom >= 0 && toRight == squares_.toRight &&
+         toBottom == squares_.toBottom && index < squares_.list.size() &&
+         squares_.list[index].x == square.x && squares_.list[index].y == square.y;
+}
+
+void PictureBox::settle() const {
+  if (settled_) return;
+  drawSquares(raster_, squares_, [](Color color) { return color; });
+  settled_ = true;
+}
+
+// What is drawn now lies over the squares: whoever has not seen those looks at the pixels.
+void PictureBox::endSquares() {
+  if (squares_.list.empty()) return;
+  settle();
+  squares_.list.clear();
+  if (onSquares) touched();
 }
 
 void PictureBox::invalidate(int x1, int y1, int x2, int y2) {

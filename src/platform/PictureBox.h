@@ -1,12 +1,13 @@
 #pragma once
 
+#include <cstddef>
 #include <functional>
 #include <string>
 #include <vector>
 
 #include "platform/Control.h"
 #include "platform/Gate.h"
-#include "platform/Raster.h"
+#include "platform/Squares.h"
 
 namespace korvane {
 
@@ -39,7 +40,10 @@ class PictureBox : public Control {
         backColor_(backColor),
         raster_(size.width, size.height, backColor) {}
 
-  const Raster& raster() const { return raster_; }
+  const Raster& raster() const {
+    settle();
+    return raster_;
+  }
   int width() const { return raster_.width(); }
   int height() const { return raster_.height(); }
   Sizing sizing() const { return sizing_; }
@@ -53,8 +57,18 @@ class PictureBox : public Control {
   void fillRect(int x1, int y1, int x2, int y2, Color color);
   void drawRect(int x1, int y1, int x2, int y2, Color color);
   void setPixel(int x, int y, Color color) { fillRect(x, y, x, y, color); }
+  /// Draws squares, but not before somebody looks at the pixels: a grid that is drawn forty times a
+  /// second is looked at twenty times, or by nobody.
+  void draw(Squares squares);
+  /// Draws one of them anew; any other square is drawn as fillRect() does.
+  void draw(std::size_t index, int toRight, int toBottom, const Squares::Square& square);
+  /// What draw() drew last; none if something else has been drawn since.
+  const Squares& squares() const { return squares_; }
   /// The raster, to be drawn on; call touched() when it is done.
-  Raster& canvas() { return raster_; }
+  Raster& canvas() {
+    endSquares();
+    return raster_;
+  }
   void touched() { invalidate(0, 0, width() - 1, height() - 1); }
 
   /// Nobody will look: squares are no longer painted, the frame goes on without its preview.
@@ -85,14 +99,22 @@ class PictureBox : public Control {
   /// For the view: the pixels from the upper left to the lower right corner, both included, have
   /// changed. Corners may lie outside the box.
   std::function<void(int x1, int y1, int x2, int y2)> onPixels;
+  /// For a view that draws squares() on a copy of the pixels itself: those have changed within
+  /// these pixels. Without it, onPixels tells.
+  std::function<void(int x1, int y1, int x2, int y2)> onSquares;
 
  private:
+  void settle() const;
+  void endSquares();
+  bool isSquare(std::size_t index, int toRight, int toBottom, const Squares::Square& square) const;
   void invalidate(int x1, int y1, int x2, int y2);
   void invalidateOverlay();
 
   Sizing sizing_;
   Color backColor_;
-  Raster raster_;
+  mutable Raster raster_;
+  Squares squares_;
+  mutable bool settled_ = true;  // the raster has them
   std::vector<Line> overlay_;
   bool blank_ = false;
   bool held_ = false;

@@ -178,5 +178,103 @@ TEST_F(Pointing, AFailingPressDoesNotKeepTheDoubleClickBack) {
   EXPECT_EQ(take(), Events{"dblclick"});
 }
 
+class DrawnSquares : public PictureBoxTest {
+ protected:
+  static Squares twoOf(Color left, Color right) { return {0, 1, {{0, 0, left}, {2, 0, right}}}; }
+};
+
+TEST_F(DrawnSquares, AreInThePixelsForWhoeverLooks) {
+  box.draw(twoOf(kRed, kGreen));
+  box.draw(twoOf(kGreen, kRed));
+  EXPECT_EQ(events, (Events{"pixels 0 0 3 2", "pixels 0 0 3 2"}));
+  expectPicture(box.raster(), {"GBRB", "GBRB", "BBBB"});
+}
+
+TEST_F(DrawnSquares, ThatAreElsewhereLieOverThoseBefore) {
+  box.draw(twoOf(kRed, kGreen));
+  box.draw({1, 0, {{2, 1, kRed}}});
+  expectPicture(box.raster(), {"RBGB", "RBRR", "BBBB"});
+  box.draw({1, 0, {}});
+  expectPicture(box.raster(), {"RBGB", "RBRR", "BBBB"});
+}
+
+TEST_F(DrawnSquares, LieUnderWhatIsDrawnLater) {
+  box.draw(twoOf(kRed, kGreen));
+  box.setPixel(0, 0, kGreen);
+  expectPicture(box.raster(), {"GBGB", "RBGB", "BBBB"});
+  box.draw(twoOf(kRed, kGreen));
+  box.canvas().setPixel(2, 1, kRed);
+  expectPicture(box.raster(), {"RBGB", "RBRB", "BBBB"});
+}
+
+TEST_F(DrawnSquares, AreDrawnAnewOneByOne) {
+  box.draw(twoOf(kRed, kGreen));
+  events.clear();
+  box.draw(1, 0, 1, {2, 0, kRed});
+  EXPECT_EQ(events, Events{"pixels 2 0 2 1"});
+  expectPicture(box.raster(), {"RBRB", "RBRB", "BBBB"});
+  box.draw(0, 0, 1, {0, 0, kGreen});
+  expectPicture(box.raster(), {"GBRB", "GBRB", "BBBB"});
+}
+
+TEST_F(DrawnSquares, ThatAreNoneOfThoseLieOverThem) {
+  box.draw(twoOf(kRed, kGreen));
+  box.draw(1, 0, 1, {1, 0, kRed});
+  expectPicture(box.raster(), {"RRGB", "RRGB", "BBBB"});
+  box.draw(twoOf(kRed, kGreen));
+  box.draw(1, 1, 1, {2, 0, kRed});
+  expectPicture(box.raster(), {"RRRR", "RRRR", "BBBB"});
+  box.draw(twoOf(kRed, kGreen));
+  box.draw(2, 0, 1, {3, 1, kGreen});
+  expectPicture(box.raster(), {"RRGR", "RRGG", "BBBG"});
+}
+
+// A grid of more lamps than pixels has squares from a pixel to the one before it.
+TEST_F(DrawnSquares, ThatLieOverEachOtherStayInTheOrderInWhichTheyAreDrawn) {
+  const Squares narrow{-1, 0, {{1, 0, kRed}, {2, 0, kGreen}}};
+  box.draw(narrow);
+  expectPicture(box.raster(), {"RGGB", "BBBB", "BBBB"});
+  box.draw(0, -1, 0, {1, 0, kRed});
+  expectPicture(box.raster(), {"RRGB", "BBBB", "BBBB"});
+}
+
+TEST_F(DrawnSquares, GoWithTheRestWhenTheBoxIsClearedOrGetsAnotherSizeOrPicture) {
+  box.draw(twoOf(kRed, kGreen));
+  box.clear();
+  expectPicture(box.raster(), {"BBBB", "BBBB", "BBBB"});
+  box.draw(twoOf(kRed, kGreen));
+  box.resize(3, 1);
+  expectPicture(box.raster(), {"BBB"});
+  box.draw(twoOf(kRed, kGreen));
+  box.setRaster(Raster(3, 1, kGreen));
+  expectPicture(box.raster(), {"GGG"});
+}
+
+TEST_F(DrawnSquares, AreToldToAViewThatDrawsThemUnlessTheyAreTheSame) {
+  box.onSquares = [this](int x1, int y1, int x2, int y2) {
+    events.push_back("squares " + std::to_string(x1) + " " + std::to_string(y1) + " " +
+                     std::to_string(x2) + " " + std::to_string(y2));
+  };
+  box.draw(twoOf(kRed, kGreen));
+  box.draw(twoOf(kRed, kGreen));
+  EXPECT_EQ(events, Events{"squares 0 0 3 2"});
+  EXPECT_EQ(box.squares(), twoOf(kRed, kGreen));
+  box.draw(1, 0, 1, {2, 0, kBlue});
+  box.draw(1, 0, 1, {2, 0, kBlue});
+  EXPECT_EQ(events, (Events{"squares 0 0 3 2", "squares 2 0 2 1"}));
+  EXPECT_EQ(box.squares(), twoOf(kRed, kBlue));
+  events.clear();
+  box.setPixel(0, 0, kGreen);
+  EXPECT_EQ(events, (Events{"pixels 0 0 3 2", "pixels 0 0 0 0"}));
+  EXPECT_TRUE(box.squares().list.empty());
+}
+
+TEST_F(DrawnSquares, AreLeftOutOfABoxThatStaysBlank) {
+  box.leaveBlank();
+  box.draw(twoOf(kRed, kGreen));
+  EXPECT_TRUE(events.empty());
+  expectPicture(box.raster(), {"BBBB", "BBBB", "BBBB"});
+}
+
 }  // namespace
 }  // namespace korvane

@@ -34,6 +34,8 @@ std::size_t Raster::index(int x, int y) const {
 
 const Color* Raster::line(int y) const { return pixels_.data() + index(0, y); }
 
+Color* Raster::line(int y) { return pixels_.data() + index(0, y); }
+
 Color Raster::pixel(int x, int y) const {
   if (x < 0 || y < 0 || x >= width_ || y >= height_) return -1;
   return pixels_[index(x, y)];

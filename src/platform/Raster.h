@@ -18,6 +18,7 @@ class Raster {
   int height() const { return height_; }
   const Color* data() const { return pixels_.data(); }  ///< rows from the top
   const Color* line(int y) const;
+  Color* line(int y);
 
   /// The pixel at (x, y); -1 outside, as the platform's pixel reads answer.
   Color pixel(int x, int y) const;

@@ -5,6 +5,7 @@
 #include <QPainter>
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "views/qt/kinds/PaintRound.h"
 #include "views/qt/kinds/Painting.h"
@@ -18,17 +19,19 @@ using Sizing = PictureBox::Sizing;
 constexpr int kFixedEnlargement = 2;  // of a box that keeps its size, if there is room
 constexpr int kLeastSide = 96;        // of a box that grows, in units of the layout
 
-// Copies a part of the raster to the same place of an image of its size. The toolkit draws the
-// raster's own memory as it stands as well (red lowest, its RGBX8888), but for that it takes twice
-// the time, and threads.
-void copyTo(QImage& image, const Raster& raster, const QRect& part) {
-  for (int y = part.top(); y <= part.bottom(); ++y) {
-    const Color* from = raster.line(y) + part.left();
-    auto* to = reinterpret_cast<QRgb*>(image.scanLine(y)) + part.left();
-    std::transform(from, from + part.width(), to, [](Color color) {
-      const auto bits = static_cast<QRgb>(color);
-      return 0xFF000000U | (bits & 0xFF) << 16 | (bits & 0xFF00) | (bits >> 16 & 0xFF);
-    });
+// A colour has red in its lowest byte, the toolkit's pixels have blue there. It draws the others as
+// well (its RGBX8888), but for that it takes twice the time, and threads.
+Color toPixel(Color color) {
+  const auto bits = static_cast<QRgb>(color);
+  return static_cast<Color>(0xFF000000U | (bits & 0xFF) << 16 | (bits & 0xFF00) |
+                            (bits >> 16 & 0xFF));
+}
+
+// Copies a part of the raster to the same place of one of its size.
+void copyPixels(Raster& shown, const Raster& raster, const Damage::Area& part) {
+  for (int y = part.y1; y <= part.y2; ++y) {
+    const Color* from = raster.line(y) + part.x1;
+    std::transform(from, from + part.width(), shown.line(y) + part.x1, toPixel);
   }
 }
 
@@ -45,7 +48,14 @@ PictureWidget::PictureWidget(PictureBox& box, const Seat& seat)
   setAttribute(Qt::WA_OpaquePaintEvent);
   setMouseTracking(true);
   box.onPixels = [this](int x1, int y1, int x2, int y2) { note(x1, y1, x2, y2); };
-  connect(this, &QObject::destroyed, [&box] { box.onPixels = nullptr; });
+  box.onSquares = [this](int x1, int y1, int x2, int y2) {
+    squares_ = true;
+    damage(x1, y1, x2, y2);
+  };
+  connect(this, &QObject::destroyed, [&box] {
+    box.onPixels = nullptr;
+    box.onSquares = nullptr;
+  });
 }
 
 QSize PictureWidget::screenSize() const {
@@ -93,7 +103,17 @@ void PictureWidget::fit() {
   update();
 }
 
+void PictureWidget::showAll() {
+  stale_.add(0, 0, box_.width() - 1, box_.height() - 1);
+  update();
+}
+
 void PictureWidget::note(int x1, int y1, int x2, int y2) {
+  stale_.add(x1, y1, x2, y2);
+  damage(x1, y1, x2, y2);
+}
+
+void PictureWidget::damage(int x1, int y1, int x2, int y2) {
   if (damage_.add(x1, y1, x2, y2)) PaintRound::common().join(*this, [this] { showDamage(); });
 }
 
@@ -115,12 +135,23 @@ void PictureWidget::paintEvent(QPaintEvent* event) {
   paintOverlay(painter);
 }
 
+// Squares go straight to what is shown; all else is copied from the box.
+void PictureWidget::bringUpToDate() {
+  if (shown_.width() != box_.width() || shown_.height() != box_.height()) {
+    shown_ = Raster(box_.width(), box_.height());
+    stale_.add(0, 0, box_.width() - 1, box_.height() - 1);
+  }
+  if (std::exchange(squares_, false)) drawSquares(shown_, box_.squares(), toPixel);
+  const Damage::Area stale = stale_.take(box_.width(), box_.height());
+  if (!stale.empty()) copyPixels(shown_, box_.raster(), stale);
+}
+
 // The painter counts in screen pixels, here and below.
 void PictureWidget::paintPixels(QPainter& painter, const QRect& part) {
-  if (image_.size() != QSize(box_.width(), box_.height()))
-    image_ = QImage(box_.width(), box_.height(), QImage::Format_RGB32);
-  copyTo(image_, box_.raster(), part);
-  painter.drawImage(toScreen(part), image_, part);
+  bringUpToDate();
+  const QImage image(reinterpret_cast<const uchar*>(shown_.data()), shown_.width(), shown_.height(),
+                     QImage::Format_RGB32);
+  painter.drawImage(toScreen(part), image, part);
 }
 
 void PictureWidget::paintOverlay(QPainter& painter) const {
@@ -160,7 +191,7 @@ void PictureWidget::leaveEvent(QEvent*) { box_.leave(seat_.gate); }
 
 QWidget* makeWidget(PictureBox& box, const Seat& seat) {
   auto* widget = new PictureWidget(box, seat);
-  keepShown(box, *widget, [widget] { widget->update(); });
+  keepShown(box, *widget, [widget] { widget->showAll(); });
   return widget;
 }
 

@@ -2,6 +2,8 @@
 
 #include <QBackingStore>
 #include <QPaintEvent>
+#include <functional>
+#include <random>
 
 #include "views/qt/testing/ShownForm.h"
 
@@ -71,6 +73,21 @@ class PictureBoxes : public ShownForm {
       for (int x = 0; x + 9 < box.width(); x += 10)
         box.fillRect(x, y, x + 8, y + 8, rgb(color, x % 256, y % 256));
     }
+  }
+
+  // Lets another box change until that has been painted.
+  bool paintsWhatIsWaiting() {
+    PaintLog log;
+    on<>(fixed).installEventFilter(&log);
+    fixed.setPixel(1, 1, ~fixed.raster().pixel(1, 1) & 0xFFFFFF);
+    return QTest::qWaitFor([&log] { return log.times > 0; }, 2000);
+  }
+  // All lamps of a grid, as a frame is drawn.
+  static Squares lamps(int pitch, int color) {
+    Squares squares{pitch - 2, pitch - 2, {}};
+    for (int i = 0; i < 100; ++i)
+      squares.list.push_back({i / 10 * pitch, i % 10 * pitch, rgb(color, 2 * i, 255 - i)});
+    return squares;
   }
 
   PictureBox square{"square", {50, 50}};
@@ -167,6 +184,37 @@ TEST_F(PictureBoxes, PaintSmallChangesWhereTheyAre) {
     grown.fillRect(x, y, x + turn % 17, y + turn % 13, rgb(turn * 5, 255 - turn, turn));
     ASSERT_TRUE(standsOnTheScreen(grown)) << "turn " << turn;
   }
+}
+
+TEST_F(PictureBoxes, ShowTheLampsOfAGridInWhateverOrderTheyAreDrawnWithTheRest) {
+  const std::function<void(int)> drawn[] = {
+      [this](int turn) { grown.draw(lamps(10, turn)); },
+      [this](int turn) { grown.draw(lamps(7, turn)); },
+      [this](int turn) { grown.draw(turn, 8, 8, lamps(10, 2 * turn).list.at(turn)); },
+      [this](int turn) { grown.fillRect(turn, 5, 2 * turn, 60, rgb(turn, 0, turn)); },
+      [this](int) { grown.clear(); },
+      [this](int turn) { grown.canvas().setPixel(turn % 50, 3, rgb(9, turn, 9)), grown.touched(); },
+      [this](int) { grown.setRaster(Raster(grown.width(), grown.height(), rgb(5, 6, 7))); }};
+  std::mt19937 random(7);
+  const auto upTo = [&random](int most) { return static_cast<int>(random() % (most + 1U)); };
+  for (int turn = 0; turn < 60; ++turn) {
+    for (int i = upTo(3); i >= 0; --i) drawn[upTo(6) * upTo(1)](turn);
+    ASSERT_TRUE(standsOnTheScreen(grown)) << "turn " << turn;
+  }
+}
+
+TEST_F(PictureBoxes, PaintTheLampsOfAGridThatStayAsTheyAreOnce) {
+  grown.draw(lamps(10, 1));
+  ASSERT_TRUE(standsOnTheScreen(grown));
+  ASSERT_TRUE(paintsWhatIsWaiting());
+  PaintLog log;
+  on<>(grown).installEventFilter(&log);
+  grown.draw(lamps(10, 1));
+  ASSERT_TRUE(paintsWhatIsWaiting());
+  EXPECT_EQ(log.times, 0);
+  grown.draw(lamps(10, 2));
+  EXPECT_TRUE(standsOnTheScreen(grown));
+  EXPECT_EQ(log.times, 1);
 }
 
 TEST_F(PictureBoxes, ShowInAWindowThatWasHiddenWhatChangedMeanwhile) {

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <QImage>
-
 #include "platform/Damage.h"
 #include "platform/PictureBox.h"
 #include "views/qt/kinds/Binder.h"
@@ -13,6 +11,9 @@ namespace korvane::qt {
 class PictureWidget : public QWidget {
  public:
   PictureWidget(PictureBox& box, const Seat& seat);
+
+  /// Paints the whole box anew.
+  void showAll();
 
   QSize sizeHint() const override { return hint_; }
   QSize minimumSizeHint() const override { return least_; }
@@ -29,7 +30,9 @@ class PictureWidget : public QWidget {
  private:
   void fit();
   void note(int x1, int y1, int x2, int y2);
+  void damage(int x1, int y1, int x2, int y2);
   void showDamage();
+  void bringUpToDate();
   void paintPixels(QPainter& painter, const QRect& part);
   void paintOverlay(QPainter& painter) const;
   /// Screen pixels per pixel of the box, and the widget's own size in screen pixels.
@@ -46,7 +49,9 @@ class PictureWidget : public QWidget {
   PictureBox& box_;
   Seat seat_;
   Damage damage_;
-  QImage image_;  // the raster as the screen wants it, where it was painted
+  Raster shown_;          // the box's pixels in the order of the screen's bytes
+  Damage stale_;          // where it is not yet
+  bool squares_ = false;  // the box has squares that it lacks
   QSize hint_;
   QSize least_;
 };
