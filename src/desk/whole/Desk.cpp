@@ -4,6 +4,7 @@
 
 #include "desk/cues/CueSections.h"
 #include "desk/project/WindowSection.h"
+#include "desk/whole/ToolWindows.h"
 #include "output/Preview.h"
 #include "platform/Events.h"
 
@@ -59,8 +60,8 @@ Desk::Desk(Platform& machine, LampFeed& feed, const DeskPlaces& places)
   takeOutputs();
   for (const auto& [button, command] : cues.form.commands()) keys.tellKey(*button, command);
   keys.tellKey(cues.form.autoPlay, "autoPlay");
-  bindKeysOfDialogs();
-  bindFields();
+  bindKeysOfDialogs(session.plugin);
+  bindFields(session);
   bindExamples(places.examples);
   session.host.onPass = [this] { feed_.announce(); };
   refresh_.onTimer = [] {};
@@ -123,6 +124,7 @@ void Desk::bindWindows() {
   form.front.onClick = [this, &desktop] { desktop.show(form); };
   form.configure.onClick = [this] { session.plugin.plugIn.ITharnPlugin_Configure(); };
   form.wiring.onClick = [this, &desktop] { desktop.show(wiring); };
+  wiring.onEscape = [this, &desktop] { desktop.close(wiring); };
   wiring.onTest = [this](const std::optional<WallPicture>& test) {
     testing_ = test.has_value();
     feed_.setTest(test);
@@ -184,67 +186,12 @@ void Desk::takeOutputs() {
   setup.onKept = [this] { kept_.keep(setup.entries(), setup.off.index()); };
 }
 
-// Cancel of an effect's dialog takes back more than what was typed, so Escape closes it as its
-// frame does.
-void Desk::bindKeysOfDialogs() {
-  Plugin& plugin = session.plugin;
-  Desktop& desktop = engine().desktop;
-  const auto press = [](Button& button) { return [&button] { button.click(); }; };
-  const auto close = [&desktop](Form& window) {
-    return [&desktop, &window] { desktop.close(window); };
-  };
-  const auto bind = [&](Form& window, Button& ok) {
-    window.onEnter = press(ok);
-    window.onEscape = close(window);
-  };
-  for (const auto& dialog : plugin.dialogs.byType) {
-    bind(*dialog, dialog->OK);
-    for (const DialogWindow& window : dialog->windows()) bind(window.form, window.ok);
-  }
-  wiring.onEscape = close(wiring);
-  bind(plugin.dialogs.mixer, plugin.dialogs.mixer.Bok);
-  bind(plugin.matrixConf, plugin.matrixConf.OK);
-  bind(plugin.matrixConf.detail, plugin.matrixConf.detail.setConfig);
-  bind(plugin.quickConfiguration, plugin.quickConfiguration.OKButton);
-  bind(plugin.matrixHelp, plugin.matrixHelp.OK);
-  bind(plugin.matrixConfigHelp, plugin.matrixConfigHelp.OK);
-}
-
 bool Desk::command(const std::string& name, int argument) {
   const auto* item = dynamic_cast<CommandItem*>(form.find(name));
   if (item == nullptr || !item->look().enabled) return false;
   if (argument > 0 && runCommand(cues.run, name, argument)) return true;
   item->onClick();
   return true;
-}
-
-// What a field lacks is said in words, and a time may be typed with a point or a comma.
-void Desk::bindFields() {
-  Plugin& plugin = session.plugin;
-  const auto need = [this](Button& button, const std::vector<ListBox*>& lists, const char* words) {
-    button.onClick = [this, lists, words, own = button.onClick] {
-      const bool lacks = std::any_of(lists.begin(), lists.end(),
-                                     [](const ListBox* list) { return list->index() < 0; });
-      lacks ? session.platform.messageBox(words) : own();
-    };
-  };
-  quickConf& quick = plugin.quickConfiguration;
-  need(quick.OKButton, {&quick.BaseAddress, &quick.Universe},
-       "Choose the address and the universe of the first lamp.");
-  quick.Universe.setToolTip("universe of the first lamp's red");  // the desk sends all of them
-  MatrixConfDetail& detail = plugin.matrixConf.detail;
-  need(detail.setConfig, {&detail.R, &detail.G, &detail.B, &detail.UR, &detail.UG, &detail.UB},
-       "Choose a channel and a universe for each colour.");
-  TextBox& time = plugin.engine.master.fadeTimeText;
-  time.onChange = [this, &time, own = time.onChange] {
-    const char decimal = session.platform.numberFormat().decimal;
-    const char other = decimal == '.' ? ',' : '.';
-    std::string text = time.text();
-    if (text.find(decimal) != std::string::npos || text.find(other) == std::string::npos)
-      return own();
-    std::replace(text.begin(), text.end(), other, decimal);
-    time.setText(text);
-  };
 }
 
 // The plug-in answers some messages with a box; what they mean is done here, so nobody needs it.

@@ -95,8 +95,6 @@ class Desk {
   void bindPlay();
   void bindLevels();
   void takeOutputs();
-  void bindKeysOfDialogs();
-  void bindFields();
   void message(std::int32_t number, std::int32_t argument = 0);
   bool mayClose();
   void close(std::optional<AtEnd> how = {});
