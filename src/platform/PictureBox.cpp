@@ -56,6 +56,7 @@ void PictureBox::draw(Squares squares) {
 }
 
 void PictureBox::draw(std::size_t index, int toRight, int toBottom, const Squares::Square& square) {
+  if (blank_) return;
   const auto [x, y, color] = square;
   if (!isSquare(index, toRight, toBottom, square)) {
     fillRect(x, y, x + toRight, y + toBottom, color);

@@ -272,6 +272,7 @@ TEST_F(DrawnSquares, AreToldToAViewThatDrawsThemUnlessTheyAreTheSame) {
 TEST_F(DrawnSquares, AreLeftOutOfABoxThatStaysBlank) {
   box.leaveBlank();
   box.draw(twoOf(kRed, kGreen));
+  box.draw(0, 0, 1, {0, 0, kRed});
   EXPECT_TRUE(events.empty());
   expectPicture(box.raster(), {"BBBB", "BBBB", "BBBB"});
 }
