@@ -19,6 +19,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr const char* kEnding = ".kept";
+constexpr int kMostCopies = 100;  // of one project
 
 std::string keyOf(const std::string& show) {
   std::ostringstream key;
@@ -70,16 +71,17 @@ std::string KeptShows::hold(const std::string& show) {
   if (folder_.empty()) return {};
   std::string holder;
   const std::string stem = show.empty() ? "untitled" : keyOf(show);
-  Claim claim;
-  claim_ = Claim();
-  for (int copy = 1; !claim.held(); ++copy) {
+  claims_.clear();
+  for (int copy = 1; copy <= kMostCopies; ++copy) {
     key_ = copy == 1 ? stem : stem + "-" + std::to_string(copy);
-    if (copy < 100 && show.empty() && fileExists(file(key_))) continue;  // to be offered later
-    claim = claimOf(key_);
-    if (!claim.held() && holder.empty() && !show.empty()) holder = claim.holder();
-    if (copy >= 100) break;
+    Claim claim = claimOf(key_);
+    if (!claim.held()) {
+      if (holder.empty() && !show.empty()) holder = claim.holder();
+      continue;
+    }
+    claims_.emplace(key_, std::move(claim));
+    if (!fileExists(file(key_))) break;  // else it is to be offered
   }
-  claim_ = std::move(claim);
   return holder;
 }
 
@@ -109,7 +111,7 @@ std::optional<KeptShows::Left> KeptShows::left() const {
     const std::string key = utf8Path(entry.path().stem());
     const fs::file_time_type time = entry.last_write_time(error);
     if (newest && time <= newestTime) continue;
-    if (!claimOf(key).held()) continue;  // its desk is alive
+    if (key == key_ || (!claims_.contains(key) && !claimOf(key).held())) continue;  // a live desk's
     if (auto show = readKept(entry.path())) {
       newest = Left{key, *show, timeText(time)};
       newestTime = time;

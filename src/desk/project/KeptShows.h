@@ -1,5 +1,6 @@
 #pragma once
 
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
@@ -34,15 +35,15 @@ class KeptShows {
   /// `folder` ends with a slash and is made when it is needed; empty: nothing is kept.
   explicit KeptShows(std::string folder) : folder_(std::move(folder)) {}
 
-  /// Makes the project of this show, or of a new one, the one that is kept from now on. Who else
-  /// has it open, as in "korvane (process 4711)"; empty if nobody.
+  /// Makes the project of this show, or of a new one, the one that is kept from now on, beside what
+  /// was left behind of it. Who else has it open, as in "korvane (process 4711)"; empty if nobody.
   std::string hold(const std::string& show);
   /// Keeps it; a Failure if that can't be done.
   void keep(const KeptShow& show) const;
   /// Nothing of the present project is to be offered any more.
   void drop() const { drop(key_); }
   void drop(const std::string& key) const;
-  /// The newest one that was left behind. Ask before anything is held.
+  /// The newest one that was left behind, of the present project or another one.
   std::optional<Left> left() const;
   const std::string& key() const { return key_; }
 
@@ -51,7 +52,7 @@ class KeptShows {
 
   std::string folder_;
   std::string key_;
-  Claim claim_;
+  std::map<std::string, Claim> claims_;  // by key: of its own, and of what was left behind
 };
 
 }  // namespace korvane

@@ -55,6 +55,28 @@ TEST_F(KeptShowsTest, TheSecondDeskOnAProjectIsToldAndKeepsItsOwn) {
   EXPECT_NE(other.key(), another.key());
 }
 
+TEST_F(KeptShowsTest, WhatWasLeftBehindOfAProjectIsOfferedWhenItIsOpenAgain) {
+  {
+    KeptShows desk(folder);
+    desk.hold(tour().path);
+    desk.keep(tour());
+  }
+  KeptShows next(folder);
+  EXPECT_EQ(next.hold(tour().path), "");
+  next.drop();  // nothing is changed in it yet
+  const auto left = next.left();
+  ASSERT_TRUE(left);
+  EXPECT_EQ(left->show, tour());
+  KeptShow changed = tour();
+  changed.changes = {"size of the grid"};
+  next.keep(changed);
+  EXPECT_EQ(next.left()->show, tour()) << "its own is no other's";
+  EXPECT_FALSE(KeptShows(folder).left()) << "nobody else is asked meanwhile";
+  EXPECT_NE(KeptShows(folder).hold(tour().path), "") << "a second desk is told";
+  next.drop(left->key);
+  EXPECT_FALSE(next.left());
+}
+
 TEST_F(KeptShowsTest, AnotherFileInTheFolderIsPassedOver) {
   std::filesystem::create_directories(folder);
   std::ofstream(folder + "x.kept") << "{\"path\": 3}";

@@ -115,9 +115,11 @@ TEST_F(Projects, AProjectThatCannotBeWrittenIsTold) {
 class KeptAside : public testing::Test {
  protected:
   struct Run {
-    explicit Run(const std::string& folder)
+    /// With a show that it opens at its start.
+    explicit Run(const std::string& folder, const std::string& show = {})
         : desk(machine, feed, {folder + "mine", {}, folder + "recent", {}, folder + "kept/"}) {
       event([this] { desk.show(); });
+      if (!show.empty()) event([&] { desk.files.open(show); });
       event([this] { desk.files.offerLeft(); });
     }
     void event(const std::function<void()>& what) {
@@ -194,6 +196,35 @@ TEST_F(KeptAside, ARestoredShowFindsItsPicturesBeforeItIsSaved) {
   next.rest();
   EXPECT_EQ(v.A.efx.at(0).imageCount, 5) << "none was missed";
   EXPECT_THAT(next.machine.boxes, testing::IsEmpty());
+}
+
+TEST_F(KeptAside, IsOfferedThoughItsShowIsOpenAgainAlready) {
+  const std::string show = folder + "tour.Korvane";
+  const auto fadeName = [](Run& run) { return run.desk.engine().v.efxX.at(0).name; };
+  {
+    Run crashed(folder);
+    crashed.change("Slow");
+    crashed.machine.answers = {show};
+    crashed.click(crashed.desk.form.save);
+    crashed.change("Fast");
+  }
+  {
+    Run later(folder, show);
+    ASSERT_TRUE(later.desk.question.visible());
+    later.event([&] { later.desk.question.third.click(); });
+    later.rest();
+    later.change("Glitter");
+    later.click(later.desk.form.save);
+    later.event([&] { later.desk.files.end(); });
+  }
+  Run next(folder, show);
+  ASSERT_TRUE(next.desk.question.visible());
+  EXPECT_EQ(fadeName(next), "Glitter");
+  next.event([&] { next.desk.question.first.click(); });
+  EXPECT_EQ(fadeName(next), "Fast");
+  EXPECT_EQ(next.desk.session.path(), show);
+  EXPECT_EQ(next.desk.form.caption(), "tour* - Korvane");
+  EXPECT_THAT(next.desk.form.wrong.look().caption, testing::Not(HasSubstr("another desk")));
 }
 
 TEST_F(KeptAside, ANoIsForGood) {
