@@ -281,6 +281,26 @@ TEST_F(Program, CuesAreRecordedRunAndWatchedByName) {
   EXPECT_EQ(result.replies.back(), R"({"ok":true,"boxes":[]})");
 }
 
+// A Color Change leaves a transition in the mode that was chosen last on its deck.
+TEST_F(Program, WhatPlaysAtTheDeskMakesNoStepOfItsOwn) {
+  const std::string addColor = "click MxColorChange.addColor\nclick MxColorMixer.Bok\n";
+  const std::string change = "set MatrixForm.typeA 4\nclick MatrixForm.editA\n";
+  const Result result = run("--desk --clock virtual",
+                            change + addColor + addColor +
+                                "set MxColorChange.slFade 100\nset MxColorChange.cbFadeMode 1\n"
+                                "click MxColorChange.OK\n"
+                                "click MatrixForm.addA\npick MatrixForm.efxAList 1\n" +
+                                change +
+                                "set MxColorChange.cbFadeMode 5\nclick MxColorChange.OK\n"
+                                "pick MatrixForm.efxAList 0\nefx A 0\nget Desk.undo\n"
+                                "advance 20000\nefx A 0\nget Desk.undo\n");
+  EXPECT_EQ(result.status, 0) << result.complaint;
+  ASSERT_EQ(result.replies.size(), 21U);
+  EXPECT_THAT(result.replies[16], HasSubstr(R"("fadeMode":1)"));
+  EXPECT_THAT(result.replies[19], HasSubstr(R"("fadeMode":5)"));
+  EXPECT_EQ(result.replies[20], result.replies[17]);
+}
+
 TEST_F(Program, WithoutTheDeskItsWindowsAreNotThere) {
   const Result result = run("", "get Desk\n");
   EXPECT_EQ(result.status, 1);

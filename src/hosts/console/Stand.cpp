@@ -52,7 +52,8 @@ class DeskStand : public Stand {
   HostCalls& calls() override { return calls_; }
   bool sending() override { return desk_.setup.sending(); }
   std::vector<std::string> news() override { return feed_.news(); }
-  void settle() override { desk_.refresh(); }
+  void settle() override { desk_.settle(); }
+  void refresh() override { desk_.refresh(); }
   void send(const OutputConfig& output) override { desk_.setup.use(output); }
   void start(bool closed) override {
     desk_.show();

@@ -25,8 +25,10 @@ class Stand {
   virtual void send(const OutputConfig& output) = 0;
   /// Announces the plug-in to its desk, and opens the tool window unless `closed`.
   virtual void start(bool closed) = 0;
-  /// After each command, and after each pass over the timers: hands on what the lamps are to show.
+  /// After each pass over the timers: hands on what the lamps are to show.
   virtual void settle() = 0;
+  /// After each command: as after an event of a person.
+  virtual void refresh() { settle(); }
   /// Whether it has outputs.
   virtual bool sending() = 0;
   /// What is to be told of the outputs now.

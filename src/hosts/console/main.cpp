@@ -105,8 +105,9 @@ void Program::background(const std::function<void()>& event) {
 void Program::advance(std::int64_t milliseconds, const TimerQueue::Gate& gate) {
   TimerQueue& timers = plugin_.engine.timers;
   if (clock_) return clock_->advance(milliseconds, gate);
-  if (!stand_->sending()) return timers.advanceTo(timers.now() + milliseconds, gate);
-  advanceVirtual(timers.now() + milliseconds, gate);
+  const std::int64_t end = timers.now() + milliseconds;
+  stand_->sending() ? advanceVirtual(end, gate) : timers.advanceTo(end, gate);
+  stand_->settle();
 }
 
 /// The same as advancing at once, but a signal ends it between two ticks.
@@ -136,7 +137,7 @@ void Program::tellNetwork() {
 bool Program::perform(const std::string& line) {
   if (const std::optional<std::string> reply = interpreter_.answer(line))
     std::cout << *reply << std::endl;
-  stand_->settle();
+  stand_->refresh();
   return !interpreter_.ended() && std::cout.good();
 }
 
