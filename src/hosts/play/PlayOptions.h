@@ -19,8 +19,9 @@ struct PlayOptions {
   WallLevels levels;                  ///< grand master, blackout, freeze at the start
   bool masterGiven = false;           ///< else the grand master is that of the project
   double seconds = 0;                 ///< length of the play, 0 plays until it is ended
-  bool resume = false;  ///< goes on where the last run was, and remembers where this one is
-  EveningPlan evening;  ///< what runs by itself, and when
+  bool resume = false;    ///< goes on where the last run was, and remembers where this one is
+  bool lastShow = false;  ///< no show was named: that of the last run, with its outputs
+  EveningPlan evening;    ///< what runs by itself, and when
   std::optional<AutoPlaySettings> automatic;  ///< none: as the project says
   FilmOptions film;                           ///< instead of playing
   bool help = false;

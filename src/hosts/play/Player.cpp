@@ -97,7 +97,8 @@ void Player::openShow() {
   openProject(plugin_.engine, showPath().string());
 }
 
-// What the command line says is stronger than the project.
+// What the command line says is stronger than the project, and so are the outputs of a run that
+// goes on.
 void Player::takeProject() {
   const std::string own = projectOf(showPath().string()) + kDeskProjectEnding;
   const std::string path = options_.show.ends_with(kDeskProjectEnding) ? options_.show : own;
@@ -108,7 +109,7 @@ void Player::takeProject() {
                }});
   project.add({"outputs", [] { return Json(); },
                [this](const Member& member) {
-                 if (!options_.outputs.empty()) return;
+                 if (!options_.outputs.empty() || options_.lastShow) return;
                  for (const OutputEntry& output : outputsOf(member)) {
                    if (output.on) options_.outputs.push_back(output.config);
                  }

@@ -14,6 +14,7 @@
 
 #include "hosts/play/TestManager.h"
 #include "testing/SourceFolder.h"
+#include "testing/UdpReceiver.h"
 
 namespace korvane {
 namespace {
@@ -175,6 +176,24 @@ TEST_F(Unattended, AKilledPlayerGoesOnAtItsCue) {
     }
     kill(player, SIGKILL);
     EXPECT_NE(endOf(player), 0);
+  }
+  unsetenv("XDG_STATE_HOME");
+}
+
+TEST_F(Unattended, AKilledPlayerSendsToItsOwnOutputsAgainNotToThoseOfTheProject) {
+  const UdpReceiver own, others;
+  writeProject(R"({"version": 1, "outputs": [{"target": "artnet:0)" + others.place() + R"("}]})");
+  setenv("XDG_STATE_HOME", folder.c_str(), 1);
+  const Manager manager(folder + "/notify");
+  const std::vector<std::string> named = {"--resume", "--output", "artnet:0" + own.place(), show};
+  for (const std::vector<std::string>& words : {named, {"--resume"}}) {
+    const pid_t player = manager.start(words);
+    EXPECT_FALSE(own.packet().empty());
+    manager.hear("STATUS");
+    kill(player, SIGKILL);
+    endOf(player);
+    while (!own.packet(false).empty()) continue;
+    EXPECT_TRUE(others.packet(false).empty());
   }
   unsetenv("XDG_STATE_HOME");
 }

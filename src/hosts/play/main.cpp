@@ -15,8 +15,9 @@ int run(int count, char** words) {
     std::cout << kPlayUsage;
     return 0;
   }
-  if (options.resume && options.show.empty()) options.show = PlayState::showOf(playStateFile());
-  if (options.resume && options.show.empty()) {
+  options.lastShow = options.resume && options.show.empty();
+  if (options.lastShow) options.show = PlayState::showOf(playStateFile());
+  if (options.lastShow && options.show.empty()) {
     std::cerr << "korvane-play: there is nothing to go on with; name a show\n";
     return 1;
   }
