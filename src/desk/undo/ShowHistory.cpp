@@ -17,9 +17,12 @@ void ShowHistory::begin() {
 
 void ShowHistory::played() {
   if (!present_.grid) return;
-  ShowState playing = withPlaying(plugin_, present_);
-  if (playing == present_) return;
-  present_ = std::move(playing);
+  PlayedRecords played(plugin_, present_);
+  if (!played.any()) return;
+  played.putInto(present_);
+  for (std::deque<Step>* steps : {&undo_, &redo_}) {
+    for (Step& step : *steps) played.putInto(step.other);
+  }
   ++version_;
 }
 
