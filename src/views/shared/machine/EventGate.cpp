@@ -10,7 +10,7 @@ namespace korvane {
 // does not pass here: the alarm is set each time an interval begins to count.
 EventGate::EventGate(Platform& platform, TimerQueue& timers, std::unique_ptr<Alarm> alarm)
     : platform_(platform), timers_(timers), clock_(timers), alarm_(std::move(alarm)) {
-  alarm_->onRing = [this] { ring(); };
+  alarm_->onRing = [this] { runDue(); };
   timers_.onCount = [this] { rearm(); };
   rearm();
 }
@@ -24,19 +24,17 @@ bool EventGate::run(const std::function<void()>& event) {
   return well;
 }
 
-void EventGate::ring() {
-  runDue();
-  if (afterTicks) afterTicks();
-}
-
 // A message box inside a tick has a loop of its own, so the alarm is set before the tick as well:
-// the timers go on behind the box.
+// the timers go on behind the box. What ticks have done is not taken for what the next event does.
 void EventGate::runDue() {
-  clock_.pass([this](const std::function<void()>& tick) {
+  bool ticked = false;
+  clock_.pass([&](const std::function<void()>& tick) {
+    ticked = true;
     rearm();
     runEvent(platform_, tick);
   });
   rearm();
+  if (ticked && afterTicks) afterTicks();
 }
 
 void EventGate::rearm() {

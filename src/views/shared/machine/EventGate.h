@@ -44,7 +44,6 @@ class EventGate {
   std::function<void()> afterTicks;  ///< for the desk: follows each pass over the timers
 
  private:
-  void ring();
   void runDue();
   void rearm();
 

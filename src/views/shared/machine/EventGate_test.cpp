@@ -49,6 +49,22 @@ TEST_F(SharedGate, IsSetWithinAnEventThatGoesOn) {
   });
 }
 
+TEST_F(SharedGate, TakesWhatTicksDoNotForWhatTheNextEventDoes) {
+  std::vector<std::string> order;
+  timer.onTimer = [&] { order.push_back("tick"); };
+  gate->afterTicks = [&] { order.push_back("after ticks"); };
+  gate->afterEvent = [&] { order.push_back("after event"); };
+  timer.setInterval(1);
+  timer.enable();
+  while (timers.clock() < timers.nextDue()) {
+  }
+  gate->run([&] {
+    timer.disable();
+    order.push_back("event");
+  });
+  EXPECT_EQ(order, (std::vector<std::string>{"tick", "after ticks", "event", "after event"}));
+}
+
 TEST_F(SharedGate, ReportsAFailureOnce) {
   EXPECT_FALSE(gate->run([] { throw Failure(kOverflow); }));
   EXPECT_EQ(platform.failures.size(), 1U);
