@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QComboBox>
 #include <QDir>
@@ -212,6 +213,28 @@ TEST_F(DeskView, AFocusedControlHasItsKeysFirstAndTheCommandsHaveTheRest) {
   EXPECT_TRUE(name.text().contains('1'));
 }
 
+TEST_F(DeskView, SpaceIsGoWhereTheWindowHasPutItsFirstFocus) {
+  openTool();
+  gate.run([this] { desk.command("cueRecord"); });
+  QWidget& rows = on(desk.engine().v.A.efxList);
+  rows.setFocus(Qt::TabFocusReason);  // as a window does that is shown
+  QTest::keyClick(&rows, Qt::Key_Space);
+  EXPECT_EQ(desk.cues.run.cues.on(), 0);
+}
+
+TEST_F(DeskView, AClickOnTheListThatHasTheFocusLeavesSpaceToGo) {
+  openTool();
+  gate.run([this] { desk.command("cueRecord"); });
+  auto& rows = dynamic_cast<QAbstractItemView&>(on(desk.engine().v.A.efxList));
+  rows.setFocus();
+  QTest::keyClick(&rows, Qt::Key_Tab);
+  rows.setFocus();
+  QTest::mouseClick(rows.viewport(), Qt::LeftButton, {},
+                    rows.visualRect(rows.model()->index(0, 0)).center());
+  QTest::keyClick(&rows, Qt::Key_Space);
+  EXPECT_EQ(desk.cues.run.cues.on(), 0);
+}
+
 TEST_F(DeskView, SpaceIsGoButPressesAButtonThatWasReachedByTab) {
   openTool();
   gate.run([this] { desk.command("cueRecord"); });
@@ -220,8 +243,7 @@ TEST_F(DeskView, SpaceIsGoButPressesAButtonThatWasReachedByTab) {
   QTest::keyClick(&cut, Qt::Key_Space);
   EXPECT_EQ(desk.cues.run.cues.on(), 0) << "a button that was clicked is done with";
   press(tool.fadeA);
-  on(tool.fadeA).setFocus(Qt::TabFocusReason);
-  cut.setFocus(Qt::TabFocusReason);
+  while (!cut.hasFocus()) QTest::keyClick(window().focusWidget(), Qt::Key_Tab);
   QTest::keyClick(&cut, Qt::Key_Space);
   EXPECT_EQ(desk.engine().master.faderM.value(), 100);
 }

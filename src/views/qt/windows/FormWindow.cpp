@@ -209,7 +209,7 @@ const Control* FormWindow::focusedControl() const {
 
 bool FormWindow::focusWants(const QKeyEvent& event) const {
   const Control* control = focusedControl();
-  return control != nullptr && wantsKey(*control, keyName(event), clicked_);
+  return control != nullptr && wantsKey(*control, keyName(event), !tabbed_);
 }
 
 void FormWindow::takeAllKeys(bool all) {
@@ -223,12 +223,17 @@ bool FormWindow::isOurs(const QObject& object) const {
   return object.isWidgetType() && static_cast<const QWidget&>(object).window() == this;
 }
 
+// A window gives its first focus away as Tab would, and a click where the focus is gives none: the
+// person's own Tab and clicks tell.
+void FormWindow::noteReached(const QEvent& event) {
+  if (event.type() == QEvent::MouseButtonPress) tabbed_ = false;
+  if (event.type() != QEvent::KeyPress) return;
+  const int key = static_cast<const QKeyEvent&>(event).key();
+  if (key == Qt::Key_Tab || key == Qt::Key_Backtab) tabbed_ = true;
+}
+
 bool FormWindow::eventFilter(QObject* object, QEvent* event) {
-  if (event->type() == QEvent::FocusIn) {
-    const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
-    if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason)
-      clicked_ = reason == Qt::MouseFocusReason;
-  }
+  noteReached(*event);
   const bool key = event->type() == QEvent::ShortcutOverride || event->type() == QEvent::KeyPress;
   if (!allKeys_ || !key || !isOurs(*object)) return QWidget::eventFilter(object, event);
   event->accept();
@@ -240,6 +245,7 @@ bool FormWindow::eventFilter(QObject* object, QEvent* event) {
 
 // A key goes to the control that has the focus before it is a command, if that control wants it.
 bool FormWindow::event(QEvent* event) {
+  noteReached(*event);
   if (event->type() == QEvent::ShortcutOverride && focusWants(*static_cast<QKeyEvent*>(event))) {
     event->accept();
     return true;

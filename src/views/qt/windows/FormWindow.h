@@ -42,6 +42,7 @@ class FormWindow : public QWidget {
   void refresh();
   void followSize();
   void watchFocus();
+  void noteReached(const QEvent& event);
   const Control* focusedControl() const;
   bool focusWants(const QKeyEvent& event) const;
   void takeAllKeys(bool all);
@@ -51,7 +52,7 @@ class FormWindow : public QWidget {
   Desktop& desktop_;
   Seat seat_;
   std::map<const Control*, QWidget*> widgets_;
-  bool clicked_ = false;  // the focus came by the mouse
+  bool tabbed_ = false;   // the person went to the focus by Tab
   bool allKeys_ = false;  // are the window's
   bool framed_ = true;    // as the form said last
   bool maximized_ = false;
