@@ -30,7 +30,7 @@ struct RowsChange {
   std::string list;  ///< its name for people
   std::string what;  ///< stands in it
   std::vector<const RowState*> added = {}, removed = {};
-  bool copies = false;                      ///< the added rows hold what others held before
+  bool copies = false;                      ///< the added rows are of others' kinds and names
   std::vector<std::string> reordered = {};  ///< the names of those that were moved
   bool exchanged = false;                   ///< two rows have each other's place
 
@@ -74,13 +74,16 @@ RowsChange changeOfRows(const std::vector<RowState>& before, const std::vector<R
   return change;
 }
 
+// A copy takes the fields of its kind alone, and its source may hold more.
 bool holdsCopies(const RowsChange& change, const ShowState& before, const DeckState& after) {
   const auto isCopy = [&](const RowState* row) {
     const auto slot = static_cast<std::size_t>(row->slot);
     if (slot >= after.slots.size() || !after.edited.at(slot)) return false;
     return std::ranges::any_of(before.decks, [&](const auto& deck) {
-      return std::ranges::any_of(
-          deck->slots, [&](const auto& effect) { return alike(*effect, *after.slots[slot]); });
+      const Effect& copy = *after.slots[slot];
+      return std::ranges::any_of(deck->slots, [&copy](const auto& effect) {
+        return effect->type == copy.type && effect->name == copy.name;
+      });
     });
   };
   return !change.added.empty() && std::ranges::all_of(change.added, isCopy);

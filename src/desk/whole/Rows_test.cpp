@@ -139,6 +139,19 @@ TEST_F(Rows, UndoSaysWhatWasDoneWithTheRows) {
   EXPECT_EQ(undoes(), "Undo: copied 2 effects");
 }
 
+// A copy takes the fields of its kind alone, so a row may hold more than its copy.
+TEST_F(Rows, UndoSaysWhatWasDraggedWhateverItsKind) {
+  for (int row = 0; row < right.count(); ++row) {
+    const std::string name = "'" + right.cell(row, 0) + "'";
+    drop(right, {row}, left, 2);
+    EXPECT_EQ(desk.form.undo.look().caption, "Undo: moved " + name + " to the left list");
+    click(desk.form.undo);
+    drop(right, {row}, left, 2, true);
+    EXPECT_EQ(desk.form.undo.look().caption, "Undo: copied " + name);
+    click(desk.form.undo);
+  }
+}
+
 // What plays next begins as its row is gone.
 TEST_F(Rows, ARowThatPlaysIsTakenBackByOneStepWhateverPlaysNext) {
   for (int row = 1; row < static_cast<int>(names.size()); ++row) {
