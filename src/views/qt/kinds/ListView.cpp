@@ -119,7 +119,9 @@ void RowList::showCurrentRow() {
   selection.select(marked, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
 }
 
+// A cell that is edited stays in sight until it is done.
 void RowList::showCenteredRow() {
+  if (list_.editing()) return;
   const QModelIndex middle = model_.index(list_.centered(), 0);
   if (centered_ == middle.row() || !middle.isValid()) return;
   centered_ = middle.row();
@@ -129,7 +131,9 @@ void RowList::showCenteredRow() {
 void RowList::showEditor() {
   if (!list_.editing() || editorOpen_) return;
   editorOpen_ = true;
-  edit(model_.index(list_.editRow(), list_.editCol()));
+  const QModelIndex cell = model_.index(list_.editRow(), list_.editCol());
+  scrollTo(cell);
+  edit(cell);
 }
 
 // The editor is gone, whether its text was taken or not.

@@ -185,6 +185,21 @@ TEST_F(ListViews, LeavingTheEditorTakesItsText) {
   EXPECT_EQ(list.cell(0, 1), "8");
 }
 
+TEST_F(ListViews, TheCellThatIsEditedStaysInSightUntilItIsDone) {
+  for (int i = 0; i < 200; ++i) list.add("more", {"9", "slot"});
+  const auto inSight = [this](int row) { return tree().viewport()->rect().contains(at(row, 1)); };
+  list.center(100);
+  ASSERT_FALSE(inSight(1));
+  list.beginEdit(1, 1);
+  ASSERT_NE(editor(), nullptr);
+  EXPECT_TRUE(inSight(1)) << "the list comes to it";
+  list.center(150);
+  EXPECT_TRUE(inSight(1));
+  QTest::keyClick(editor(), Qt::Key_Escape);
+  QTest::qWait(0);
+  EXPECT_TRUE(inSight(150));
+}
+
 TEST_F(ListViews, ClearingTheListUnderAnOpenEditorIsHarmless) {
   list.beginEdit(1, 1);
   ASSERT_NE(editor(), nullptr);

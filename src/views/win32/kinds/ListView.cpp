@@ -142,8 +142,10 @@ void RowsWidget::showRows() const {
   InvalidateRect(window(), nullptr, FALSE);
 }
 
-// With half a page above it and half a page below it.
+// With half a page above it and half a page below it. A cell that is edited stays in sight until it
+// is done.
 void RowsWidget::showCenteredRow() {
+  if (list_.editing()) return;
   if (centered_ == list_.centered() || list_.centered() >= list_.count()) return;
   centered_ = list_.centered();
   if (centered_ < 0) return;
