@@ -20,6 +20,20 @@ Raster smallPicture(const Frame& frame, int cols, int rows) {
   return picture;
 }
 
+namespace {
+
+bool allDark(const Frame& frame) {
+  return std::all_of(frame.data(), frame.data() + frame.span(),
+                     [](const Rgb& lamp) { return lamp == Rgb{}; });
+}
+
+// From the start of an effect; 0 for one that stands still.
+std::int32_t untilFirstStep(const Deck& deck) {
+  return deck.timer1.enabled() ? deck.timer1.interval() : 0;
+}
+
+}  // namespace
+
 FilmStudio::FilmStudio(Platform& machine) : platform_(machine) {
   platform_.timers = &plugin_.engine.timers;
   runEvent(platform_, [this] {
@@ -43,14 +57,15 @@ void FilmStudio::begin(const Variablen& show, Side side, const Effect& effect) {
   Engine& engine = plugin_.engine;
   deck_ = side == Side::B ? &engine.v.B : &engine.v.A;
   pictures_.clear();
-  nextPicture_ = engine.timers.now();
   plays_ = runEvent(platform_, [&] {
     takeGrid(show);
+    deck_->frame.fill({});  // of the effect before, which a slow one leaves for seconds
     deck_->efx.at(0) = effect;
     deck_->efxEdited.at(0) = true;
     deck_->efxList.select(0);
     efxList_Click(engine, *deck_);
   });
+  nextPicture_ = engine.timers.now() + (allDark(deck_->frame) ? untilFirstStep(*deck_) : 0);
 }
 
 bool FilmStudio::goOn() {

@@ -31,7 +31,8 @@ class FilmStudio {
   /// Lamps whose steps are reckoned in one slice: some 2 ms of the slowest effect.
   static constexpr int kLampsASlice = 20'000;
 
-  /// Begins the film of what a deck of the show would play of this record.
+  /// Begins the film of what a deck of the show would play of this record, from the first step of
+  /// one that is dark until then.
   void begin(const Variablen& show, Side side, const Effect& effect);
   /// Makes the next slice; true when the film is complete.
   bool goOn();

@@ -102,6 +102,36 @@ TEST_F(RowPicturesTest, AFilmOfALargeGridIsMadeInSlices) {
   EXPECT_EQ(studio.take().size(), static_cast<std::size_t>(FilmStudio::kLength));
 }
 
+// Its first step is seconds away.
+TEST_F(RowPicturesTest, TheFilmOfASlowScrollShowsNothingOfTheFilmBefore) {
+  Effect scroll = v.A.efx.at(0);
+  ASSERT_EQ(scroll.type, kColorScroll);
+  scroll.colors = {rgb(0, 0, 255), rgb(0, 0, 255)};
+  scroll.itemWidths = {1, 1};
+  scroll.colorCount = 2;
+  scroll.speed = 20;
+  Effect red = scroll;
+  red.type = kColor;
+  red.color1 = rgb(255, 0, 0);
+  FilmStudio studio(machine);
+  const auto film = [&](const Effect& effect) {
+    studio.begin(v, Side::A, effect);
+    while (!studio.goOn()) continue;
+    return studio.take();
+  };
+  EXPECT_EQ(film(red).at(0).pixel(0, 0), red.color1);
+  const Raster first = film(scroll).at(0);
+  int reds = 0, blues = 0;
+  for (int x = 0; x < first.width(); ++x) {
+    for (int y = 0; y < first.height(); ++y) {
+      reds += first.pixel(x, y) == red.color1;
+      blues += first.pixel(x, y) == scroll.colors[0];
+    }
+  }
+  EXPECT_EQ(reds, 0);
+  EXPECT_GT(blues, 0) << "it begins when the effect does";
+}
+
 TEST_F(RowPicturesTest, NothingIsMadeOfWhatNobodySees) {
   advance(5000);
   EXPECT_EQ(desk.pictures.filmsMade(), 0);
