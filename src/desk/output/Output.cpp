@@ -164,9 +164,7 @@ std::string Output::status() const {
   return title() + (problem.empty() ? "" : ": " + problem);
 }
 
-std::optional<std::string> Output::news() {
-  if (!on()) return std::nullopt;
-  return news_.of(figures().problem());
-}
+// What its last packets met is told of an output that has ended, too.
+std::optional<std::string> Output::news() { return news_.of(figures().problem()); }
 
 }  // namespace korvane

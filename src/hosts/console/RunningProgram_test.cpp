@@ -128,6 +128,17 @@ TEST_F(Program, NetworkErrorsAreToldOnceOnStandardError) {
       "korvane-console: sACN universe 4713 to 239.255.18.105:5568 by nosuchif: No such device\n");
 }
 
+TEST_F(Program, ANetworkErrorIsToldEvenIfTheCommandsEndAtOnce) {
+  for (const char* more : {"", " --desk"}) {
+    const Result result = run(std::string("--output sacn:4713%nosuchif") + more, "now\n");
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(
+        result.complaint,
+        "korvane-console: sACN universe 4713 to 239.255.18.105:5568 by nosuchif: No such device\n")
+        << more;
+  }
+}
+
 TEST(RunningProgram, AnswersEachCommandBeforeTheNextIsGiven) {
   Running program({"--seed", "1"});
   EXPECT_EQ(program.ask("now")["now"], 0);

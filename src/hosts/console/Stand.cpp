@@ -21,6 +21,7 @@ class PlainStand : public Stand {
   void send(const OutputConfig& output) override { feed_.outputs.add(output).switchOn(); }
   bool sending() override { return !feed_.outputs.empty(); }
   std::vector<std::string> news() override { return feed_.news(); }
+  void end() override { feed_.outputs.switchAllOff(); }
   void settle() override { feed_.endOfPass(plugin_.engine.v); }
   void start(bool closed) override {
     plugin_.plugIn.ITharnModule_ModuleInfo();
@@ -52,6 +53,7 @@ class DeskStand : public Stand {
   HostCalls& calls() override { return calls_; }
   bool sending() override { return desk_.setup.sending(); }
   std::vector<std::string> news() override { return feed_.news(); }
+  void end() override { feed_.outputs.switchAllOff(); }
   void settle() override { desk_.settle(); }
   void refresh() override { desk_.refresh(); }
   void send(const OutputConfig& output) override { desk_.setup.use(output); }

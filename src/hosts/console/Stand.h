@@ -33,6 +33,8 @@ class Stand {
   virtual bool sending() = 0;
   /// What is to be told of the outputs now.
   virtual std::vector<std::string> news() = 0;
+  /// Ends the outputs as each is set, and waits for that.
+  virtual void end() = 0;
 };
 
 /// `base` is the project's path without its ending.

@@ -46,6 +46,8 @@ class Program {
 
   /// Carries out the commands of an open file; the exit status.
   int run(int descriptor);
+  /// Ends the outputs; what the network did with the last pictures is told, too.
+  void end();
 
  private:
   void start(const Options& options);
@@ -133,6 +135,11 @@ void Program::tellNetwork() {
   for (const std::string& line : stand_->news()) complain(line);
 }
 
+void Program::end() {
+  stand_->end();
+  tellNetwork();
+}
+
 /// Whether there is more to do.
 bool Program::perform(const std::string& line) {
   if (const std::optional<std::string> reply = interpreter_.answer(line))
@@ -174,7 +181,10 @@ int run(int count, char** words) {
     complain("the script " + *options.script + " can't be read: " + std::strerror(errno));
     return kUnreadableScript;
   }
-  return Program(options).run(script);
+  Program program(options);
+  const int status = program.run(script);
+  program.end();
+  return status;
 }
 
 }  // namespace
