@@ -18,6 +18,7 @@
 #include <QScrollArea>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTreeView>
 #include <QUrl>
 #include <algorithm>
 
@@ -268,6 +269,27 @@ TEST_F(DeskView, TheWindowOfTheKeysTakesTheKeyThatIsPressedNext) {
   EXPECT_EQ(desk.form.blackout.key(), "Ctrl+B");
   QTest::keyClick(&shown, Qt::Key_B, Qt::ControlModifier);
   EXPECT_TRUE(desk.levels().blackout || desk.form.blackout.lit());
+}
+
+TEST_F(DeskView, TheWindowOfTheKeysShowsAllItsTextsWholeAtFirst) {
+  QTest::keyClick(&window(), Qt::Key_F1);
+  QWidget& shown = view.window(desk.keys.form);
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&shown));
+  EXPECT_LE(shown.sizeHint().width(), 1280 - 10);
+  shown.resize(shown.sizeHint());  // as on a screen that is larger than this one
+  QCoreApplication::processEvents();
+  auto& table = dynamic_cast<QTreeView&>(on(desk.keys.form.list));
+  ListView& list = desk.keys.form.list;
+  ASSERT_GT(list.count(), 70);
+  const QFontMetrics metrics = table.fontMetrics();
+  for (int row = 0; row < list.count(); ++row) {
+    for (int col = 0; col < 3; ++col) {
+      const QString text = QString::fromStdString(list.cell(row, col));
+      constexpr int kBothSides = 16;
+      EXPECT_LE(metrics.horizontalAdvance(text) + kBothSides, table.columnWidth(col))
+          << text.toStdString();
+    }
+  }
 }
 
 TEST_F(DeskView, BlackoutIsLitWhileItIsOn) {

@@ -3,6 +3,7 @@
 #include <QImage>
 #include <QLineEdit>
 #include <QPainter>
+#include <algorithm>
 
 #include "platform/Raster.h"
 #include "views/qt/kinds/Painting.h"
@@ -56,7 +57,8 @@ void paintPlate(QPainter& painter, const QRect& behind, const QColor& ink) {
 
 QSize CellDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {
   const QSize plain = QStyledItemDelegate::sizeHint(option, index);
-  return {plain.width(), option.fontMetrics.height() + kRowPadding};
+  const int text = option.fontMetrics.horizontalAdvance(index.data().toString()) + 2 * kSide;
+  return {std::max(plain.width(), text), option.fontMetrics.height() + kRowPadding};
 }
 
 void CellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& given,

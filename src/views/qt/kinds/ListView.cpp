@@ -8,6 +8,7 @@
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QScrollBar>
 #include <QTreeView>
 #include <algorithm>
 #include <utility>
@@ -54,6 +55,7 @@ class RowList : public QTreeView {
 
  private:
   void shareWidth();
+  int widthOfTexts() const;
   void showCurrentRow();
   void showCenteredRow();
   void showEditor();
@@ -143,10 +145,28 @@ void RowList::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hi
   if (list_.editing()) act(seat_, list_, [this] { list_.cancelEdit(); });
 }
 
+// So wide that each column's share holds its longest text.
+int RowList::widthOfTexts() const {
+  ensurePolished();
+  QStyleOptionViewItem option;
+  initViewItemOption(&option);
+  double widest = 0;
+  for (int col = 0; col < model_.columnCount(); ++col) {
+    const double share = list_.columns()[static_cast<std::size_t>(col)].width;
+    for (int row = 0; share > 0 && row < list_.count(); ++row) {
+      const int room = itemDelegate()->sizeHint(option, model_.index(row, col)).width();
+      widest = std::max(widest, (room + 1) / share);
+    }
+  }
+  return static_cast<int>(widest) + verticalScrollBar()->sizeHint().width() + 2 * frameWidth();
+}
+
+// A table that nobody edits is there to be read, so all of it.
 QSize RowList::sizeHint() const {
   const int shown = header()->count() - header()->hiddenSectionCount();
-  return {std::max(kRoomOfList.width(), shown < 2 ? 0 : shown * kColumnWidth),
-          kRoomOfList.height()};
+  const int columns = shown < 2 ? 0 : shown * kColumnWidth;
+  const int texts = shown < 2 || list_.editable() ? 0 : widthOfTexts();
+  return {std::max({kRoomOfList.width(), columns, texts}), kRoomOfList.height()};
 }
 
 void RowList::shareWidth() {
