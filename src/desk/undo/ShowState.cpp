@@ -251,6 +251,7 @@ PlayedRecords::PlayedRecords(const Plugin& plugin, const ShowState& last) {
     const DeckState& state = *last.decks[deck->isB() ? 1 : 0];
     const auto slot = static_cast<std::size_t>(deck->sel);
     if (slot >= deck->efx.size() || slot >= state.slots.size()) continue;
+    if (alike(deck->efx[slot], *state.slots[slot])) continue;
     Effect now = *state.slots[slot];
     takePlayed(deck->efx[slot], now);
     if (alike(now, *state.slots[slot])) continue;
