@@ -42,6 +42,7 @@ std::vector<std::string> movedRows(const std::vector<RowState>& before,
                                    const std::vector<RowState>& after) {
   std::vector<std::size_t> longest(after.size(), 1), previous(after.size(), after.size());
   std::vector<std::ptrdiff_t> place;  // before
+  place.reserve(after.size());
   for (const RowState& row : after) place.push_back(rowOf(before, row.slot) - before.data());
   std::size_t last = 0;
   for (std::size_t i = 0; i < after.size(); ++i) {
@@ -95,6 +96,7 @@ std::string counted(const std::vector<std::string>& names, const std::string& wh
 }
 std::vector<std::string> textsOf(const std::vector<const RowState*>& rows) {
   std::vector<std::string> texts;
+  texts.reserve(rows.size());
   for (const RowState* row : rows) texts.push_back(row->text);
   return texts;
 }
