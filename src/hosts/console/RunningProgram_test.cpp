@@ -130,11 +130,11 @@ TEST_F(Program, NetworkErrorsAreToldOnceOnStandardError) {
 
 TEST_F(Program, ANetworkErrorIsToldEvenIfTheCommandsEndAtOnce) {
   for (const char* more : {"", " --desk"}) {
-    const Result result = run(std::string("--output sacn:4713%nosuchif") + more, "now\n");
+    const Result result = run(std::string("--output sacn:4714%nosuchif") + more, "now\n");
     EXPECT_EQ(result.status, 0);
     EXPECT_EQ(
         result.complaint,
-        "korvane-console: sACN universe 4713 to 239.255.18.105:5568 by nosuchif: No such device\n")
+        "korvane-console: sACN universe 4714 to 239.255.18.106:5568 by nosuchif: No such device\n")
         << more;
   }
 }
