@@ -2,11 +2,13 @@
 
 #include <algorithm>
 #include <optional>
+#include <utility>
 
 namespace korvane {
 namespace {
 
-constexpr int kMostPoints = 4;  // of a lamp's side; more would only cost the terminal time
+constexpr const char* kPoint = "▀";  // the upper half; the lower one is the background
+constexpr int kMostPoints = 4;       // of a lamp's side; more would only cost the terminal time
 
 struct Points {
   int width;
@@ -31,11 +33,13 @@ class Line {
     if (above_ != above) add("\x1b[38;2;", above);
     if (below && (!started_ || below_ != below)) add("\x1b[48;2;", *below);
     if (!below && (!started_ || below_)) text_ += "\x1b[49m";
-    text_ += "▀";
+    text_ += kPoint;
     above_ = above;
     below_ = below;
     started_ = true;
   }
+  /// The same point once more.
+  void again() { text_ += kPoint; }
   std::string take() { return std::move(text_) + "\x1b[0m"; }
 
  private:
@@ -62,14 +66,21 @@ class Line {
 
 std::vector<std::string> terminalLines(const Frame& frame, const TerminalSize& room) {
   const Points points = pointsOf(frame, room);
-  const auto lamp = [&](int x, int y) {
-    return frame.at(x * frame.cols() / points.width, y * frame.rows() / points.height);
-  };
+  const auto rowAt = [&](int y) { return y * frame.rows() / points.height; };
   std::vector<std::string> lines;
   for (int y = 0; y < points.height; y += 2) {
     Line line;
-    for (int x = 0; x < points.width; ++x)
-      line.add(lamp(x, y), y + 1 < points.height ? std::optional(lamp(x, y + 1)) : std::nullopt);
+    const int above = rowAt(y), below = rowAt(y + 1);
+    int before = -1;
+    for (int x = 0; x < points.width; ++x) {
+      const int col = x * frame.cols() / points.width;
+      if (std::exchange(before, col) == col) {
+        line.again();
+      } else {
+        line.add(frame.at(col, above),
+                 y + 1 < points.height ? std::optional(frame.at(col, below)) : std::nullopt);
+      }
+    }
     lines.push_back(line.take());
   }
   return lines;
