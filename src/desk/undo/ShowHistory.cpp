@@ -17,12 +17,9 @@ void ShowHistory::begin() {
 
 void ShowHistory::played() {
   if (!present_.grid) return;
-  PlayedRecords played(plugin_, present_);
-  if (!played.any()) return;
-  played.putInto(present_);
-  for (std::deque<Step>* steps : {&undo_, &redo_}) {
-    for (Step& step : *steps) played.putInto(step.other);
-  }
+  ShowState playing = withPlaying(plugin_, present_);
+  if (playing == present_) return;
+  present_ = std::move(playing);
   ++version_;
 }
 

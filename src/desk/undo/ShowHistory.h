@@ -26,7 +26,7 @@ class ShowHistory {
   /// while a mouse button is held, or close upon one another, are one.
   void note();
   /// After each pass over the timers: what an effect writes into its own record as it plays is no
-  /// step, and no earlier step takes it back.
+  /// step.
   void played();
   /// Another show is there: nothing of the one before can be had back.
   void begin();

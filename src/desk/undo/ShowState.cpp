@@ -168,17 +168,6 @@ std::shared_ptr<const GridState> gridState(const Plugin& plugin,
       GridState{v.matrix, v.matrixConfigured, v.quickConfigured, v.matrixName, shown});
 }
 
-// A Color Change leaves a transition in the mode that was chosen last on its deck and gives itself
-// a speed if it has none; a list of images ends at a file that is not there.
-void takePlayed(const Effect& playing, Effect& record) {
-  if (playing.type != record.type) return;
-  if (playing.type == kColorChange) {
-    record.fadeMode = playing.fadeMode;
-    if (record.speed == 0) record.speed = playing.speed;
-  }
-  if (playing.type == kImage && playing.imageCount == 0) record.imageCount = 0;
-}
-
 template <class T>
 std::size_t bytes(const std::vector<T>& values) {
   return values.capacity() * sizeof(T);
@@ -245,38 +234,19 @@ ShowState stateOf(const Plugin& plugin, const CueList& cues, const ShowState& la
           last.cues && *last.cues == cues ? last.cues : std::make_shared<const CueList>(cues)};
 }
 
-PlayedRecords::PlayedRecords(const Plugin& plugin, const ShowState& last) {
+ShowState withPlaying(const Plugin& plugin, const ShowState& last) {
+  ShowState state = last;
   const Variablen& v = plugin.engine.v;
   for (const Deck* deck : {&v.A, &v.B}) {
-    const DeckState& state = *last.decks[deck->isB() ? 1 : 0];
+    auto& kept = state.decks[deck->isB() ? 1 : 0];
     const auto slot = static_cast<std::size_t>(deck->sel);
-    if (slot >= deck->efx.size() || slot >= state.slots.size()) continue;
-    if (alike(deck->efx[slot], *state.slots[slot])) continue;
-    Effect now = *state.slots[slot];
-    takePlayed(deck->efx[slot], now);
-    if (alike(now, *state.slots[slot])) continue;
-    records_[deck->isB() ? 1 : 0] = {slot, state.slots[slot],
-                                     std::make_shared<const Effect>(std::move(now)),
-                                     state.chosenFadeMode};
+    if (slot >= deck->efx.size() || slot >= kept->slots.size()) continue;
+    if (alike(*kept->slots[slot], deck->efx[slot])) continue;
+    DeckState now = *kept;
+    now.slots[slot] = std::make_shared<const Effect>(deck->efx[slot]);
+    kept = std::make_shared<const DeckState>(std::move(now));
   }
-}
-
-// A person may have chosen another mode while the transition was under way: that is a step.
-void PlayedRecords::putInto(ShowState& state) {
-  for (std::size_t i = 0; i < records_.size(); ++i) {
-    const auto& [slot, before, now, chosenFadeMode] = records_[i];
-    DeckPointer& deck = state.decks[i];
-    if (!now || slot >= deck->slots.size() || deck->slots[slot] != before ||
-        deck->chosenFadeMode != chosenFadeMode)
-      continue;
-    DeckPointer& replaced = replaced_[deck];
-    if (!replaced) {
-      DeckState played = *deck;
-      played.slots[slot] = now;
-      replaced = std::make_shared<const DeckState>(std::move(played));
-    }
-    deck = replaced;
-  }
+  return state;
 }
 
 std::size_t bytesBeside(const ShowState& state, const ShowState& other) {

@@ -3,7 +3,6 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -57,26 +56,8 @@ struct ShowState {
 /// The state of the show now. It shares with `last` whatever has not changed since.
 ShowState stateOf(const Plugin& plugin, const CueList& cues, const ShowState& last = {});
 
-/// What the effects that play have written into their own records since a state. Nobody chose it,
-/// so it belongs to all states with these records, and no step takes it back.
-class PlayedRecords {
- public:
-  PlayedRecords(const Plugin& plugin, const ShowState& last);
-
-  bool any() const { return records_[0].now || records_[1].now; }
-  void putInto(ShowState& state);
-
- private:
-  struct Record {
-    std::size_t slot = 0;
-    std::shared_ptr<const Effect> before, now;  // none: it is as it was
-    std::int16_t chosenFadeMode = 0;
-  };
-  using DeckPointer = std::shared_ptr<const DeckState>;
-
-  std::array<Record, 2> records_;                // by deck
-  std::map<DeckPointer, DeckPointer> replaced_;  // states share what has not changed
-};
+/// The same state, but with the records of the effects that play as these are now.
+ShowState withPlaying(const Plugin& plugin, const ShowState& last);
 
 /// Bytes of memory that a state takes beside another one.
 std::size_t bytesBeside(const ShowState& state, const ShowState& other);
