@@ -20,6 +20,7 @@ namespace korvane {
 namespace {
 
 constexpr int kKills = 100;
+constexpr useconds_t kLatestKill = 120'000;  // microseconds: some rounds on a slow machine too
 constexpr int kCues = 30;
 constexpr int kQuietTime = 4000;  // ms, enough for a desk to keep its project aside
 
@@ -132,7 +133,7 @@ TEST_F(CuesCrash, AfterEachOfAHundredKillsTheProjectIsOfferedWholeAndItsCuesRun)
   std::set<std::string> found;
   for (int kill = 0; kill < kKills; ++kill) {
     SCOPED_TRACE(kill);
-    killWhileRunning(std::uniform_int_distribution<useconds_t>(0, 60000)(random));
+    killWhileRunning(std::uniform_int_distribution<useconds_t>(0, kLatestKill)(random));
     if (HasFatalFailure()) return;
     cut += removeUnfinished();
     DeskThere next(folder);
@@ -155,8 +156,7 @@ TEST_F(CuesCrash, AfterEachOfAHundredKillsTheProjectIsOfferedWholeAndItsCuesRun)
   }
   std::cout << kKills << " kills: " << cut << " hit a write, " << found.size()
             << " different rounds were offered\n";
-  // How many rounds fit into the time before a kill is the machine's.
-  EXPECT_GT(found.size(), 1U);
+  EXPECT_GT(found.size(), 5U);
 }
 
 }  // namespace
