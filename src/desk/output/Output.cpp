@@ -68,10 +68,9 @@ void Output::switchOn() {
   leaving_ = false;
   figures_ = {};
   figures_.concern = rival();
-  thread_ = std::thread(
-      [this, carrier = makeCarrier(config_, identity_, network_), picture = newest_]() mutable {
-        run(Sender(config_, std::move(carrier), std::move(picture)));
-      });
+  // The thread has settings of its own from the start: these may change before it runs.
+  Sender sender(config_, makeCarrier(config_, identity_, network_), newest_);
+  thread_ = std::thread([this, own = std::move(sender)]() mutable { run(std::move(own)); });
 }
 
 void Output::beginEnd(std::optional<AtEnd> how) {

@@ -189,6 +189,22 @@ TEST(Outputs, SwitchedAThousandTimesWhilePlaying) {
   }
 }
 
+TEST(Outputs, OtherSettingsJustAfterItIsSwitchedOnHoldForTheNextStreamAlone) {
+  const Receiver first, second;
+  Outputs outputs("korvane-test-just-after");
+  const OutputConfig few = parseOutput("sacn:1" + first.place());
+  const OutputConfig many = parseOutput("sacn:1-16" + second.place());
+  Output& output = outputs.add(few);
+  for (int round = 0; round < 50; ++round) {
+    output.switchOn();
+    output.configure(many);
+    output.switchOff();
+    output.configure(few);
+    for (auto packet = first.packet(false); !packet.empty(); packet = first.packet(false))
+      EXPECT_EQ(packet.at(114), 1) << "the stream that ended kept its universe";
+  }
+}
+
 TEST(Outputs, AllEndTogetherInATenthOfASecondOrSo) {
   const Receiver receiver;
   Outputs outputs("korvane-test-together");
