@@ -152,7 +152,7 @@ TEST_F(PictureBoxes, DrawTheOverlayOverThePixelsAndTakeItAway) {
 TEST_F(PictureBoxes, RepaintOnlyWhatHasChanged) {
   QWidget& widget = on<>(grown);
   ASSERT_TRUE(standsOnTheScreen(grown));
-  QCoreApplication::processEvents();  // nothing is left to be painted
+  ASSERT_TRUE(paintsWhatIsWaiting());
   PaintLog log;
   widget.installEventFilter(&log);
   grown.fillRect(20, 10, 29, 19, rgb(9, 9, 9));
@@ -166,6 +166,7 @@ TEST_F(PictureBoxes, RepaintOnlyWhatHasChanged) {
 
 TEST_F(PictureBoxes, PaintThousandsOfChangedCellsAtOnce) {
   ASSERT_TRUE(standsOnTheScreen(grown));
+  ASSERT_TRUE(paintsWhatIsWaiting());
   PaintLog log;
   on<>(grown).installEventFilter(&log);
   paintCells(grown, 1);
