@@ -95,7 +95,7 @@ function(korvane_test_headers name suffix)
 endfunction()
 
 # Properties of tests that take long: they begin first, so that none is waited for at the end. Those on
-# the network would get each other's packets.
+# the network take turns: programs of one name on one machine count their packets together.
 set(slow_test LABELS slow TIMEOUT 900 COST 100)
 set(network_test RESOURCE_LOCK network SKIP_RETURN_CODE 77 TIMEOUT 180 COST 50)
 
