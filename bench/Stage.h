@@ -24,7 +24,7 @@ class CountingHost : public Host {
 };
 
 /// Gives the grid a square size, channels counted up over as many universes as it needs, and
-/// previews fitted to it.
+/// previews fitted to it and drawn, as those of a window are.
 inline void wire(Engine& engine, int side) {
   Variablen& v = engine.v;
   v.matrixCols = v.matrixRows = static_cast<std::int16_t>(side);
@@ -32,6 +32,8 @@ inline void wire(Engine& engine, int side) {
   v.matrix.countChannelsUp(1, Matrix::Order::ColumnByColumn);
   for (PictureBox* box : {&v.A.picture, &v.B.picture, &engine.master.picture})
     set_matrix_values(engine, *box);
+  for (Deck* deck : {&v.A, &v.B}) drawMatrix(engine, *deck);
+  drawMatrixM(engine);
 }
 
 /// A square grid with output on, both decks of one type, and the fader in the middle.

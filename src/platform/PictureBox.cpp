@@ -48,36 +48,16 @@ void PictureBox::draw(Squares squares) {
     squares_ = std::move(squares);
     settled_ = false;
   }
+  tellSquares(others, 0, 0, width() - 1, height() - 1);
+}
+
+// A view that draws squares itself need not hear of those that stay as they are.
+void PictureBox::tellSquares(bool others, int x1, int y1, int x2, int y2) {
   if (!onSquares) {
-    touched();
+    invalidate(x1, y1, x2, y2);
   } else if (others) {
-    onSquares(0, 0, width() - 1, height() - 1);
+    onSquares(x1, y1, x2, y2);
   }
-}
-
-void PictureBox::draw(std::size_t index, int toRight, int toBottom, const Squares::Square& square) {
-  if (blank_) return;
-  const auto [x, y, color] = square;
-  if (!isSquare(index, toRight, toBottom, square)) {
-    fillRect(x, y, x + toRight, y + toBottom, color);
-    return;
-  }
-  const bool other = std::exchange(squares_.list[index].color, color) != color;
-  if (other) settled_ = false;
-  if (!onSquares) {
-    invalidate(x, y, x + toRight, y + toBottom);
-  } else if (other) {
-    onSquares(x, y, x + toRight, y + toBottom);
-  }
-}
-
-// Squares that lie over each other, as those of a pixel do, are none that can be drawn by
-// themselves.
-bool PictureBox::isSquare(std::size_t index, int toRight, int toBottom,
-                          const Squares::Square& square) const {
-  return toRight >= 0 && toBottom >= 0 && toRight == squares_.toRight &&
-         toBottom == squares_.toBottom && index < squares_.list.size() &&
-         squares_.list[index].x == square.x && squares_.list[index].y == square.y;
 }
 
 void PictureBox::settle() const {

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/Control.h"
@@ -61,7 +62,17 @@ class PictureBox : public Control {
   /// second is looked at twenty times, or by nobody.
   void draw(Squares squares);
   /// Draws one of them anew; any other square is drawn as fillRect() does.
-  void draw(std::size_t index, int toRight, int toBottom, const Squares::Square& square);
+  void draw(std::size_t index, int toRight, int toBottom, const Squares::Square& square) {
+    if (blank_) return;
+    const auto [x, y, color] = square;
+    if (!isSquare(index, toRight, toBottom, square)) {
+      fillRect(x, y, x + toRight, y + toBottom, color);
+      return;
+    }
+    const bool other = std::exchange(squares_.list[index].color, color) != color;
+    if (other) settled_ = false;
+    if (onSquares || onPixels) tellSquares(other, x, y, x + toRight, y + toBottom);
+  }
   /// What draw() drew last; none if something else has been drawn since.
   const Squares& squares() const { return squares_; }
   /// The raster, to be drawn on; call touched() when it is done.
@@ -106,7 +117,14 @@ class PictureBox : public Control {
  private:
   void settle() const;
   void endSquares();
-  bool isSquare(std::size_t index, int toRight, int toBottom, const Squares::Square& square) const;
+  // Squares that lie over each other, as those of a pixel do, are none that can be drawn by
+  // themselves.
+  bool isSquare(std::size_t index, int toRight, int toBottom, const Squares::Square& square) const {
+    return toRight >= 0 && toBottom >= 0 && toRight == squares_.toRight &&
+           toBottom == squares_.toBottom && index < squares_.list.size() &&
+           squares_.list[index].x == square.x && squares_.list[index].y == square.y;
+  }
+  void tellSquares(bool others, int x1, int y1, int x2, int y2);
   void invalidate(int x1, int y1, int x2, int y2);
   void invalidateOverlay();
 
