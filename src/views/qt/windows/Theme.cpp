@@ -82,6 +82,7 @@ QLineEdit, QPlainTextEdit, QSpinBox {
   selection-background-color: {accent}; selection-color: {onAccent};
 }
 QLineEdit:focus, QPlainTextEdit:focus, QSpinBox:focus { border: 2px solid {accent}; padding: 5px 7px; }
+QLineEdit:disabled, QPlainTextEdit:disabled, QSpinBox:disabled { color: {disabled}; }
 QSpinBox QLineEdit, QSpinBox QLineEdit:focus { border: none; padding: 0; }
 QTreeView QLineEdit { padding: 0 4px; border-radius: 0; }
 

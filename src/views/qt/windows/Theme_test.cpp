@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QLineEdit>
+
 #include "views/qt/kinds/Painting.h"
 
 namespace korvane::qt {
@@ -23,6 +25,18 @@ TEST(Theme, EveryTextCanBeReadInLightAndInDark) {
     EXPECT_GE(between(colors.accent, colors.window), kVisible);
     EXPECT_GE(between(colors.window, colors.live), kReadable);
   }
+}
+
+TEST(Theme, AFieldThatTakesNothingIsWrittenPale) {
+  for (const Shade shade : {Shade::Dark, Shade::Light}) {
+    applyTheme(*qApp, shade);
+    QLineEdit field("44");
+    field.show();
+    EXPECT_EQ(field.palette().color(QPalette::Text), QColor(theme::colors(shade).text));
+    field.setEnabled(false);
+    EXPECT_EQ(field.palette().color(QPalette::Text), QColor(theme::colors(shade).disabled));
+  }
+  applyTheme(*qApp);
 }
 
 TEST(Theme, OpenWindowsFollow) {
