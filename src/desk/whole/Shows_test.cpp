@@ -63,18 +63,18 @@ TEST_F(Shows, AShowPlaysAlikeWhateverWasThereBefore) {
       cells.insert(cells.end(), frame->data(), frame->data() + frame->span());
     return cells;
   };
-  for (std::size_t i = 0; i < examples.size(); ++i) {
+  for (const Example& example : examples) {
     PicturePlatform freshMachine;
     LampFeed off("korvane-tests");
     Desk fresh(freshMachine, off, {folder + "fresh"});
     fresh.show();
-    const auto expected = play(fresh, freshMachine, examples[i].path);
-    for (std::size_t before = 0; before < examples.size(); ++before) {
-      SCOPED_TRACE(examples[i].title + " after " + examples[before].title);
-      desk.session.open(examples[before].path);
+    const auto expected = play(fresh, freshMachine, example.path);
+    for (const Example& before : examples) {
+      SCOPED_TRACE(example.title + " after " + before.title);
+      desk.session.open(before.path);
       click(plugin.engine.master.AutoFadeB);
       advance(700);
-      EXPECT_TRUE(play(desk, machine, examples[i].path) == expected);
+      EXPECT_TRUE(play(desk, machine, example.path) == expected);
     }
   }
 }

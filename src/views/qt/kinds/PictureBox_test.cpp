@@ -191,15 +191,18 @@ TEST_F(PictureBoxes, ShowTheLampsOfAGridInWhateverOrderTheyAreDrawnWithTheRest) 
   const std::function<void(int)> drawn[] = {
       [this](int turn) { grown.draw(lamps(10, turn)); },
       [this](int turn) { grown.draw(lamps(7, turn)); },
-      [this](int turn) { grown.draw(turn, 8, 8, lamps(10, 2 * turn).list.at(turn)); },
+      [this](int turn) {
+        const auto lamp = static_cast<std::size_t>(turn);
+        grown.draw(lamp, 8, 8, lamps(10, 2 * turn).list.at(lamp));
+      },
       [this](int turn) { grown.fillRect(turn, 5, 2 * turn, 60, rgb(turn, 0, turn)); },
       [this](int) { grown.clear(); },
       [this](int turn) { grown.canvas().setPixel(turn % 50, 3, rgb(9, turn, 9)), grown.touched(); },
       [this](int) { grown.setRaster(Raster(grown.width(), grown.height(), rgb(5, 6, 7))); }};
   std::mt19937 random(7);
-  const auto upTo = [&random](int most) { return static_cast<int>(random() % (most + 1U)); };
+  const auto upTo = [&random](std::size_t most) { return random() % (most + 1); };
   for (int turn = 0; turn < 60; ++turn) {
-    for (int i = upTo(3); i >= 0; --i) drawn[upTo(6) * upTo(1)](turn);
+    for (std::size_t more = upTo(3) + 1; more > 0; --more) drawn[upTo(6) * upTo(1)](turn);
     ASSERT_TRUE(standsOnTheScreen(grown)) << "turn " << turn;
   }
 }
