@@ -16,7 +16,7 @@ struct Endpoint {
   std::uint32_t address = 0;  ///< As a number: 127.0.0.1 is 0x7f000001.
   int port = 0;
 
-  auto operator<=>(const Endpoint&) const = default;
+  auto operator<=>(const Endpoint&) const = default;  // NOLINT(modernize-use-nullptr): no pointer
 };
 
 /// The address that a text such as "192.168.1.20" means; nothing for others.

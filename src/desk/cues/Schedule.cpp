@@ -7,8 +7,8 @@
 namespace korvane {
 namespace {
 
-constexpr std::int64_t kMinute = 60;              // seconds
-constexpr std::int64_t kLargestShift = 4 * 3600;  // more than any clock is ever changed by
+constexpr std::int64_t kMinute = 60;                   // seconds
+constexpr std::int64_t kLargestShift = 240 * kMinute;  // more than any clock is ever changed by
 
 std::tm localTime(std::int64_t seconds) {
   const auto moment = static_cast<std::time_t>(seconds);

@@ -62,7 +62,7 @@ void ArtnetCarrier::forget(TimePoint now) {
 }
 
 std::string ArtnetCarrier::concern() const {
-  const std::string others = UdpCarrier::concern();
+  std::string others = UdpCarrier::concern();
   if (!others.empty() || !config_.toNodes || !polled_) return others;
   std::string missing;
   for (const Route& route : config_.routes) {

@@ -12,7 +12,7 @@ constexpr int kMostCopies = 100;
 /// The name of the first copy of the program that does not run yet: "korvane", "korvane 2", ...
 std::string claimCopy(std::string_view program, Claim& claim) {
   for (int copy = 1;; ++copy) {
-    const std::string name = std::string(program) + (copy == 1 ? "" : " " + std::to_string(copy));
+    std::string name = std::string(program) + (copy == 1 ? "" : " " + std::to_string(copy));
     claim = Claim("sender/" + std::to_string(getuid()) + "/" + name);
     if (claim.held() || claim.holder().empty() || copy == kMostCopies) return name;
   }

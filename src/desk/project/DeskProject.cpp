@@ -163,8 +163,7 @@ void DeskProject::save(const std::string& path) {
 std::string showOfProject(const std::string& path, Disk& disk) {
   for (const char* ending : {kDeskProjectEnding, kGridEnding}) {
     if (!path.ends_with(ending)) continue;
-    const std::string show =
-        path.substr(0, path.size() - std::string_view(ending).size()) + kShowEnding;
+    std::string show = path.substr(0, path.size() - std::string_view(ending).size()) + kShowEnding;
     if (fileExists(show, disk) || ending != kDeskProjectEnding) return show;
     std::string named;
     DeskProject project(disk);

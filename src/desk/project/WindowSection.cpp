@@ -37,7 +37,7 @@ void readOpen(const Member& member, Desktop& desktop, Form& window) {
 
 }  // namespace
 
-Section windowSection(Desktop& desktop, std::vector<Form*> windows) {
+Section windowSection(Desktop& desktop, const std::vector<Form*>& windows) {
   const auto write = [windows] {
     Json json = Json::object();
     for (const Form* window : windows) json[window->name()] = toJson(*window);

@@ -9,6 +9,6 @@ namespace korvane {
 
 /// The member "windows" of a desk's project: where these windows stand and which of them are open.
 /// The first one is the program's own: it stays open, and in front.
-Section windowSection(Desktop& desktop, std::vector<Form*> windows);
+Section windowSection(Desktop& desktop, const std::vector<Form*>& windows);
 
 }  // namespace korvane

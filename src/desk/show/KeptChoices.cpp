@@ -31,7 +31,8 @@ void KeptChoices::set(const std::string& name, const std::string& words) {
     replaceTextFile(
         file_,
         [this](TextWriter& writer) {
-          for (const auto& [key, text] : words_) writer.writeLine(key + " " + text);
+          for (const auto& [key, text] : words_)
+            writer.writeLine(std::string(key).append(" ").append(text));
         },
         [](const std::string&) { return false; }, disk_);
   } catch (const std::exception&) {

@@ -72,7 +72,7 @@ std::optional<StepName> nameOfCueStep(const CueList& before, const CueList& afte
   if (is.size() < was.size() && !removed.empty())
     return StepName{"removed " + counted(removed), "cues-"};
   if (is.size() != was.size()) return StepName{"cues", "cues"};
-  if (const auto name = nameOfChange(was, is)) return name;
+  if (auto name = nameOfChange(was, is)) return name;
   const bool options =
       before.loop != after.loop || before.random != after.random || before.guard != after.guard;
   return options ? std::optional(StepName{"options of the cues", "cues'"}) : std::nullopt;
