@@ -33,7 +33,7 @@ std::optional<std::string> bareKey(const std::string& text) {
     return lowerCase(std::string(name)) == lowerCase(text);
   });
   if (named != std::end(kNamedKeys)) return std::string(*named);
-  if (const auto function = functionKey(text)) return function;
+  if (auto function = functionKey(text)) return function;
   const unsigned char first = text.empty() ? '\0' : static_cast<unsigned char>(text.front());
   if (text.size() == 1)
     return std::isgraph(first) != 0

@@ -42,6 +42,7 @@ TestPanel::TestPanel(TimerQueue& timers)
   what.setItems({"one channel", "one lamp", "a row", "a column", "a universe", "the whole wall"});
   light.setItems({"white", "red", "green", "blue", "in turn"});
   std::vector<std::string> paces;
+  paces.reserve(std::size(kPaces));
   for (const Pace& each : kPaces) paces.emplace_back(each.name);
   pace.setItems(paces);
   pace.setIndex(kFirstPace);

@@ -57,7 +57,7 @@ struct LampAt {
   int col = 0;
   int row = 0;
 
-  auto operator<=>(const LampAt&) const = default;
+  auto operator<=>(const LampAt&) const = default;  // NOLINT(modernize-use-nullptr): no pointer
 };
 
 /// A channel of the wall: universe 1 - 16, channel 1 - 512.
@@ -65,7 +65,7 @@ struct WallChannel {
   int universe = 1;
   int channel = 1;
 
-  auto operator<=>(const WallChannel&) const = default;
+  auto operator<=>(const WallChannel&) const = default;  // NOLINT(modernize-use-nullptr): none
 };
 
 /// The channel of a code; nothing for a code that is none of the wall's, below 1 or above 8192.

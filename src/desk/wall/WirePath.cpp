@@ -1,14 +1,15 @@
 #include "desk/wall/WirePath.h"
 
 #include <algorithm>
+#include <numeric>
 
 namespace korvane {
 namespace {
 
 // The numbers 0 to count - 1, from the far end if wanted.
 std::vector<int> steps(int count, bool back) {
-  std::vector<int> all;
-  for (int i = 0; i < count; ++i) all.push_back(i);
+  std::vector<int> all(static_cast<std::size_t>(std::max(count, 0)));
+  std::iota(all.begin(), all.end(), 0);
   if (back) std::reverse(all.begin(), all.end());
   return all;
 }

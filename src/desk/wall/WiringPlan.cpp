@@ -116,7 +116,7 @@ int WiringPlan::wallRows() const {
 
 std::string faultOf(const WiringPlan& plan) {
   if (plan.panels) {
-    const std::string fault = faultOf(*plan.panels);
+    std::string fault = faultOf(*plan.panels);
     if (!fault.empty()) return fault;
   }
   if (outside(plan.wallCols(), 1, kMostSideOfWall) || outside(plan.wallRows(), 1, kMostSideOfWall))

@@ -38,6 +38,7 @@ void CuesForm::removeCues(std::vector<int> rows) {
 
 void CuesForm::copyCues(const std::vector<int>& rows, int before) {
   std::vector<Cue> copies;
+  copies.reserve(rows.size());
   for (const int cue : rows) copies.push_back(run_.list.at(cue));
   for (Cue& copy : copies) insert(before++, std::move(copy));
 }
@@ -45,9 +46,10 @@ void CuesForm::copyCues(const std::vector<int>& rows, int before) {
 void CuesForm::moveCue(int from, int to) {
   const int by = from < to ? 1 : -1;
   for (int at = from; at != to; at += by) {
+    const int other = at + by;
     std::swap(run_.list.cues[static_cast<std::size_t>(at)],
-              run_.list.cues[static_cast<std::size_t>(at + by)]);
-    run_.cues.exchanged(at, at + by);
+              run_.list.cues[static_cast<std::size_t>(other)]);
+    run_.cues.exchanged(at, other);
   }
 }
 

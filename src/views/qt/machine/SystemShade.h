@@ -26,7 +26,7 @@ class SystemShade : public QObject {
  private Q_SLOTS:
   void settingChanged(const QDBusMessage& signal);
 
- private:
+ private:  // NOLINT(readability-redundant-access-specifiers): no slots
   void take(const QVariant& value);
 
   QDBusConnection bus_;
