@@ -24,7 +24,7 @@ class Sink : private std::stringbuf, public std::ostream {
  public:
   explicit Sink(std::function<bool(std::string_view)> take)
       : std::ostream(static_cast<std::stringbuf*>(this)), take_(std::move(take)) {}
-  ~Sink() override { sync(); }
+  ~Sink() override { Sink::sync(); }
   Sink(const Sink&) = delete;
   Sink& operator=(const Sink&) = delete;
 
