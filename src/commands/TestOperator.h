@@ -55,7 +55,7 @@ class RandomOperator {
         perform(action);
         if (!session.asked.empty()) asks_[name] = session.asked.back();
         ++tally.actions;
-        tally.done += session.reply["ok"] == true ? 1 : 0;
+        tally.done += session.reply["ok"] == Json(true) ? 1 : 0;
       }
     } catch (const ShowLost& failure) {
       lost = failure.what();

@@ -84,8 +84,8 @@ class TestShow : public TestPlugin {
   }
   /// What is seen: the deck's effect, or both while the fader is on its way.
   std::string seen() {
-    const std::string left = v.A.efxList.cell(v.A.efxList.current(), 0);
-    const std::string right = v.B.efxList.cell(v.B.efxList.current(), 0);
+    std::string left = v.A.efxList.cell(v.A.efxList.current(), 0);
+    std::string right = v.B.efxList.cell(v.B.efxList.current(), 0);
     const int fader = master.faderM.value();
     if (fader == -100) return left;
     return fader == 100 ? right : left + "+" + right;

@@ -25,8 +25,8 @@ struct DdpDisplay {
     EXPECT_EQ(packet[2], 0x0b) << "RGB, 8 bits";
     EXPECT_EQ(packet[3], 1) << "the display";
     const std::size_t offset =
-        static_cast<std::size_t>(packet[4]) << 24 | packet[5] << 16 | packet[6] << 8 | packet[7];
-    const std::size_t length = static_cast<std::size_t>(packet[8]) << 8 | packet[9];
+        (packet[4] * 256U + packet[5]) * 65536U + packet[6] * 256U + packet[7];
+    const std::size_t length = packet[8] * 256U + packet[9];
     ASSERT_EQ(packet.size(), 10 + length);
     ASSERT_LE(length, 1440U);
     memory.resize(std::max(memory.size(), offset + length));

@@ -11,7 +11,6 @@ namespace {
 using namespace std::chrono_literals;
 using std::chrono::milliseconds;
 using testing::ElementsAre;
-using testing::HasSubstr;
 using testing::IsEmpty;
 
 TEST_F(Senders, APictureComesAtOnceThenThreeRepeatsThenKeepAlives) {

@@ -154,7 +154,7 @@ TEST_F(TestDesk, AnOpenDialogBelongsToItsRow) {
       pick(deck->efxList, row);
       event([&] { deck->type.setIndex(type); });
       click(panel.edit);
-      EffectDialog& dialog = *plugin.dialogs.byType.at(type);
+      EffectDialog& dialog = *plugin.dialogs.byType.at(static_cast<std::size_t>(type));
       event([&] { dialog.myName.setText("mine"); });
       pick(deck->efxList, 0);
       EXPECT_FALSE(dialog.visible());

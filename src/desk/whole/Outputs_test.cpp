@@ -80,11 +80,12 @@ TEST_F(TestDesk, OutputsAreAddedSwitchedAndRemovedWhileTheShowRuns) {
 }
 
 TEST_F(TestDesk, EverySettingOfAnOutputIsShownAndTaken) {
-  for (const char* text : {"sacn:3=101+5-6=7-8@127.0.0.1:7000%lo,rate=30,priority=7,source=Left%2C "
-                           "wall,sync=9,end=hold,"
-                           "gamma=2.2,smooth=on,balance=100/90/80,name=A 100 %25",
-                           "artnet:0-3@nodes,sync=on,end=release", "artnet:4@10.0.0.1",
-                           "ddp@10.0.0.2:99,rate=20", "ola:1-2", "ola:0@10.0.0.9"}) {
+  for (const char* text :
+       {("sacn:3=101+5-6=7-8@127.0.0.1:7000%lo,rate=30,priority=7,source=Left%2C "
+         "wall,sync=9,end=hold,"
+         "gamma=2.2,smooth=on,balance=100/90/80,name=A 100 %25"),
+        "artnet:0-3@nodes,sync=on,end=release", "artnet:4@10.0.0.1", "ddp@10.0.0.2:99,rate=20",
+        "ola:1-2", "ola:0@10.0.0.9"}) {
     SCOPED_TRACE(text);
     OutputConfig config = parseOutput(text);
     config.name += ", %2C";
