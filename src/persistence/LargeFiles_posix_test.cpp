@@ -15,7 +15,7 @@ class LargeFiles : public TestProject {
  protected:
   /// A file of these bytes, as long as told; what is behind them takes no room on the disk.
   std::string sparse(const std::string& bytes, std::uintmax_t size) {
-    const std::string file = folder + "/large.Korvane";
+    std::string file = folder + "/large.Korvane";
     writeFile(file, bytes);
     std::filesystem::resize_file(file, size);
     return file;

@@ -19,7 +19,7 @@ class SimulatedClock : public Clock {
     now_ = std::max(now_, time);
   }
   std::int64_t timeOfDay() override {
-    constexpr std::int64_t kDay = 24 * 60 * 60 * 1000;
+    constexpr std::int64_t kDay = std::int64_t{24} * 60 * 60 * 1000;
     const std::int64_t time = (milliseconds() + jumped) % kDay;
     return time < 0 ? time + kDay : time;
   }

@@ -103,7 +103,8 @@ class Night {
   /// All that was done, what came of it, and what stands on the disk in the end.
   std::string record() const {
     std::string all = log_ + std::to_string(machine_.digest);
-    for (const auto& [path, bytes] : machine_.disk.files()) all += "\n" + path + "\n" + bytes;
+    for (const auto& [path, bytes] : machine_.disk.files())
+      all.append("\n").append(path).append("\n").append(bytes);
     return all;
   }
   /// The last of what was done.

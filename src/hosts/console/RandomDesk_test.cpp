@@ -22,7 +22,7 @@ struct DeskConsole {
   }
   Json answer(const std::string& line) {
     if (line.find(" DeskOutput.") != std::string::npos) return {};
-    const Json reply = Json::parse(interpreter.answer(line).value_or("{}"));
+    Json reply = Json::parse(interpreter.answer(line).value_or("{}"));
     desk.refresh();
     checkKept();
     return reply;

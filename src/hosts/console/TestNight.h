@@ -122,7 +122,7 @@ class Evening {
   Json perform(const std::string& line) {
     calls_.clear();
     event([] {});  // what has become due meanwhile comes before the person's command
-    const Json reply = Json::parse(interpreter_.answer(line).value_or("{}"));
+    Json reply = Json::parse(interpreter_.answer(line).value_or("{}"));
     event([] {});
     return reply;
   }

@@ -6,7 +6,6 @@
 #include <array>
 #include <chrono>
 #include <cstdlib>
-#include <cstring>
 #include <filesystem>
 #include <fstream>
 
@@ -18,7 +17,6 @@ namespace korvane {
 namespace {
 
 using testing::HasSubstr;
-using testing::IsEmpty;
 using testing::Not;
 using testing::StartsWith;
 
@@ -82,10 +80,7 @@ class OnATerminal : public testing::Test {
     ASSERT_TRUE(terminal.shows("▀")) << terminal.screen;
     EXPECT_TRUE(terminal.raw());
   }
-  void expectSettingsBack() {
-    const termios now = terminal.settings();
-    EXPECT_EQ(std::memcmp(&now, &before, sizeof now), 0);
-  }
+  void expectSettingsBack() { EXPECT_TRUE(sameSettings(terminal.settings(), before)); }
   void expectEndedAsIfNothingHadBeen() {
     expectSettingsBack();
     EXPECT_TRUE(terminal.shows(kScreenBack));
@@ -154,8 +149,7 @@ TEST_F(OnATerminal, SigtermAndSighupEndThePlayAndTheTerminalIsAsBefore) {
     ASSERT_TRUE(own.shows("▀"));
     own.signal(signal);
     EXPECT_EQ(own.status(), 0);
-    const termios now = own.settings();
-    EXPECT_EQ(std::memcmp(&now, &before, sizeof now), 0);
+    EXPECT_TRUE(sameSettings(own.settings(), before));
     EXPECT_TRUE(own.shows(kScreenBack));
     their.take();
     EXPECT_EQ(their.terminated, 3);
@@ -173,8 +167,7 @@ TEST_F(OnATerminal, ACrashPutsTheTerminalBack) {
     own.signal(signal);
     const int status = own.status();
     EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == signal) << status;
-    const termios now = own.settings();
-    EXPECT_EQ(std::memcmp(&now, &before, sizeof now), 0);
+    EXPECT_TRUE(sameSettings(own.settings(), before));
     EXPECT_TRUE(own.shows(kScreenBack));
   }
 }

@@ -8,14 +8,25 @@
 #include <termios.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <chrono>
 #include <csignal>
 #include <functional>
 #include <stdexcept>
 #include <string>
+#include <tuple>
 #include <vector>
 
 namespace korvane {
+
+/// Whether two terminals are set alike in everything.
+inline bool sameSettings(const termios& one, const termios& other) {
+  const auto all = [](const termios& of) {
+    return std::tie(of.c_iflag, of.c_oflag, of.c_cflag, of.c_lflag, of.c_line, of.c_ispeed,
+                    of.c_ospeed);
+  };
+  return all(one) == all(other) && std::ranges::equal(one.c_cc, other.c_cc);
+}
 
 /// A terminal of our own for tests, with a leader that owns it as a shell does, and a program in a
 /// group of its own, in the foreground or in the background.

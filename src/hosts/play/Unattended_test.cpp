@@ -97,7 +97,7 @@ TEST_F(Unattended, AGifHasTheShowsLengthAndTheLampsColours) {
     for (int col = 0; col < kCols; ++col) {
       const int pixel = (row * cell + cell / 3) * gif->SWidth + col * cell + cell / 3;
       const GifColorType& color = image.ImageDesc.ColorMap->Colors[image.RasterBits[pixel]];
-      const auto at = static_cast<std::size_t>((row * kCols + col) * 3);
+      const auto at = static_cast<std::size_t>(row * kCols + col) * 3;
       EXPECT_EQ(color.Red, static_cast<unsigned char>(raw[at])) << col << ", " << row;
       EXPECT_EQ(color.Blue, static_cast<unsigned char>(raw[at + 2])) << col << ", " << row;
     }
