@@ -82,7 +82,7 @@ inline FakeObject::Answer integer(LONG value) {
   };
 }
 
-inline FakeObject::Answer text(std::wstring value) {
+inline FakeObject::Answer text(const std::wstring& value) {
   return [=](DISPPARAMS&, VARIANT* result, EXCEPINFO*) {
     result->vt = VT_BSTR;
     result->bstrVal = SysAllocString(value.data());
@@ -101,7 +101,7 @@ inline FakeObject::Answer object(FakeObject* value) {
 }
 
 /// An error that the desk raised itself.
-inline FakeObject::Answer raise(std::wstring description) {
+inline FakeObject::Answer raise(const std::wstring& description) {
   return [=](DISPPARAMS&, VARIANT*, EXCEPINFO* exception) {
     exception->bstrDescription = SysAllocString(description.data());
     exception->bstrSource = SysAllocString(L"the desk");

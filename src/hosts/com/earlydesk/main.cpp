@@ -137,7 +137,7 @@ class EarlyDesk {
     std::string all;
     for (const std::string& call : desk_.calls) all += (all.empty() ? "" : ",") + shown(call);
     desk_.calls.clear();
-    const std::string got = R"({"ok":true,"calls":[)" + all + "]}";
+    std::string got = R"({"ok":true,"calls":[)" + all + "]}";
     require(got == run(line), "Run tells other calls than the desk got");
     return got;
   }
