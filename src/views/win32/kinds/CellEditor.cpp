@@ -50,7 +50,6 @@ LRESULT CALLBACK CellEditor::procedure(HWND window, UINT message, WPARAM w, LPAR
                                        DWORD_PTR editor) {
   if (message == WM_GETDLGCODE) return DLGC_WANTALLKEYS | DLGC_HASSETSEL;
   try {
-    // NOLINTNEXTLINE(performance-no-int-to-ptr): the system knows what it carries as a number
     if (reinterpret_cast<CellEditor*>(editor)->message(message, w)) return 0;
   } catch (...) {  // nothing is left to tell it with, and it must not reach the message loop
   }

@@ -25,7 +25,6 @@ class GroupWidget : public Widget {
     if (message != WM_ERASEBKGND) return notified(message, w, l);
     RECT area;
     GetClientRect(window(), &area);
-    // NOLINTNEXTLINE(performance-no-int-to-ptr): the system hands a handle over as a number
     FillRect(reinterpret_cast<HDC>(w), &area, GetSysColorBrush(COLOR_BTNFACE));
     return 1;
   }

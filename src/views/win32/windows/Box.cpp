@@ -134,6 +134,7 @@ void LineBox::place(const RECT& place) {
   const std::vector<Box*> boxes = shown();
   if (boxes.empty()) return;
   std::vector<Share> along;
+  along.reserve(boxes.size());
   for (const Box* child : boxes) along.push_back(shareOf(child->wish(), child->stretch, upright_));
   const int gap = scale_.px(kGap);
   const LONG room = upright_ ? place.bottom - place.top : place.right - place.left;
